@@ -1,0 +1,27 @@
+#include "driver/load_schedule.hpp"
+
+#include "driver/report_error.hpp"
+#include "schedule/repair.hpp"
+#include "schedule/run_options.hpp"
+#include "schedule/schedule_reader.hpp"
+#include "schedule/unit_times.hpp"
+
+void load_schedule(Schedule& schedule) {
+  const char* path = run_options.schedule_path.c_str();
+  if (!read_schedule_file(schedule, path)) {
+    report_errorf("Unable to open schedule file %s", path);
+  }
+  remove_reversed_items(schedule);
+  if (!fix_schedule_file(schedule)) {
+    report_error("Somehow, fixing up the schedule file failed");
+  }
+  remove_reversed_items(schedule);
+  if (!patch_schedule_default_items(schedule)) {
+    report_error("Somehow, patching default items into the schedule failed");
+  }
+  remove_reversed_items(schedule);
+  if (!compute_unit_times(schedule, static_cast<time_t>(run_options.report_time))) {
+    report_error("Somehow, unable to compute schedule unit times");
+  }
+  remove_reversed_items(schedule);
+}

@@ -1,0 +1,117 @@
+#include "driver/locate_schedule.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "driver/report_error.hpp"
+#include "platform/line_reader.hpp"
+#include "platform/text.hpp"
+#include "schedule/run_options.hpp"
+
+namespace {
+
+constexpr const char* rendermgr_directory = "/mnt/main/tv/rendermgr/";
+constexpr size_t longest_rendermgr_line = 1023;
+
+enum class FileState { regular, not_a_file, missing };
+
+/// What lies at a path, links not followed; errno is set when nothing can be seen there.
+FileState look_at(const std::string& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) {
+    return FileState::missing;
+  }
+  return S_ISREG(status.st_mode) ? FileState::regular : FileState::not_a_file;
+}
+
+void check_given_schedule(const std::string& path) {
+  switch (look_at(path)) {
+    case FileState::missing:
+      report_errorf("Schedule file %s, cannot %s", path.c_str(), std::strerror(errno));
+    case FileState::not_a_file:
+      report_errorf("Schedule file %s, is not a file", path.c_str());
+    case FileState::regular:
+      break;
+  }
+}
+
+void check_rendermgr(const std::string& path) {
+  switch (look_at(path)) {
+    case FileState::missing:
+      report_errorf("Rendermgr file %s, cannot stat, %s", path.c_str(), std::strerror(errno));
+    case FileState::not_a_file:
+      report_errorf("Rendermgr file %s, is not a file", path.c_str());
+    case FileState::regular:
+      break;
+  }
+}
+
+/// The last look before reading, at whatever path was settled. It speaks to standard error alone,
+/// also in CGI mode.
+bool check_located_schedule(const std::string& path) {
+  switch (look_at(path)) {
+    case FileState::missing:
+      std::fprintf(stderr, "Schedule file %s, cannot %s\n", path.c_str(), std::strerror(errno));
+      return false;
+    case FileState::not_a_file:
+      std::fprintf(stderr, "Schedule file %s, is not a file\n", path.c_str());
+      return false;
+    case FileState::regular:
+      break;
+  }
+  return true;
+}
+
+/// The schedule path that a render-manager file names; empty when it names none.
+std::string read_rendermgr(const std::string& path) {
+  FileDescriptor opened = open_for_reading(AT_FDCWD, path.c_str());
+  if (!opened.is_open()) {
+    std::fprintf(stderr, "Unable to open %s\n", path.c_str());
+    report_error("Unable to locate item associated with rendermgr/channel");
+  }
+  LineReader file(std::move(opened), longest_rendermgr_line);
+  std::string schedule_path;
+  std::string_view line;
+  while (file.read(line)) {
+    const std::optional<NameValue> pair = divide_name_equ_value_pair(chomp(line));
+    if (pair && pair->name == "item") {
+      schedule_path = pair->value;
+    }
+  }
+  return schedule_path;
+}
+
+}  // namespace
+
+bool locate_schedule() {
+  RunOptions& options = run_options;
+  if (options.schedule_path.empty() && options.rendermgr_path.empty() && options.channel < 0) {
+    report_error("You must specify a schedule, rendermgr, or channel");
+  }
+  if (options.rendermgr_path.empty() && options.channel >= 0) {
+    options.rendermgr_path = rendermgr_directory + ("channel" + std::to_string(options.channel));
+  }
+  if (options.rendermgr_path.empty()) {
+    check_given_schedule(options.schedule_path);
+  } else {
+    check_rendermgr(options.rendermgr_path);
+    options.schedule_path = read_rendermgr(options.rendermgr_path);
+    if (options.schedule_path.empty()) {
+      report_error("No schedule file");
+    }
+  }
+  if (!check_located_schedule(options.schedule_path)) {
+    return false;
+  }
+  options.rendermgr_path.clear();
+  std::fprintf(stderr, "Schedule file location: %s\n", options.schedule_path.c_str());
+  return true;
+}

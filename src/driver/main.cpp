@@ -1,0 +1,25 @@
+#include <cstdio>
+#include <cstdlib>
+
+#include "driver/load_schedule.hpp"
+#include "driver/locate_schedule.hpp"
+#include "driver/options.hpp"
+#include "driver/print_document.hpp"
+#include "driver/report_window.hpp"
+#include "platform/calendar.hpp"
+#include "platform/output.hpp"
+
+int main(int argc, char** argv) {
+  prepare_standard_streams();
+  settle_local_zone();
+  if (!parse_options(argc, argv) || !locate_schedule()) {
+    return EXIT_FAILURE;
+  }
+  Schedule schedule;
+  load_schedule(schedule);
+  const ReportWindow window = report_window(schedule);
+  std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
+               schedule.schedule.size());
+  print_document(schedule, window);
+  return EXIT_SUCCESS;
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+/// Reads the command line into `run_options`; a report time of 0 becomes the current time. False
+/// when the run is to end with status 1, after a message (or the usage text) on standard error.
+bool parse_options(int argc, char** argv);

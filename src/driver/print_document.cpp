@@ -1,0 +1,17 @@
+#include "driver/print_document.hpp"
+
+#include <string>
+
+#include "driver/output_formats.hpp"
+#include "platform/output.hpp"
+#include "schedule/run_options.hpp"
+
+void print_document(Schedule& schedule, const ReportWindow& window) {
+  const OutputFormatInfo& format = output_format_info(run_options.format);
+  if (run_options.cgi) {
+    std::string header = std::string("Content-Type: ") + format.content_type + "\n\n";
+    write_output(header);
+  }
+  format.print(schedule, window.start, window.end);
+  finish_output();
+}

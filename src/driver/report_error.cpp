@@ -1,0 +1,44 @@
+#include "driver/report_error.hpp"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "platform/output.hpp"
+#include "schedule/run_options.hpp"
+
+namespace {
+
+[[gnu::format(printf, 1, 0)]] std::string format_text(const char* format, std::va_list arguments) {
+  std::va_list again;
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(nullptr, 0, format, again);
+  va_end(again);
+  std::string text(length > 0 ? static_cast<size_t>(length) : 0, '\0');
+  std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+  return text;
+}
+
+}  // namespace
+
+void report_error(const char* message) {
+  if (run_options.cgi) {
+    std::string response = "Content-Type: text/plain\nX-Quorin disposition: Error\n\n";
+    response += message;
+    response += '\n';
+    write_output(response);
+    finish_output();
+  } else {
+    std::fprintf(stderr, "Error: %s\n", message);
+  }
+  std::exit(EXIT_FAILURE);
+}
+
+void report_errorf(const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const std::string message = format_text(format, arguments);
+  va_end(arguments);
+  report_error(message.c_str());
+}

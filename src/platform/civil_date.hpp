@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+/// Days from 1970-01-01 to a date of the proleptic Gregorian calendar (ISO 8601). `month` is 1 to
+/// 12; `day` may run past the month's end, which carries into the next month.
+constexpr int64_t days_from_civil(int64_t year, int month, int day) {
+  // Counting years from March puts the leap day last, so that month lengths repeat.
+  const int64_t shifted_year = month <= 2 ? year - 1 : year;
+  const int64_t era = (shifted_year >= 0 ? shifted_year : shifted_year - 399) / 400;
+  const int64_t year_of_era = shifted_year - era * 400;
+  const int64_t day_of_year = (153 * (month > 2 ? month - 3 : month + 9) + 2) / 5 + day - 1;
+  const int64_t day_of_era = year_of_era * 365 + year_of_era / 4 - year_of_era / 100 + day_of_year;
+  return era * 146097 + day_of_era - 719468;
+}

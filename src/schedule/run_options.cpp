@@ -1,0 +1,3 @@
+#include "schedule/run_options.hpp"
+
+RunOptions run_options;

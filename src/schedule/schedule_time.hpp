@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <string_view>
+
+#include "schedule/schedule.hpp"
+
+// Conversions between schedule seconds and calendar time (seconds since the Unix epoch, broken
+// down in local time).
+
+/// Schedule seconds of a broken-down local time in a schedule of that type: the part of it that
+/// repeats with the type's unit. Years before 2020 count as 2020. no_time for a type without unit.
+uint64_t broken_down_to_schedule_seconds(std::string_view type, const std::tm& broken_down);
+
+/// Schedule seconds of a calendar time, or no_time when it has no local time or the type no unit.
+uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
+
+/// Calendar time of a schedule position, in the one unit that holds the report time. -1 when no
+/// consistent local time is found (it falls into a gap that a clock change leaves), 0 when the
+/// unit's own start has no local time.
+time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <ctime>
+
+#include "schedule/schedule.hpp"
+#include "schedule/schedule_time.hpp"
+
+/// Whether a calendar time lies in the report window [window_start, window_end); -1 is no time.
+constexpr bool time_in_window(time_t t, time_t window_start, time_t window_end) {
+  return t != -1 && window_start <= t && t < window_end;
+}
+
+/// Whether an item that starts at `start` schedule seconds belongs to the report window. An item
+/// is shown whole or not at all, by its start alone.
+bool item_in_window(const Schedule& schedule, time_t window_start, time_t window_end,
+                    uint64_t start);
+
+/// Calls visit(item, time of its start) for each item in the report window, in airing order.
+template <typename Visit>
+void walk_items(const Schedule& schedule, time_t window_start, time_t window_end, Visit visit) {
+  for (const auto& [start, item] : schedule.schedule) {
+    const time_t t = schedule_seconds_to_time(schedule, start);
+    if (time_in_window(t, window_start, window_end)) {
+      visit(item, t);
+    }
+  }
+}

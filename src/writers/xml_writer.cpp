@@ -1,0 +1,83 @@
+#include "writers/xml_writer.hpp"
+
+#include <string>
+#include <string_view>
+
+#include "metadata/item_metadata.hpp"
+#include "platform/invariant.hpp"
+#include "platform/output.hpp"
+#include "platform/text.hpp"
+#include "schedule/run_options.hpp"
+#include "writers/append.hpp"
+#include "writers/item_walk.hpp"
+#include "writers/xml_escape.hpp"
+
+namespace {
+
+std::tm local_time(time_t t) {
+  std::tm tm{};
+  const bool is_known = localtime_r(&t, &tm) != nullptr;
+  INVARIANT_OF("void print_to_xml(Schedule&, time_t, time_t)", is_known, "tm != NULL");
+  return tm;
+}
+
+/// `<NAME unix="T">date and time</NAME>`; a time of -1 shows as the largest unsigned number.
+void append_time(std::string& out, std::string_view indent, std::string_view name, time_t t) {
+  append(out, indent, "<", name, " unix=\"");
+  append_unsigned(out, static_cast<uint64_t>(t));
+  append(out, "\">");
+  append_date_and_time(out, local_time(t));
+  append(out, "</", name, ">\n");
+}
+
+void append_report_time(std::string& out) {
+  const std::tm tm = local_time(static_cast<time_t>(run_options.report_time));
+  append(out, "  <reporttime unix=\"");
+  append_unsigned(out, run_options.report_time);
+  append(out, "\" gmt_offset_seconds=\"");
+  append_signed(out, tm.tm_gmtoff);
+  append(out, "\" timezone=\"");
+  append_xml_escaped(out, tm.tm_zone);
+  append(out, "\">");
+  append_date_and_time(out, tm);
+  append(out, "</reporttime>\n");
+}
+
+void append_head(std::string& out, const Schedule& schedule, time_t window_start,
+                 time_t window_end) {
+  append(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<schedule>\n  <type>");
+  append_xml_escaped(out, schedule.type.c_str());
+  append(out, "</type>\n");
+  append_report_time(out);
+  append_time(out, "  ", "start", window_start);
+  append_time(out, "  ", "end", window_end);
+  append(out, "  <list>\n");
+}
+
+void append_item(std::string& out, const ScheduleItem& item, bool announced) {
+  append(out, "      <item default=\"", item.is_default ? "1" : "0", "\" announce=\"",
+         announced ? "1" : "0", "\">");
+  append_xml_escaped(out, item.item.c_str());
+  append(out, "</item>\n      <name>");
+  append_xml_escaped(out, file_name_of(item.item).data());
+  append(out, "</name>\n      <label>", item.label, "</label>\n");
+}
+
+}  // namespace
+
+void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
+  std::string out;
+  append_head(out, schedule, window_start, window_end);
+  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t start) {
+    ItemMetadata metadata;
+    extract_item_metadata(metadata, item.is_default, item);
+    append(out, "    <entry>\n");
+    append_time(out, "      ", "start", start);
+    append_time(out, "      ", "end", schedule_seconds_to_time(schedule, item.end));
+    append_item(out, item, metadata.announce > 0);
+    append(out, "    </entry>\n");
+    write_output_when_large(out);
+  });
+  append(out, "  </list>\n</schedule>\n");
+  write_output(out);
+}

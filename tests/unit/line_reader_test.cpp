@@ -1,0 +1,67 @@
+#include "platform/line_reader.hpp"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// The pieces that a file of that content gives.
+std::vector<std::string> pieces(const std::string& content, size_t longest_piece) {
+  char path[] = "/tmp/line_reader_XXXXXX";
+  FileDescriptor file(mkstemp(path));
+  EXPECT_TRUE(file.is_open());
+  EXPECT_EQ(write(file.get(), content.data(), content.size()),
+            static_cast<ssize_t>(content.size()));
+  FileDescriptor opened = open_for_reading(AT_FDCWD, path);
+  unlink(path);
+  LineReader reader(std::move(opened), longest_piece);
+  std::vector<std::string> found;
+  std::string_view piece;
+  while (reader.read(piece)) {
+    found.emplace_back(piece);
+  }
+  return found;
+}
+
+using Pieces = std::vector<std::string>;
+
+TEST(LineReader, GivesEachLineWithItsLineFeed) {
+  EXPECT_EQ(pieces("a\n\nb", 10), (Pieces{"a\n", "\n", "b"}));
+  EXPECT_EQ(pieces("", 10), Pieces{});
+  EXPECT_EQ(pieces("\n", 10), Pieces{"\n"});
+}
+
+TEST(LineReader, CutsALineThatIsTooLong) {
+  EXPECT_EQ(pieces("abcdef\n", 3), (Pieces{"abc", "def", "\n"}));
+  EXPECT_EQ(pieces("ab\ncdef", 3), (Pieces{"ab\n", "cde", "f"}));
+}
+
+TEST(LineReader, EndsAPieceAtANulByteAndLosesTheRestOfTheLine) {
+  EXPECT_EQ(pieces(std::string("ab\0cd\nef\n", 9), 100), (Pieces{"ab", "ef\n"}));
+  EXPECT_EQ(pieces(std::string("\0ab", 3), 100), Pieces{""});
+  EXPECT_EQ(pieces(std::string("\0bcdef\n", 7), 3), (Pieces{"", "def", "\n"}));
+}
+
+TEST(LineReader, KeepsLinesWholeAcrossItsBuffer) {
+  std::string content;
+  Pieces expected;
+  for (int i = 0; i < 40000; ++i) {
+    expected.push_back("line " + std::to_string(i) + "\n");
+    content += expected.back();
+  }
+  EXPECT_EQ(pieces(content, 1023), expected);
+}
+
+TEST(LineReader, ReadsNothingFromADirectory) {
+  LineReader reader(open_for_reading(AT_FDCWD, "/"), 10);
+  std::string_view piece;
+  EXPECT_FALSE(reader.read(piece));
+}
+
+}  // namespace

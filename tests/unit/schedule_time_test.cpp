@@ -1,0 +1,96 @@
+#include "schedule/schedule_time.hpp"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "schedule/unit_times.hpp"
+#include "support/zone.hpp"
+
+namespace {
+
+/// A schedule of that type with its unit around the report time.
+std::unique_ptr<Schedule> schedule_around(const char* type, time_t report_time) {
+  auto schedule = std::make_unique<Schedule>();
+  schedule->type = type;
+  compute_unit_times(*schedule, report_time);
+  return schedule;
+}
+
+TEST(ScheduleTime, SecondZeroIsTheStartOfTheUnit) {
+  const Zone berlin("Europe/Berlin");
+  const auto schedule = schedule_around("weekly", 1709251200);
+  EXPECT_EQ(schedule_seconds_to_time(*schedule, 0), schedule->unit_start);
+}
+
+TEST(ScheduleTime, EndlessSecondsCountFrom2020InThePaddedCalendar) {
+  const Zone utc("UTC");
+  const auto schedule = schedule_around("endless", 1709251200);
+  EXPECT_EQ(local_text(schedule_seconds_to_time(*schedule, 0)), "2020-01-01 00:00:00");
+  EXPECT_EQ(
+      local_text(schedule_seconds_to_time(
+          *schedule, 4 * seconds_per_year + 2 * seconds_per_month + 4 * seconds_per_day + 3661)),
+      "2024-03-05 01:01:01");
+}
+
+TEST(ScheduleTime, ADayThatDoesNotExistRunsIntoTheNextMonth) {
+  const Zone utc("UTC");
+  const auto schedule = schedule_around("monthly", 1713139200);  // April 2024
+  EXPECT_EQ(local_text(schedule_seconds_to_time(*schedule, 30 * seconds_per_day)),
+            "2024-05-01 00:00:00");
+}
+
+TEST(ScheduleTime, ATimeInTheGapOfAClockChangeIsNoTime) {
+  const Zone berlin("Europe/Berlin");
+  const auto schedule = schedule_around("daily", 1711882800);  // 2024-03-31
+  EXPECT_EQ(schedule_seconds_to_time(*schedule, 2 * 3600 + 1800), -1);
+  EXPECT_EQ(local_text(schedule_seconds_to_time(*schedule, 2 * 3600 - 1)), "2024-03-31 01:59:59");
+  EXPECT_EQ(local_text(schedule_seconds_to_time(*schedule, 3 * 3600)), "2024-03-31 03:00:00");
+}
+
+TEST(ScheduleTime, AUnitStartWithoutLocalTimeGivesZero) {
+  const Zone utc("UTC");
+  Schedule schedule;
+  schedule.type = "daily";
+  schedule.unit_start = 9223372036854775807;
+  EXPECT_EQ(schedule_seconds_to_time(schedule, 0), 0);
+}
+
+TEST(ScheduleTime, FarTooManySecondsAreNoTime) {
+  const Zone utc("UTC");
+  const auto schedule = schedule_around("daily", 0);
+  EXPECT_EQ(schedule_seconds_to_time(*schedule, no_time), -1);
+}
+
+TEST(ScheduleTime, EachTypeKeepsItsPartOfALocalTime) {
+  const Zone utc("UTC");
+  constexpr time_t t = 1709602205;  // Tuesday 2024-03-05 01:30:05
+  constexpr uint64_t clock = 5405;
+  const auto seconds = [](const char* type) {
+    Schedule schedule;
+    schedule.type = type;
+    return time_to_schedule_seconds(schedule, t);
+  };
+  EXPECT_EQ(seconds("daily"), clock);
+  EXPECT_EQ(seconds("weekly"), 2 * 86400 + clock);
+  EXPECT_EQ(seconds("monthly"), 4 * 86400 + clock);
+  EXPECT_EQ(seconds("yearly"), 2 * 2678400 + 4 * 86400 + clock);
+  EXPECT_EQ(seconds("endless"), 4 * 32140800 + 2 * 2678400 + 4 * 86400 + clock);
+  EXPECT_EQ(seconds("interval"), no_time);
+}
+
+TEST(ScheduleTime, YearsBefore2020CountAs2020) {
+  const Zone utc("UTC");
+  Schedule schedule;
+  schedule.type = "endless";
+  EXPECT_EQ(time_to_schedule_seconds(schedule, 0), 0U);
+}
+
+TEST(ScheduleTime, ATimeWithoutLocalTimeHasNoScheduleSeconds) {
+  const Zone utc("UTC");
+  Schedule schedule;
+  schedule.type = "daily";
+  EXPECT_EQ(time_to_schedule_seconds(schedule, 9223372036854775807), no_time);
+}
+
+}  // namespace

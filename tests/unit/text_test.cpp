@@ -1,0 +1,79 @@
+#include "platform/text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+std::string joined(const std::optional<NameValue>& pair) {
+  return pair ? std::string(pair->name) + "|" + std::string(pair->value) : "none";
+}
+
+std::string plain(std::string_view line) {
+  return joined(divide_name_equ_value_pair(line));
+}
+
+std::string loose(std::string_view line) {
+  return joined(divide_name_equ_value_pair_compat_maybe_loose(line, line.front()));
+}
+
+std::string defaults(std::string_view line) {
+  const auto entry = schedule_defaults_name_equ_value_and_clarifier(line);
+  return entry ? std::string(entry->name) + "|" + std::string(entry->value) + "|" +
+                     std::string(entry->clarifier)
+               : "none";
+}
+
+TEST(Text, ChompTakesEveryLineEnd) {
+  EXPECT_EQ(chomp("a\r\n"), "a");
+  EXPECT_EQ(chomp("a\n\r\n\n"), "a");
+  EXPECT_EQ(chomp("a\rb"), "a\rb");
+  EXPECT_EQ(chomp("\n"), "");
+  EXPECT_EQ(chomp("a \n"), "a ");
+}
+
+TEST(Text, PairsSplitAtTheFirstEqualsSign) {
+  EXPECT_EQ(plain("a=b"), "a|b");
+  EXPECT_EQ(plain(" a b \t=\t c = d "), "a b|c = d");
+  EXPECT_EQ(plain("a="), "none");
+  EXPECT_EQ(plain("=b"), "none");
+  EXPECT_EQ(plain(" = b"), "none");
+  EXPECT_EQ(plain("a: b"), "none");
+  EXPECT_EQ(plain(""), "none");
+}
+
+TEST(Text, TopLevelPairsMayHaveOlderForms) {
+  EXPECT_EQ(loose("global default = x"), "global default|x");
+  EXPECT_EQ(loose("=global default=x"), "global default|x");
+  EXPECT_EQ(loose("== global default = x=y"), "global default|x=y");
+  EXPECT_EQ(loose("global default: x:y"), "global default|x:y");
+  EXPECT_EQ(loose("=global default: x"), "global default|x");
+  EXPECT_EQ(loose("a:b=c"), "a:b|c");
+  EXPECT_EQ(loose("="), "none");
+  EXPECT_EQ(loose("global default"), "none");
+}
+
+TEST(Text, DefaultsMayBearAClarifier) {
+  EXPECT_EQ(defaults("mon = a.mp4"), "mon|a.mp4|");
+  EXPECT_EQ(defaults("mon [night] = a.mp4"), "mon|a.mp4|night");
+  EXPECT_EQ(defaults("mon[ late night ]=a.mp4"), "mon|a.mp4|late night");
+  EXPECT_EQ(defaults("mon [] = a.mp4"), "mon|a.mp4|");
+  EXPECT_EQ(defaults("[x] = a.mp4"), "none");
+  EXPECT_EQ(defaults("mon] = a.mp4"), "mon]|a.mp4|");
+  EXPECT_EQ(defaults("mon = a [b]"), "mon|a [b]|");
+}
+
+TEST(Text, FileNamesFollowTheLastSlash) {
+  EXPECT_EQ(file_name_of("/a/b/clip.mp4"), "clip.mp4");
+  EXPECT_EQ(file_name_of("clip.mp4"), "clip.mp4");
+  EXPECT_EQ(file_name_of("a/"), "");
+}
+
+TEST(Text, CaseFollowsTheCLocale) {
+  EXPECT_EQ(lower_case("AbZ\xc3\x84-1"), "abz\xc3\x84-1");
+  EXPECT_EQ(to_upper('z'), 'Z');
+  EXPECT_EQ(to_upper('{'), '{');
+}
+
+}  // namespace
