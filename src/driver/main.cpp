@@ -3,6 +3,7 @@
 
 #include "driver/load_schedule.hpp"
 #include "driver/locate_schedule.hpp"
+#include "driver/merge_play_log.hpp"
 #include "driver/options.hpp"
 #include "driver/print_document.hpp"
 #include "driver/report_window.hpp"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
   }
   Schedule schedule;
   load_schedule(schedule);
+  merge_play_log(schedule);
   const ReportWindow window = report_window(schedule);
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/metadata_v4.h"
 #include "schedule/schedule.hpp"
 
 /// What every writer shows of an item beside its times and path.
@@ -17,6 +18,41 @@ struct ItemMetadata {
   std::string title;
 };
 
-/// Fills in what is known of an item. An announce flag that nothing sets is derived: default
-/// items are not announced, items with an event id, a label or a video or audio file are.
-void extract_item_metadata(ItemMetadata& metadata, bool is_default, const ScheduleItem& item);
+/// Opens the metadata of an item: what aired with it, if the play log knows, else what its media
+/// file says. Both slots are emptied first; the set stays null for a block item and for a file
+/// without metadata.
+void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*& context,
+                        const char* path, const ScheduleItem& item);
+
+/// Fills in what is known of an item; `set` may be null. An announce flag that nothing sets is
+/// derived: default items are not announced, items with an event id, a label or a video or audio
+/// file are.
+void extract_item_metadata(ItemMetadata& metadata, metadata_v4_metadata_context* set,
+                           bool is_default, const ScheduleItem& item);
+
+/// The two slots of a writer, released when it is done.
+struct ItemMetadataSlots {
+  ItemMetadataSlots() = default;
+  ItemMetadataSlots(const ItemMetadataSlots&) = delete;
+  ItemMetadataSlots& operator=(const ItemMetadataSlots&) = delete;
+  ~ItemMetadataSlots() { release(); }
+
+  void release();
+
+  metadata_v4_metadata_context* set = nullptr;
+  metadata_v4_context* context = nullptr;
+};
+
+/// Opens and extracts in one go, as every writer does for each item that it prints.
+ItemMetadata read_item_metadata(ItemMetadataSlots& slots, const ScheduleItem& item);
+
+/// Calls visit(entry) for each entry that the set (or null) really holds, in index order.
+template <typename Visit>
+void for_each_entry(metadata_v4_metadata_context* set, Visit visit) {
+  const int32_t count = set != nullptr ? set->entry_count : 0;
+  for (int32_t index = 0; index < count; ++index) {
+    if (const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set, index)) {
+      visit(*entry);
+    }
+  }
+}

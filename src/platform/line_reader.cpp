@@ -1,10 +1,6 @@
 #include "platform/line_reader.hpp"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -12,48 +8,7 @@ namespace {
 
 constexpr size_t buffer_size = 64 * 1024;
 
-/// One read, again after an interruption. 0 at the end of the file and on an error.
-size_t read_some(int fd, char* bytes, size_t size) {
-  ssize_t count = 0;
-  do {
-    count = ::read(fd, bytes, size);
-  } while (count < 0 && errno == EINTR);
-  return count > 0 ? static_cast<size_t>(count) : 0;
-}
-
 }  // namespace
-
-FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept {
-  reset(other.release());
-  return *this;
-}
-
-int FileDescriptor::release() {
-  return std::exchange(fd_, -1);
-}
-
-void FileDescriptor::reset(int fd) {
-  if (fd_ >= 0 && fd_ != fd) {
-    ::close(fd_);
-  }
-  fd_ = fd;
-}
-
-FileDescriptor open_for_reading(int directory, const char* path) {
-  return FileDescriptor(::openat(directory, path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-}
-
-size_t read_fully(int fd, char* bytes, size_t size) {
-  size_t total = 0;
-  while (total < size) {
-    const size_t count = read_some(fd, bytes + total, size - total);
-    if (count == 0) {
-      break;
-    }
-    total += count;
-  }
-  return total;
-}
 
 LineReader::LineReader(FileDescriptor file, size_t longest_piece)
     : file_(std::move(file)),

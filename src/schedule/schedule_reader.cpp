@@ -189,7 +189,7 @@ void complete(Schedule& schedule) {
 }  // namespace
 
 bool read_schedule_file(Schedule& schedule, const char* path) {
-  FileDescriptor opened = open_for_reading(AT_FDCWD, path);
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
   if (!opened.is_open()) {
     return false;
   }

@@ -63,19 +63,47 @@ void append_item(std::string& out, const ScheduleItem& item, bool announced) {
   append(out, "</name>\n      <label>", item.label, "</label>\n");
 }
 
+/// Only the value is escaped: group and name are the library's own texts.
+void append_entry(std::string& out, metadata_v4_metadata_context* set,
+                  const metadata_v4_entry& entry) {
+  append(out, "        <entry");
+  if (const char* group = metadata_v4_metadata_context_read_group_name(set, entry.group)) {
+    append(out, " group=\"", group, "\"");
+  }
+  if (entry.name != nullptr) {
+    append(out, " name=\"", entry.name, "\"");
+  }
+  append(out, ">");
+  if (entry.value != nullptr) {
+    append_xml_escaped(out, entry.value);
+  }
+  append(out, "</entry>\n");
+}
+
+void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
+  if (set == nullptr) {
+    return;
+  }
+  append(out, "      <meta>\n");
+  for_each_entry(set, [&](const metadata_v4_entry& entry) { append_entry(out, set, entry); });
+  append(out, "      </meta>\n");
+}
+
 }  // namespace
 
 void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
   append_head(out, schedule, window_start, window_end);
+  ItemMetadataSlots slots;
   walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t start) {
-    ItemMetadata metadata;
-    extract_item_metadata(metadata, item.is_default, item);
+    const ItemMetadata metadata = read_item_metadata(slots, item);
     append(out, "    <entry>\n");
     append_time(out, "      ", "start", start);
     append_time(out, "      ", "end", schedule_seconds_to_time(schedule, item.end));
     append_item(out, item, metadata.announce > 0);
+    append_metadata(out, slots.set);
     append(out, "    </entry>\n");
+    slots.release();
     write_output_when_large(out);
   });
   append(out, "  </list>\n</schedule>\n");

@@ -18,7 +18,7 @@ std::vector<std::string> pieces(const std::string& content, size_t longest_piece
   EXPECT_TRUE(file.is_open());
   EXPECT_EQ(write(file.get(), content.data(), content.size()),
             static_cast<ssize_t>(content.size()));
-  FileDescriptor opened = open_for_reading(AT_FDCWD, path);
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
   unlink(path);
   LineReader reader(std::move(opened), longest_piece);
   std::vector<std::string> found;
@@ -59,7 +59,7 @@ TEST(LineReader, KeepsLinesWholeAcrossItsBuffer) {
 }
 
 TEST(LineReader, ReadsNothingFromADirectory) {
-  LineReader reader(open_for_reading(AT_FDCWD, "/"), 10);
+  LineReader reader(open_regular_file(AT_FDCWD, "/"), 10);
   std::string_view piece;
   EXPECT_FALSE(reader.read(piece));
 }

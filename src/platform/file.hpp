@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+
+/// Owns an open file descriptor and closes it.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : fd_(other.release()) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept;
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+  ~FileDescriptor() { reset(); }
+
+  int get() const { return fd_; }
+  bool is_open() const { return fd_ >= 0; }
+  int release();
+  void reset(int fd = -1);
+
+ private:
+  int fd_;
+};
+
+/// Opens a regular file for reading, by its path relative to a directory handle (or AT_FDCWD);
+/// links are followed. Never waits: a FIFO or a device in a file's place is not opened. Not open on
+/// failure.
+FileDescriptor open_regular_file(int directory, const char* path);
+
+/// One read, again after an interruption. 0 at the end of the file and on an error.
+size_t read_some(int fd, char* bytes, size_t size);
+
+/// Reads until `size` bytes are there or the file ends. The number read; fewer than `size` only at
+/// the end of the file or on a read error.
+size_t read_fully(int fd, char* bytes, size_t size);

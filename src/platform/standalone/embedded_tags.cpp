@@ -1,0 +1,101 @@
+#include "platform/standalone/embedded_tags.hpp"
+
+#include <fileref.h>
+#include <mp4file.h>
+#include <tfilestream.h>
+#include <tpropertymap.h>
+#include <unistd.h>
+
+#include <array>
+#include <map>
+#include <string_view>
+#include <utility>
+
+#include "platform/text.hpp"
+
+namespace {
+
+/// Tags that the schedule's writers know under names of their own.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> renamed_tags = {{
+    {"TVSHOW", "program"},
+    {"SUBTITLE", "episode"},
+    {"TVSEASON", "season"},
+    {"PODCASTDESC", "description"},
+}};
+constexpr const char* mp4_long_description = "ldes";
+
+using Tags = std::multimap<std::string, std::string>;
+
+std::string name_of_tag(const std::string& tag) {
+  for (const auto& [original, name] : renamed_tags) {
+    if (tag == original) {
+      return std::string(name);
+    }
+  }
+  return lower_case(tag);
+}
+
+void add_values(Tags& tags, const std::string& name, const TagLib::StringList& values) {
+  for (const TagLib::String& value : values) {
+    tags.emplace(name, value.to8Bit(true));
+  }
+}
+
+/// A stream with a name, from whose extension the library may take the format.
+class NamedStream : public TagLib::FileStream {
+ public:
+  NamedStream(int fd, std::string name) : FileStream(fd, true), name_(std::move(name)) {}
+  TagLib::FileName name() const override { return name_.c_str(); }
+
+ private:
+  std::string name_;
+};
+
+Tags tags_of(TagLib::File& file) {
+  Tags tags;
+  for (const auto& [tag, values] : file.properties()) {
+    add_values(tags, name_of_tag(tag.to8Bit(true)), values);
+  }
+  if (auto* mp4 = dynamic_cast<TagLib::MP4::File*>(&file)) {
+    if (mp4->tag() != nullptr && mp4->tag()->contains(mp4_long_description)) {
+      add_values(tags, "summary", mp4->tag()->item(mp4_long_description).toStringList());
+    }
+  }
+  return tags;
+}
+
+bool has_known_extension(const std::string& name) {
+  const size_t dot = name.rfind('.');
+  return dot != std::string::npos &&
+         TagLib::FileRef::defaultFileExtensions().contains(lower_case(name.substr(dot + 1)));
+}
+
+Tags read_tags(int fd, const std::string& name) {
+  constexpr bool read_audio_properties = false;
+  // The stream without a name is taken by its content, which cannot be wrong.
+  for (const std::string& name_to_go_by : {std::string(), name}) {
+    if (!name_to_go_by.empty() && !has_known_extension(name)) {
+      break;
+    }
+    // The library closes the descriptor of its stream.
+    NamedStream stream(dup(fd), name_to_go_by);
+    if (!stream.isOpen()) {
+      break;
+    }
+    const TagLib::FileRef file(&stream, read_audio_properties);
+    if (file.file() != nullptr) {
+      return tags_of(*file.file());
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+std::vector<MetadataEntry> read_embedded_tags(int fd, const std::string& name) {
+  std::vector<MetadataEntry> entries;
+  for (const auto& [tag, value] : read_tags(fd, name)) {
+    entries.push_back({tag, value, no_group});
+  }
+  return entries;
+}

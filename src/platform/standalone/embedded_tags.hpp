@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/standalone/file_metadata.hpp"
+
+/// The tags embedded in an open media file, in ascending order of their names; several values of
+/// one name are several entries. `name` is the file's name: its extension counts only where the
+/// content does not tell the format.
+std::vector<MetadataEntry> read_embedded_tags(int fd, const std::string& name);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What the standalone metadata library knows of one media file.
+
+inline constexpr int32_t no_group = -1;
+
+struct MetadataEntry {
+  std::string name;
+  std::string value;
+  int32_t group = no_group;  ///< index into FileMetadata::groups
+};
+
+struct FileMetadata {
+  std::vector<MetadataEntry> entries;
+  std::vector<std::string> groups;
+};
+
+/// All metadata of a file: its MIME type as "file type", its embedded tags in ascending order of
+/// their names, then its sidecar's entries in file order. An ungrouped name of the sidecar replaces
+/// every other entry of that name. Null when the file is missing, no regular file or cannot be
+/// read.
+std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std::string& name);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+#include "platform/standalone/file_metadata.hpp"
+
+/// The entries of a media file's sidecar, `NAME.metadata` beside it: lines "name = value", "#"
+/// comments, "[group]" before the entries of a group and "[]" after them. Empty when there is no
+/// such regular file.
+FileMetadata read_sidecar(int directory, const std::string& media_name);
