@@ -1,0 +1,1 @@
+Studio two: switched through by hand.
