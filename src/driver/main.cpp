@@ -5,10 +5,12 @@
 #include "driver/locate_schedule.hpp"
 #include "driver/merge_play_log.hpp"
 #include "driver/options.hpp"
+#include "driver/patch_subschedules.hpp"
 #include "driver/print_document.hpp"
 #include "driver/report_window.hpp"
 #include "platform/calendar.hpp"
 #include "platform/output.hpp"
+#include "schedule/block_announce.hpp"
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
@@ -20,6 +22,8 @@ int main(int argc, char** argv) {
   load_schedule(schedule);
   merge_play_log(schedule);
   const ReportWindow window = report_window(schedule);
+  block_announce_subst(schedule);
+  patch_all_subschedules(schedule);
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());
   print_document(schedule, window);

@@ -1,7 +1,7 @@
 #include "driver/merge_play_log.hpp"
 
 #include "metadata/play_log.hpp"
-#include "platform/metadata_v4.h"
+#include "platform/metadata_context.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {
@@ -10,11 +10,8 @@ namespace {
 PlayLog read_play_log_of_schedule() {
   PlayLog play_log;
   metadata_v4_context* context = metadata_v4_context_create();
-  if (context != nullptr) {
-    context->options &= static_cast<uint8_t>(~METADATA_V4_READ_WHILE_BINDING);
-    if (metadata_v4_context_set_file_location(context, run_options.schedule_path.c_str()) == 0) {
-      read_play_log(context, play_log);
-    }
+  if (bind_context(context, run_options.schedule_path.c_str())) {
+    read_play_log(context, play_log);
   }
   metadata_v4_context_destroy(context);
   return play_log;

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/metadata_context.hpp"
+
 namespace {
 
 /// Heads a set that was built from the play log.
@@ -79,12 +81,7 @@ void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*
     return;
   }
   context = metadata_v4_context_create();
-  if (context == nullptr) {
-    return;
-  }
-  // The play log may make reading the file needless.
-  context->options &= static_cast<uint8_t>(~METADATA_V4_READ_WHILE_BINDING);
-  if (metadata_v4_context_set_file_location(context, path) != 0) {
+  if (!bind_context(context, path)) {
     return;
   }
   set = item.metadata.empty() ? metadata_v4_metadata_context_from_file(context, 0, nullptr)

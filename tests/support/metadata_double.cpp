@@ -4,8 +4,11 @@
 //   group NAME                                            the next group
 //   entry NAME VALUE GROUP                                the next entry; "-" is absent or no group
 //   absent                                                the next entry cannot be read
+//   hang                                                  no file is ever read to its end
 //
 // "_" in a name or value stands for a blank, "''" for an empty text.
+
+#include <unistd.h>
 
 #include <fstream>
 #include <optional>
@@ -26,6 +29,7 @@ struct Entry {
 };
 
 struct Script {
+  bool hangs = false;
   std::set<std::string> failing;
   std::vector<std::string> groups;
   std::vector<Entry> entries;
@@ -67,6 +71,8 @@ Script read_script() {
     } else if (what == "entry") {
       script.entries.push_back(
           {false, text_of(first), text_of(second), group == "-" ? -1 : std::stoi(group)});
+    } else if (what == "hang") {
+      script.hangs = true;
     } else if (what == "absent") {
       script.entries.push_back({true, {}, {}, -1});
     }
@@ -125,6 +131,9 @@ metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4
                                                                      int flags, void* reserved) {
   if (fails("from-file") || context == nullptr || flags != 0 || reserved != nullptr) {
     return nullptr;
+  }
+  while (script().hangs) {
+    pause();
   }
   auto* set = new Set();
   set->entries = script().entries;

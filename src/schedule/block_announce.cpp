@@ -1,0 +1,104 @@
+#include "schedule/block_announce.hpp"
+
+#include <iterator>
+#include <utility>
+
+#include "platform/invariant.hpp"
+
+namespace {
+
+using Items = std::map<uint64_t, ScheduleItem>;
+
+constexpr const char* signature = "bool block_announce_subst(Schedule&)";
+
+/// The item that starts at `start` or, failing that, the last one before it. There is one: the
+/// unit's gaps were filled from its very beginning.
+Items::iterator item_at_or_before(Items& items, uint64_t start) {
+  auto sit = items.lower_bound(start);
+  if (sit == items.end() || sit->first != start) {
+    INVARIANT_OF(signature, sit != items.begin(), "sit != schedule.schedule.begin()");
+    --sit;
+  }
+  INVARIANT_OF(signature, sit != items.end(), "sit != schedule.schedule.end()");
+  return sit;
+}
+
+/// Whether a programme, not a filler, begins or ends inside the block. One that runs through the
+/// whole block does not count.
+bool holds_programme(Items& items, const ScheduleBlock& block) {
+  for (auto sit = item_at_or_before(items, block.start);
+       sit != items.end() && sit->first < block.end; ++sit) {
+    const ScheduleItem& item = sit->second;
+    const bool begins_inside = block.start <= item.start && item.start < block.end;
+    const bool ends_inside = block.start < item.end && item.end <= block.end;
+    if (!item.is_default && (begins_inside || ends_inside)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool is_announced_as_one(Items& items, const ScheduleBlock& block) {
+  if (block.announce == "items") {
+    return false;
+  }
+  return block.announce == "block" || !holds_programme(items, block);
+}
+
+/// Keeps of an item that runs past the block's end what lies behind it.
+void keep_tail(Items& items, Items::iterator sit, uint64_t block_end) {
+  ScheduleItem csit = std::move(sit->second);
+  items.erase(sit);
+  csit.start = block_end;
+  INVARIANT_OF(signature, csit.start < csit.end, "csit.start < csit.end");
+  items.insert_or_assign(block_end, std::move(csit));
+}
+
+/// Clears [start, end) of items.
+void make_room(Items& items, uint64_t start, uint64_t end) {
+  if (items.empty()) {
+    return;
+  }
+  auto sit = item_at_or_before(items, start);
+  if (sit->second.start < start) {
+    ScheduleItem& before = sit->second;
+    if (before.start < before.end && before.end > start) {
+      before.end = start;
+    }
+    ++sit;
+  }
+  while (sit != items.end() && sit->first < end) {
+    INVARIANT_OF(signature, sit->first == sit->second.start,
+                 "sit->first == (unsigned long)sit->second.start");
+    if (sit->second.end > end) {
+      keep_tail(items, sit, end);
+      return;
+    }
+    sit = items.erase(sit);
+  }
+}
+
+void substitute(Items& items, const ScheduleBlock& block) {
+  make_room(items, block.start, block.end);
+  ScheduleItem& item = items[block.start];
+  item.is_block = true;
+  item.block_announce = true;
+  item.duration = static_cast<double>(block.end - block.start);
+  item.block = block.block;
+  item.start = block.start;
+  item.end = block.end;
+  item.item = block.block;
+}
+
+}  // namespace
+
+bool block_announce_subst(Schedule& schedule) {
+  for (const auto& [start, block] : schedule.blocks) {
+    const bool has_time = as_signed(block.start) >= 0 && as_signed(block.end) >= 0 &&
+                          as_signed(block.start) < as_signed(block.end);
+    if (has_time && is_announced_as_one(schedule.schedule, block)) {
+      substitute(schedule.schedule, block);
+    }
+  }
+  return true;
+}
