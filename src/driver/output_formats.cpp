@@ -3,6 +3,8 @@
 #include <array>
 
 #include "driver/report_error.hpp"
+#include "writers/html_writer.hpp"
+#include "writers/json_writer.hpp"
 #include "writers/xml_writer.hpp"
 
 namespace {
@@ -14,8 +16,8 @@ void report_missing_writer(Schedule&, time_t, time_t) {
 // By the value of OutputFormat.
 constexpr std::array<OutputFormatInfo, 5> formats = {{
     {OutputFormat::xml, "xml", "text/xml", print_to_xml},
-    {OutputFormat::html, "html", "text/html", report_missing_writer},
-    {OutputFormat::json, "json", "application/json", report_missing_writer},
+    {OutputFormat::html, "html", "text/html", print_to_html},
+    {OutputFormat::json, "json", "application/json", print_to_json},
     {OutputFormat::rovi, "rovi", "text/csv", report_missing_writer},
     {OutputFormat::gracenote, "gracenote", "text/csv", report_missing_writer},
 }};

@@ -24,6 +24,12 @@ std::string lower_case(std::string_view text) {
   return lower;
 }
 
+std::string upper_case(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), to_upper);
+  return upper;
+}
+
 std::string_view skip_blanks(std::string_view text) {
   while (!text.empty() && is_blank(text.front())) {
     text.remove_prefix(1);

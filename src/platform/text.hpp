@@ -37,6 +37,7 @@ constexpr char to_upper(char c) {
 }
 
 std::string lower_case(std::string_view text);
+std::string upper_case(std::string_view text);
 
 std::string_view skip_blanks(std::string_view text);
 

@@ -1,0 +1,125 @@
+#include "writers/json_writer.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "metadata/item_metadata.hpp"
+#include "platform/json_text.hpp"
+#include "platform/output.hpp"
+#include "platform/text.hpp"
+#include "schedule/run_options.hpp"
+#include "writers/append.hpp"
+#include "writers/item_walk.hpp"
+#include "writers/metadata_map.hpp"
+#include "writers/time_text.hpp"
+
+// Members stand in ascending order of their keys, wherever they are written.
+
+namespace {
+
+/// Length of the mount point that every media path begins with, "/mnt/main/".
+constexpr size_t mount_point_length = 10;
+
+/// A number as "%.17g" prints it.
+void append_number(std::string& out, double number) {
+  std::array<char, 40> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%.17g", number);
+  out.append(text.data(), static_cast<size_t>(length));
+}
+
+void append_time(std::string& out, time_t t) {
+  append(out, "{\"iso8601\": ");
+  append_json_string(out, time_to_iso8601(t));
+  append(out, ", \"unix\": ");
+  append_number(out, static_cast<double>(t));
+  append(out, "}");
+}
+
+void append_report_time(std::string& out) {
+  const auto report_time = static_cast<time_t>(run_options.report_time);
+  std::tm tm{};
+  const bool is_known = localtime_r(&report_time, &tm) != nullptr;
+  append(out, "{\"gmt_offset_second\": \"");
+  append_signed(out, tm.tm_gmtoff);
+  append(out, "\", \"time\": ");
+  append_json_string(out, time_to_iso8601(report_time));
+  append(out, ", \"timezone\": ");
+  append_json_string(out, is_known ? tm.tm_zone : "");
+  append(out, ", \"unix\": ");
+  append_number(out, static_cast<double>(run_options.report_time));
+  append(out, "}");
+}
+
+/// A text that the document cannot do without. What lacks it is no metadata at all: rather no
+/// document than a wrong one.
+const char* required(const char* text) {
+  if (text == nullptr) {
+    throw std::logic_error("basic_string::_M_construct null not valid");
+  }
+  return text;
+}
+
+void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
+  MetadataCollector collector;
+  for_each_entry(set, [&](const metadata_v4_entry& entry) {
+    collector.add(required(entry.name), required(entry.value));
+  });
+  append(out, "{");
+  const char* separator = "";
+  for (const auto& [name, value] : collector.map) {
+    append(out, separator);
+    append_json_string(out, name);
+    append(out, ": ");
+    append_json_string(out, value);
+    separator = ", ";
+  }
+  append(out, "}");
+}
+
+void append_item(std::string& out, const ScheduleItem& item, time_t start, time_t end,
+                 ItemMetadataSlots& slots) {
+  const ItemMetadata metadata = read_item_metadata(slots, item);
+  const std::string_view path = item.item;
+  append(out, "{\"announce\": ");
+  append_signed(out, metadata.announce);
+  append(out, ", \"default\": ", item.is_default ? "true" : "false", ", \"end_unix\": ");
+  append_time(out, end);
+  append(out, ", \"label\": ");
+  append_json_string(out, item.label);
+  append(out, ", \"metadata\": ");
+  append_metadata(out, slots.set);
+  append(out, ", \"name\": ");
+  append_json_string(out, file_name_of(path));
+  append(out, ", \"opath\": ");
+  append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
+  append(out, ", \"start_unix\": ");
+  append_time(out, start);
+  append(out, "}");
+  slots.release();
+}
+
+}  // namespace
+
+void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
+  std::string out;
+  append(out, "{\"end_unix\": ");
+  append_time(out, window_end);
+  append(out, ", \"items\": [");
+  ItemMetadataSlots slots;
+  const char* separator = "";
+  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t start) {
+    append(out, separator);
+    append_item(out, item, start, schedule_seconds_to_time(schedule, item.end), slots);
+    separator = ", ";
+  });
+  append(out, "], \"reporttime\": ");
+  append_report_time(out);
+  append(out, ", \"start_unix\": ");
+  append_time(out, window_start);
+  append(out, "}\n");
+  write_output(out);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+/// An item's metadata by name, in ascending order of the names.
+using MetadataMap = std::map<std::string, std::string>;
+
+/// Collects entries in the order in which they are read.
+struct MetadataCollector {
+  MetadataMap map;
+  std::string previous_name;
+
+  /// Stores a value under its name. Entries of one name that follow each other become the lines of
+  /// one value; a name that comes back later starts again.
+  void add(std::string name, const std::string& value);
+};
