@@ -2,24 +2,21 @@
 
 #include <array>
 
-#include "driver/report_error.hpp"
+#include "writers/gracenote_writer.hpp"
 #include "writers/html_writer.hpp"
 #include "writers/json_writer.hpp"
+#include "writers/rovi_writer.hpp"
 #include "writers/xml_writer.hpp"
 
 namespace {
-
-void report_missing_writer(Schedule&, time_t, time_t) {
-  report_error("This output format is not available yet");
-}
 
 // By the value of OutputFormat.
 constexpr std::array<OutputFormatInfo, 5> formats = {{
     {OutputFormat::xml, "xml", "text/xml", print_to_xml},
     {OutputFormat::html, "html", "text/html", print_to_html},
     {OutputFormat::json, "json", "application/json", print_to_json},
-    {OutputFormat::rovi, "rovi", "text/csv", report_missing_writer},
-    {OutputFormat::gracenote, "gracenote", "text/csv", report_missing_writer},
+    {OutputFormat::rovi, "rovi", "text/csv", print_to_rovi},
+    {OutputFormat::gracenote, "gracenote", "text/csv", print_to_gracenote},
 }};
 
 }  // namespace

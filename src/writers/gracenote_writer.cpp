@@ -1,0 +1,150 @@
+#include "writers/gracenote_writer.hpp"
+
+#include <array>
+#include <cstdlib>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.hpp"
+#include "platform/output.hpp"
+#include "schedule/run_options.hpp"
+#include "schedule/schedule_time.hpp"
+#include "writers/append.hpp"
+#include "writers/listing_rows.hpp"
+#include "writers/listing_text.hpp"
+#include "writers/time_text.hpp"
+
+namespace {
+
+constexpr size_t short_description_length = 100;
+
+using Row = const GracenoteRow&;
+
+/// A column: its header and, for a row, its text.
+struct Column {
+  const char* header;
+  std::string (*text)(const GracenoteRow& row);
+};
+
+std::string nothing(Row) {
+  return {};
+}
+
+std::string flag(bool is_set) {
+  return is_set ? "Y" : "N";
+}
+
+// Every text is quoted but the station's.
+constexpr std::array<Column, 22> columns = {{
+    {"Call Letters", [](Row) { return run_options.station_id; }},
+    {"Air Date", [](Row row) { return csv_quote(time_to_date(row.start)); }},
+    {"Air Time", [](Row row) { return csv_quote(time_to_clock(row.start)); }},
+    {"Program Title",
+     [](Row row) { return csv_quote(row.title.empty() ? "(untitled)" : row.title); }},
+    {"Episode Title", [](Row row) { return csv_quote(row.episode_title); }},
+    {"New/Live/Repeat", [](Row row) { return csv_quote(row.new_live_repeat); }},
+    {"Original Air Date", nothing},
+    {"Season Number", [](Row row) { return csv_quote(row.season); }},
+    {"Episode Number", nothing},
+    {"Description: 101-250 characters", [](Row row) { return csv_quote(row.description_long); }},
+    {"Description: 40-100 characters", [](Row row) { return csv_quote(row.description_short); }},
+    {"Hosts", [](Row row) { return csv_quote(row.hosts); }},
+    {"Guests", [](Row row) { return csv_quote(row.guests); }},
+    {"Executive Producers", [](Row row) { return csv_quote(row.producers); }},
+    {"Genre", [](Row row) { return csv_quote(row.genre); }},
+    {"Duration", [](Row row) { return std::to_string(row.duration); }},
+    {"Production Number", nothing},
+    {"TMS ID", nothing},
+    {"HD", [](Row row) { return flag(row.hd); }},
+    {"CC", [](Row row) { return flag(row.cc); }},
+    {"DVS", [](Row row) { return flag(row.dvs); }},
+    {"Parental Rating", [](Row row) { return csv_quote(row.rating); }},
+}};
+
+constexpr std::array<std::string GracenoteRow::*, 2> joined_texts = {
+    &GracenoteRow::title, &GracenoteRow::description_short};
+
+std::string new_live_repeat_of(const MetadataMap& metadata) {
+  const std::string value = first_value(metadata, "newliverepeat");
+  if (value == "new") {
+    return "New";
+  }
+  return value == "live" ? "Live" : "Repeat";
+}
+
+/// HD is also said by a positive number, such as the lines of the picture.
+bool is_hd(const MetadataMap& metadata) {
+  const std::string value = first_value(metadata, "hd");
+  return is_yes(value) || std::strtol(value.c_str(), nullptr, 10) > 0;
+}
+
+void set_description(GracenoteRow& row, const std::string& description) {
+  row.description_short = description.substr(0, short_description_length);
+  if (description.size() > short_description_length) {
+    row.description_long = description.substr(short_description_length);
+  }
+}
+
+void set_durations(std::vector<GracenoteRow>& rows) {
+  for (GracenoteRow& row : rows) {
+    row.duration = row.start < row.end ? static_cast<int32_t>(lasts(row) / 60) : 0;
+  }
+}
+
+void append_header(std::string& out) {
+  const char* separator = "";
+  for (const Column& column : columns) {
+    append(out, separator, column.header);
+    separator = ",";
+  }
+  append(out, "\n");
+}
+
+void append_row(std::string& out, const GracenoteRow& row) {
+  const char* separator = "";
+  for (const Column& column : columns) {
+    append(out, separator, column.text(row));
+    separator = ",";
+  }
+  append(out, "\n");
+}
+
+}  // namespace
+
+GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
+                                const MetadataMap& metadata) {
+  GracenoteRow row;
+  row.start = schedule_seconds_to_time(schedule, piece.start);
+  row.end = schedule_seconds_to_time(schedule, piece.end);
+  row.title = listing_title(metadata, piece.item);
+  row.episode_title = first_value(metadata, "episode");
+  set_description(row, first_value(metadata, "description"));
+  row.new_live_repeat = new_live_repeat_of(metadata);
+  row.season = first_value(metadata, "season");
+  row.hosts = first_value(metadata, "hosts");
+  row.guests = first_value(metadata, "guests");
+  row.producers = first_value(metadata, "producers");
+  row.genre = find_value(metadata, "genre").value_or(row.genre);
+  row.hd = is_hd(metadata);
+  row.cc = is_yes(first_value(metadata, "cc"));
+  row.dvs = is_yes(first_value(metadata, "dvs"));
+  row.rating = find_value(metadata, "rating").value_or(row.rating);
+  return row;
+}
+
+void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end) {
+  const ListingHorizon horizon(current_time());
+  std::vector<GracenoteRow> rows =
+      collect_rows(schedule, window_start, window_end, make_gracenote_row);
+  clean_rows<GracenoteRow>(rows, joined_texts);
+  set_durations(rows);
+  std::string out;
+  append_header(out);
+  for (const GracenoteRow& row : rows) {
+    if (horizon.shows(row)) {
+      append_row(out, row);
+      write_output_when_large(out);
+    }
+  }
+  write_output(out);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <boost/optional.hpp>
+#include <cstdint>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "schedule/schedule.hpp"
+#include "writers/genre.hpp"
+#include "writers/metadata_map.hpp"
+
+/// One row of the Rovi "LO X-List". No metadata fills the fields that are marked unused; the
+/// listing service expects their columns all the same.
+struct RoviRow {
+  time_t start = 0;  ///< calendar time
+  time_t end = 0;
+  std::string title;
+  std::string description;
+  boost::optional<RoviCategory> category;
+  std::string program_type;  ///< unused
+  std::string episode_title;
+  int32_t episode_number = -1;  ///< unused
+  std::string schedule_rating;
+  std::string airing_type;  ///< unused
+  std::string captioning;
+  std::string credits;         ///< unused
+  int32_t release_year = -1;   ///< unused
+  std::string language;        ///< unused
+  int32_t season_number = -1;  ///< unused
+};
+
+/// The row of one piece of an item with that metadata.
+RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata);
+
+/// The printed texts of a row, in column order.
+std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id);
+
+/// Prints the announced items that start in the report window (calendar time) as a Rovi "LO
+/// X-List": comma-separated, lines ended by CR LF, one row for each airing from today to 21 days
+/// ahead.
+void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end);
