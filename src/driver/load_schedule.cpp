@@ -11,17 +11,16 @@ void load_schedule(Schedule& schedule) {
   if (!read_schedule_file(schedule, path)) {
     report_errorf("Unable to open schedule file %s", path);
   }
+  // Nothing after this can reverse an item again: clipping ends an item at a later one's start, and
+  // what fills a gap is as long as the gap.
   remove_reversed_items(schedule);
   if (!fix_schedule_file(schedule)) {
     report_error("Somehow, fixing up the schedule file failed");
   }
-  remove_reversed_items(schedule);
   if (!patch_schedule_default_items(schedule)) {
     report_error("Somehow, patching default items into the schedule failed");
   }
-  remove_reversed_items(schedule);
   if (!compute_unit_times(schedule, static_cast<time_t>(run_options.report_time))) {
     report_error("Somehow, unable to compute schedule unit times");
   }
-  remove_reversed_items(schedule);
 }

@@ -13,14 +13,15 @@ constexpr size_t buffer_size = 64 * 1024;
 LineReader::LineReader(FileDescriptor file, size_t longest_piece)
     : file_(std::move(file)),
       longest_piece_(longest_piece),
-      buffer_(std::max(buffer_size, longest_piece)) {
+      buffer_size_(std::max(buffer_size, longest_piece)),
+      buffer_(std::make_unique_for_overwrite<char[]>(buffer_size_)) {
 }
 
 bool LineReader::read(std::string_view& piece) {
   size_t searched = 0;
   for (;;) {
     const size_t available = std::min(end_ - begin_, longest_piece_);
-    const char* start = buffer_.data() + begin_;
+    const char* start = buffer_.get() + begin_;
     const void* line_feed = std::memchr(start + searched, '\n', available - searched);
     size_t length = available;
     if (line_feed != nullptr) {
@@ -41,10 +42,10 @@ bool LineReader::read(std::string_view& piece) {
 }
 
 void LineReader::refill() {
-  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+  std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
   end_ -= begin_;
   begin_ = 0;
-  const size_t count = read_some(file_.get(), buffer_.data() + end_, buffer_.size() - end_);
+  const size_t count = read_some(file_.get(), buffer_.get() + end_, buffer_size_ - end_);
   end_ += count;
   at_end_ = count == 0;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "platform/file.hpp"
 
@@ -22,7 +22,8 @@ class LineReader {
 
   FileDescriptor file_;
   size_t longest_piece_;
-  std::vector<char> buffer_;
+  size_t buffer_size_;
+  std::unique_ptr<char[]> buffer_;
   size_t begin_ = 0;
   size_t end_ = 0;
   bool at_end_ = false;

@@ -1,5 +1,6 @@
 #include "platform/parse_time.hpp"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
@@ -82,13 +83,16 @@ bool take_separators(Rest& rest) {
 
 /// A run of digits that is `shortest` to `longest` digits long, no more.
 std::optional<int> take_number(Rest& rest, size_t shortest, size_t longest) {
-  const size_t digits = count_digits(rest);
-  if (digits < shortest || digits > longest) {
-    return std::nullopt;
-  }
   int number = 0;
-  for (const char digit : rest.substr(0, digits)) {
-    number = number * 10 + (digit - '0');
+  size_t digits = 0;
+  for (; digits < rest.size() && is_digit(rest[digits]); ++digits) {
+    if (digits == longest) {
+      return std::nullopt;
+    }
+    number = number * 10 + (rest[digits] - '0');
+  }
+  if (digits < shortest) {
+    return std::nullopt;
   }
   rest.remove_prefix(digits);
   return number;
@@ -171,6 +175,9 @@ std::optional<Clock> read_clock(Rest rest) {
 
 /// A weekday is known by its first three letters, whatever letters follow.
 std::optional<int> take_weekday(Rest& rest) {
+  if (rest.empty() || is_digit(rest.front())) {
+    return std::nullopt;
+  }
   const std::string_view word = rest.substr(0, count_letters(rest));
   for (size_t weekday = 0; weekday < weekday_letters.size(); ++weekday) {
     if (word.starts_with(weekday_letters[weekday]) && at_boundary(rest.substr(word.size()))) {
@@ -387,7 +394,6 @@ void fill(std::tm& broken_down, const Date& date, const Clock& clock) {
 /// that they come back as the same number in every type of schedule. A whole number of days is
 /// the end of the day before, hour 24, so that 86400 can end a daily schedule.
 bool read_seconds(Rest rest, std::tm& broken_down, long& microseconds) {
-  const size_t digits = count_digits(rest);
   const std::optional<int> number = take_number(rest, 1, 9);
   if (!number) {
     return false;
@@ -400,7 +406,7 @@ bool read_seconds(Rest rest, std::tm& broken_down, long& microseconds) {
     }
     rest.remove_prefix(fraction.size());
   }
-  if (!rest.empty() || digits == 0) {
+  if (!rest.empty()) {
     return false;
   }
   long days = *number / seconds_per_day;
@@ -423,11 +429,7 @@ bool read_seconds(Rest rest, std::tm& broken_down, long& microseconds) {
   return true;
 }
 
-}  // namespace
-
-bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& microseconds) {
-  const std::string lower = lower_case(strip_blanks(text));
-  Rest rest = lower;
+bool parse_lower_case(Rest rest, std::tm& broken_down, long& microseconds) {
   if (read_seconds(rest, broken_down, microseconds)) {
     return true;
   }
@@ -455,4 +457,20 @@ bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& micr
     microseconds = clock->microseconds;
   }
   return true;
+}
+
+}  // namespace
+
+bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& microseconds) {
+  // Times are short; only one with very many blanks in it needs room of its own.
+  text = strip_blanks(text);
+  std::array<char, 64> short_text;
+  std::string long_text;
+  char* lower = short_text.data();
+  if (text.size() > short_text.size()) {
+    long_text.resize(text.size());
+    lower = long_text.data();
+  }
+  std::transform(text.begin(), text.end(), lower, to_lower);
+  return parse_lower_case(Rest(lower, text.size()), broken_down, microseconds);
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-using Items = std::map<uint64_t, ScheduleItem>;
+using Items = ScheduleItems;
 
 constexpr const char* signature = "bool block_announce_subst(Schedule&)";
 

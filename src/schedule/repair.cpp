@@ -10,7 +10,7 @@
 
 namespace {
 
-using Items = std::map<uint64_t, ScheduleItem>;
+using Items = ScheduleItems;
 
 /// The end of the run of days, beginning with `day`, that have the same default item.
 /// Before the unit times are known a unit counts no days, and every run is a single day: listings

@@ -42,9 +42,12 @@ struct ScheduleBlock {
   std::string announce;  ///< "block", "items" or anything else
 };
 
+/// By start.
+using ScheduleItems = std::map<uint64_t, ScheduleItem>;
+
 struct Schedule {
   std::map<uint64_t, ScheduleBlock> blocks;         ///< by start
-  std::map<uint64_t, ScheduleItem> schedule;        ///< by start: what airs
+  ScheduleItems schedule;                           ///< what airs
   std::string type;                                 ///< a type's text; empty until it is known
   std::array<std::string, default_slots> defaults;  ///< default item of each day of the unit
   std::string global_default;  ///< default item of days without one of their own

@@ -196,7 +196,9 @@ bool read_schedule_file(Schedule& schedule, const char* path) {
   LineReader file(std::move(opened), longest_schedule_line);
   schedule.schedule.clear();
   schedule.type.clear();
-  schedule.defaults.fill(std::string());
+  for (std::string& item : schedule.defaults) {
+    item.clear();
+  }
   std::string_view text;
   while (read_line(file, text)) {
     const ScheduleLine line = classify_schedule_line(text);

@@ -107,3 +107,45 @@ time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seco
   }
   return -1;
 }
+
+UnitClock::UnitClock(const Schedule& schedule) : schedule_(schedule) {
+}
+
+time_t UnitClock::time_of(uint64_t schedule_seconds) {
+  const uint64_t day_number = schedule_seconds / seconds_per_day;
+  if (day_number >= default_slots) {
+    return schedule_seconds_to_time(schedule_, schedule_seconds);
+  }
+  if (day_number >= days_.size()) {
+    days_.resize(day_number + 1);
+  }
+  Day& day = days_[day_number];
+  const uint64_t first_position = day_number * seconds_per_day;
+  if (day.kind == DayKind::unknown) {
+    look_at_day(day, first_position);
+  }
+  if (day.kind == DayKind::irregular) {
+    return schedule_seconds_to_time(schedule_, schedule_seconds);
+  }
+  return day.first_second + static_cast<time_t>(schedule_seconds - first_position);
+}
+
+uint64_t UnitClock::schedule_seconds_of(time_t t) {
+  const std::tm* broken_down = local_.breakdown(t);
+  return broken_down != nullptr ? broken_down_to_schedule_seconds(schedule_.type, *broken_down)
+                                : no_time;
+}
+
+void UnitClock::look_at_day(Day& day, uint64_t first_position) {
+  // A wrong daylight-saving hint shifts a first attempt by the distance of the zone's offsets, at
+  // most across the date line. With no clock change that near, the second attempt is exact.
+  constexpr time_t reach = 27 * 3600;
+  constexpr time_t last_second = seconds_per_day - 1;
+  const time_t first = schedule_seconds_to_time(schedule_, first_position);
+  const time_t last = schedule_seconds_to_time(schedule_, first_position + seconds_per_day - 1);
+  const bool is_plain = first != -1 && last != -1 && last - first == last_second &&
+                        (first < -last_second || first > 0) &&
+                        offset_.holds(first - reach, last + reach);
+  day.kind = is_plain ? DayKind::plain : DayKind::irregular;
+  day.first_second = first;
+}

@@ -50,10 +50,20 @@ bool is_schedule_file(const std::string& path) {
   return !path.empty() && find_schedule_type_of_mime_type(file_type_of(path)) != nullptr;
 }
 
+/// Makes the record of the last subschedule a fresh one. Its thousands of default items keep their
+/// storage for the next: a week may hand hundreds of items to one schedule.
+void forget(Schedule& subschedule) {
+  subschedule.blocks.clear();
+  subschedule.global_default.clear();
+  subschedule.unit_days = 0;
+  subschedule.unit_length = 0;
+}
+
 /// Reads and completes a subschedule. Its own blocks are never announced; instead, those of the
 /// outer schedule are looked at once more, as what an earlier subschedule brought may have
 /// changed what they hold.
 bool prepare(Schedule& subschedule, const char* path, Schedule& outer) {
+  forget(subschedule);
   if (!read_schedule_file(subschedule, path)) {
     return false;
   }
@@ -61,13 +71,10 @@ bool prepare(Schedule& subschedule, const char* path, Schedule& outer) {
   if (!fix_schedule_file(subschedule)) {
     return false;
   }
-  remove_reversed_items(subschedule);
   if (!patch_schedule_default_items(subschedule)) {
     return false;
   }
-  remove_reversed_items(subschedule);
   block_announce_subst(outer);
-  remove_reversed_items(subschedule);
   return true;
 }
 
@@ -78,17 +85,18 @@ uint64_t unit_length_of(const Schedule& schedule) {
 }
 
 /// Where in the outer schedule a time of the subschedule's current unit falls; no_time if nowhere.
-uint64_t position_in_outer(const Schedule& outer, const Schedule& subschedule, uint64_t position) {
-  const time_t t = schedule_seconds_to_time(subschedule, position);
-  return t == -1 ? no_time : time_to_schedule_seconds(outer, t);
+uint64_t position_in_outer(UnitClock& outer, UnitClock& subschedule, uint64_t position) {
+  const time_t t = subschedule.time_of(position);
+  return t == -1 ? no_time : outer.schedule_seconds_of(t);
 }
 
 /// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
-void copy_items(Schedule& outer, const Schedule& subschedule, uint64_t begin, uint64_t end,
-                uint64_t round_end) {
+void copy_items(Schedule& outer, UnitClock& outer_clock, const Schedule& subschedule,
+                uint64_t begin, uint64_t end, uint64_t round_end) {
+  UnitClock subschedule_clock(subschedule);
   for (const auto& [start, item] : subschedule.schedule) {
-    const uint64_t a = position_in_outer(outer, subschedule, item.start);
-    uint64_t b = position_in_outer(outer, subschedule, item.end);
+    const uint64_t a = position_in_outer(outer_clock, subschedule_clock, item.start);
+    uint64_t b = position_in_outer(outer_clock, subschedule_clock, item.end);
     if (a == no_time || b == no_time) {
       continue;
     }
@@ -108,15 +116,16 @@ void copy_items(Schedule& outer, const Schedule& subschedule, uint64_t begin, ui
 }
 
 /// Fills the span of an item that has been taken out, one unit of the subschedule after the other.
-void fill_span(Schedule& outer, Schedule& subschedule, const ScheduleItem& item) {
+void fill_span(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule,
+               const ScheduleItem& item) {
   uint64_t position = item.start;
   while (position < item.end) {
-    const time_t t = schedule_seconds_to_time(outer, position);
+    const time_t t = outer_clock.time_of(position);
     if (t == -1 || !compute_unit_times(subschedule, t)) {
       return;
     }
     // The round ends with the last second of the subschedule's unit, not behind it.
-    uint64_t round_end = time_to_schedule_seconds(outer, subschedule.unit_end);
+    uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
     if (round_end <= position) {
       std::fprintf(stderr, "WARNING: schedule wraparound.\n");
       const uint64_t unit_length = unit_length_of(outer);
@@ -129,16 +138,17 @@ void fill_span(Schedule& outer, Schedule& subschedule, const ScheduleItem& item)
         return;
       }
     }
-    copy_items(outer, subschedule, position, item.end, round_end);
+    copy_items(outer, outer_clock, subschedule, position, item.end, round_end);
     position = round_end;
   }
 }
 
-/// Replaces the item with that key by what the schedule in its file airs. False, with the item in
-/// its place, when that schedule cannot be prepared.
-bool patch_in(Schedule& outer, uint64_t key, uint64_t& resume_at) {
+/// Replaces the item with that key by what the schedule in its file airs. `subschedule` is a record
+/// to work in, and `resume_at` becomes the position at which to go on with the walk. False, with
+/// the item in its place, when that schedule cannot be prepared.
+bool patch_in(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule, uint64_t key,
+              uint64_t& resume_at) {
   const std::string path = outer.schedule.at(key).item;
-  Schedule subschedule;
   resume_at = key + 1;
   if (!prepare(subschedule, path.c_str(), outer)) {
     return false;
@@ -151,7 +161,7 @@ bool patch_in(Schedule& outer, uint64_t key, uint64_t& resume_at) {
   }
   const ScheduleItem item = std::move(found->second);
   outer.schedule.erase(found);
-  fill_span(outer, subschedule, item);
+  fill_span(outer, outer_clock, subschedule, item);
   resume_at = item.end;
   return true;
 }
@@ -163,6 +173,8 @@ bool patch_in_subschedules(Schedule& schedule) {
     std::fprintf(stderr, "patching in subschedules\n");
   }
   arm_watchdog();
+  UnitClock clock(schedule);
+  Schedule subschedule;
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
     if (!is_schedule_file(it->second.item)) {
@@ -171,7 +183,7 @@ bool patch_in_subschedules(Schedule& schedule) {
     }
     // Only keys last: what is patched in and the blocks around it move the items.
     uint64_t resume_at = 0;
-    is_patched = patch_in(schedule, it->first, resume_at) || is_patched;
+    is_patched = patch_in(schedule, clock, subschedule, it->first, resume_at) || is_patched;
     it = schedule.schedule.lower_bound(resume_at);
   }
   cancel_watchdog();

@@ -18,6 +18,27 @@ void append_two_digits(std::string& out, int number) {
   append_padded(out, static_cast<unsigned>(number), 2);
 }
 
+void set_two_digits(char* out, int number) {
+  out[0] = static_cast<char>('0' + number / 10);
+  out[1] = static_cast<char>('0' + number % 10);
+}
+
+/// Sets the digits of a text "YYYY-MM-DD hh:mm:ss"; the year must have four.
+void set_date_and_time(char* out, const std::tm& tm) {
+  const int year = tm.tm_year + 1900;
+  set_two_digits(out, year / 100);
+  set_two_digits(out + 2, year % 100);
+  set_two_digits(out + 5, tm.tm_mon + 1);
+  set_two_digits(out + 8, tm.tm_mday);
+  set_two_digits(out + 11, tm.tm_hour);
+  set_two_digits(out + 14, tm.tm_min);
+  set_two_digits(out + 17, tm.tm_sec);
+}
+
+bool has_usual_year(const std::tm& tm) {
+  return tm.tm_year >= 1000 - 1900 && tm.tm_year <= 9999 - 1900;
+}
+
 }  // namespace
 
 void append_unsigned(std::string& out, uint64_t number) {
@@ -40,6 +61,12 @@ void append_padded(std::string& out, unsigned number, size_t width) {
 }
 
 void append_date_and_time(std::string& out, const std::tm& tm) {
+  if (has_usual_year(tm)) {
+    const size_t begin = out.size();
+    out.append("YYYY-MM-DD hh:mm:ss");
+    set_date_and_time(out.data() + begin, tm);
+    return;
+  }
   append_padded(out, static_cast<unsigned>(tm.tm_year) + 1900, 4);
   out += '-';
   append_two_digits(out, tm.tm_mon + 1);
@@ -51,4 +78,22 @@ void append_date_and_time(std::string& out, const std::tm& tm) {
   append_two_digits(out, tm.tm_min);
   out += ':';
   append_two_digits(out, tm.tm_sec);
+}
+
+void append_iso8601(std::string& out, const std::tm& tm) {
+  if (has_usual_year(tm)) {
+    const size_t begin = out.size();
+    out.append("YYYY-MM-DDThh:mm:ss+hhmm");
+    char* text = out.data() + begin;
+    set_date_and_time(text, tm);
+    // A zone without a known offset calls itself "-00" and is shown as "-0000".
+    const bool is_west = tm.tm_gmtoff < 0 || (tm.tm_gmtoff == 0 && tm.tm_zone[0] == '-');
+    const auto minutes = static_cast<int>((is_west ? -tm.tm_gmtoff : tm.tm_gmtoff) / 60);
+    text[19] = is_west ? '-' : '+';
+    set_two_digits(text + 20, minutes / 60);
+    set_two_digits(text + 22, minutes % 60);
+    return;
+  }
+  std::array<char, 256> text{};
+  out.append(text.data(), std::strftime(text.data(), text.size(), "%FT%T%z", &tm));
 }

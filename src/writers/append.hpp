@@ -21,3 +21,6 @@ void append_padded(std::string& out, unsigned number, size_t width);
 
 /// "YYYY-MM-DD hh:mm:ss" (ISO 8601 with a blank for the T).
 void append_date_and_time(std::string& out, const std::tm& tm);
+
+/// "YYYY-MM-DDThh:mm:ss+hhmm" (ISO 8601).
+void append_iso8601(std::string& out, const std::tm& tm);

@@ -24,15 +24,14 @@ namespace {
 /// Endings that a file name loses where it stands for a title; all are four characters long.
 constexpr std::array<std::string_view, 3> video_endings = {".mp4", ".mov", ".avi"};
 
-std::tm local_time(time_t t, const char* expression) {
-  std::tm tm{};
-  const bool is_known = localtime_r(&t, &tm) != nullptr;
-  INVARIANT_OF("void print_to_html(Schedule&, time_t, time_t)", is_known, expression);
-  return tm;
+std::tm local_time(UnitClock& clock, time_t t, const char* expression) {
+  const std::tm* tm = clock.breakdown(t);
+  INVARIANT_OF("void print_to_html(Schedule&, time_t, time_t)", tm != nullptr, expression);
+  return *tm;
 }
 
-void append_head(std::string& out, const Schedule& schedule) {
-  const std::tm tm = local_time(static_cast<time_t>(run_options.report_time), "tm != NULL");
+void append_head(std::string& out, const Schedule& schedule, UnitClock& clock) {
+  const std::tm tm = local_time(clock, static_cast<time_t>(run_options.report_time), "tm != NULL");
   append(out, page_opening);
   append_xml_escaped(out, schedule.type.c_str());
   append(out, " schedule (as of ");
@@ -53,22 +52,23 @@ void append_head(std::string& out, const Schedule& schedule) {
 }
 
 /// "Sunday, March 3rd", with what stands behind the day's name.
-void append_heading_date(std::string& out, time_t t, std::string_view behind_day_name) {
-  const std::tm tm = local_time(t, "tm != NULL");
+void append_heading_date(std::string& out, UnitClock& clock, time_t t,
+                         std::string_view behind_day_name) {
+  const std::tm tm = local_time(clock, t, "tm != NULL");
   append(out, "<span class=\"neversplit\">", day_name(tm.tm_wday), behind_day_name,
          month_name(tm.tm_mon), " ");
   append_signed(out, tm.tm_mday);
   append(out, ordinal_suffix(tm.tm_mday), "</span>");
 }
 
-void append_heading(std::string& out, const Schedule& schedule, time_t window_start,
-                    time_t window_end) {
+void append_heading(std::string& out, const Schedule& schedule, UnitClock& clock,
+                    time_t window_start, time_t window_end) {
   append(out, "    <h1 class=\"schedhead\"><span class=\"schedheadtype neversplit\">");
   append_xml_escaped(out, upper_case(schedule.type).c_str());
   append(out, " SCHEDULE</span><br><span class=\"schedheaddate\">\n");
-  append_heading_date(out, window_start, " ");
+  append_heading_date(out, clock, window_start, " ");
   append(out, " - ");
-  append_heading_date(out, window_end, ", ");
+  append_heading_date(out, clock, window_end, ", ");
   append(out, "</span></h1>\n<div class=\"schedheadbtmborder\"></div>");
 }
 
@@ -178,15 +178,15 @@ class DayStart {
   time_t start_ = 0;
 };
 
-void append_days(std::string& out, const Schedule& schedule, time_t window_start,
+void append_days(std::string& out, const Schedule& schedule, UnitClock& clock, time_t window_start,
                  time_t window_end) {
   bool is_table_open = false;
   time_t current_day = 0;
   DayStart day_start;
   SecondsRule seconds;
   ItemMetadataSlots slots;
-  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t t) {
-    const std::tm start = local_time(t, "ptm != NULL");
+  walk_items(schedule, clock, window_start, window_end, [&](const ScheduleItem& item, time_t t) {
+    const std::tm start = local_time(clock, t, "ptm != NULL");
     const time_t day = day_start.of(t, start);
     if (day != current_day) {
       append(out, is_table_open ? "    </table>\n" : "");
@@ -194,8 +194,8 @@ void append_days(std::string& out, const Schedule& schedule, time_t window_start
     }
     const ItemMetadata metadata = read_item_metadata(slots, item);
     if (metadata.announce >= 1) {
-      const time_t end = schedule_seconds_to_time(schedule, item.end);
-      append_row(out, item, metadata, start, local_time(end, "ptm != NULL"), seconds);
+      const std::tm end = local_time(clock, clock.time_of(item.end), "ptm != NULL");
+      append_row(out, item, metadata, start, end, seconds);
     }
     slots.release();
     current_day = day;
@@ -209,9 +209,10 @@ void append_days(std::string& out, const Schedule& schedule, time_t window_start
 
 void print_to_html(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
-  append_head(out, schedule);
-  append_heading(out, schedule, window_start, window_end);
-  append_days(out, schedule, window_start, window_end);
+  UnitClock clock(schedule);
+  append_head(out, schedule, clock);
+  append_heading(out, schedule, clock, window_start, window_end);
+  append_days(out, schedule, clock, window_start, window_end);
   append(out, page_closing);
   write_output(out);
 }

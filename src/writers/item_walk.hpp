@@ -16,10 +16,12 @@ bool item_in_window(const Schedule& schedule, time_t window_start, time_t window
                     uint64_t start);
 
 /// Calls visit(item, time of its start) for each item in the report window, in airing order.
+/// `clock` is the schedule's own.
 template <typename Visit>
-void walk_items(const Schedule& schedule, time_t window_start, time_t window_end, Visit visit) {
+void walk_items(const Schedule& schedule, UnitClock& clock, time_t window_start, time_t window_end,
+                Visit visit) {
   for (const auto& [start, item] : schedule.schedule) {
-    const time_t t = schedule_seconds_to_time(schedule, start);
+    const time_t t = clock.time_of(start);
     if (time_in_window(t, window_start, window_end)) {
       visit(item, t);
     }

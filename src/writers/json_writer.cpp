@@ -24,18 +24,26 @@ namespace {
 /// Length of the mount point that every media path begins with, "/mnt/main/".
 constexpr size_t mount_point_length = 10;
 
-/// A number as "%.17g" prints it.
-void append_number(std::string& out, double number) {
+/// A time as the JSON number that "%.17g" prints of it.
+template <typename Seconds>
+void append_seconds(std::string& out, Seconds seconds) {
+  constexpr auto largest_exact = static_cast<Seconds>(1) << 53U;
+  if (seconds<largest_exact&& static_cast<int64_t>(seconds)> - int64_t{largest_exact}) {
+    append_signed(out, static_cast<int64_t>(seconds));
+    return;
+  }
   std::array<char, 40> text{};
-  const int length = std::snprintf(text.data(), text.size(), "%.17g", number);
+  const int length = std::snprintf(text.data(), text.size(), "%.17g", static_cast<double>(seconds));
   out.append(text.data(), static_cast<size_t>(length));
 }
 
-void append_time(std::string& out, time_t t) {
-  append(out, "{\"iso8601\": ");
-  append_json_string(out, time_to_iso8601(t));
-  append(out, ", \"unix\": ");
-  append_number(out, static_cast<double>(t));
+void append_time(std::string& out, UnitClock& clock, time_t t) {
+  append(out, "{\"iso8601\": \"");
+  if (const std::tm* tm = clock.breakdown(t)) {
+    append_iso8601(out, *tm);
+  }
+  append(out, "\", \"unix\": ");
+  append_seconds(out, t);
   append(out, "}");
 }
 
@@ -50,7 +58,7 @@ void append_report_time(std::string& out) {
   append(out, ", \"timezone\": ");
   append_json_string(out, is_known ? tm.tm_zone : "");
   append(out, ", \"unix\": ");
-  append_number(out, static_cast<double>(run_options.report_time));
+  append_seconds(out, run_options.report_time);
   append(out, "}");
 }
 
@@ -80,14 +88,14 @@ void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
   append(out, "}");
 }
 
-void append_item(std::string& out, const ScheduleItem& item, time_t start, time_t end,
+void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, time_t start,
                  ItemMetadataSlots& slots) {
   const ItemMetadata metadata = read_item_metadata(slots, item);
   const std::string_view path = item.item;
   append(out, "{\"announce\": ");
   append_signed(out, metadata.announce);
   append(out, ", \"default\": ", item.is_default ? "true" : "false", ", \"end_unix\": ");
-  append_time(out, end);
+  append_time(out, clock, clock.time_of(item.end));
   append(out, ", \"label\": ");
   append_json_string(out, item.label);
   append(out, ", \"metadata\": ");
@@ -97,7 +105,7 @@ void append_item(std::string& out, const ScheduleItem& item, time_t start, time_
   append(out, ", \"opath\": ");
   append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
   append(out, ", \"start_unix\": ");
-  append_time(out, start);
+  append_time(out, clock, start);
   append(out, "}");
   slots.release();
 }
@@ -106,20 +114,22 @@ void append_item(std::string& out, const ScheduleItem& item, time_t start, time_
 
 void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
+  UnitClock clock(schedule);
   append(out, "{\"end_unix\": ");
-  append_time(out, window_end);
+  append_time(out, clock, window_end);
   append(out, ", \"items\": [");
   ItemMetadataSlots slots;
   const char* separator = "";
-  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t start) {
-    append(out, separator);
-    append_item(out, item, start, schedule_seconds_to_time(schedule, item.end), slots);
-    separator = ", ";
-  });
+  walk_items(schedule, clock, window_start, window_end,
+             [&](const ScheduleItem& item, time_t start) {
+               append(out, separator);
+               append_item(out, clock, item, start, slots);
+               separator = ", ";
+             });
   append(out, "], \"reporttime\": ");
   append_report_time(out);
   append(out, ", \"start_unix\": ");
-  append_time(out, window_start);
+  append_time(out, clock, window_start);
   append(out, "}\n");
   write_output(out);
 }

@@ -49,38 +49,62 @@ inline MetadataMap listing_metadata(metadata_v4_metadata_context* set) {
   return std::move(collector.map);
 }
 
+/// The nearest whole minute, half a minute up.
+inline time_t rounded_to_minute(UnitClock& clock, time_t t) {
+  const std::tm* tm = clock.breakdown(t + 30);
+  return tm != nullptr ? t + 30 - tm->tm_sec : t + 30;
+}
+
+/// Whether the airing expansion leaves an item as it is: it lies within one local day, or has no
+/// end that could be reached.
+inline bool is_one_piece(UnitClock& clock, time_t start, time_t end) {
+  if (end < start) {  // -1, no time, included
+    return true;
+  }
+  const std::tm* tm = clock.breakdown(start);
+  const int year = tm != nullptr ? tm->tm_year : 0;
+  const int day_of_year = tm != nullptr ? tm->tm_yday : -1;
+  const std::tm* last = clock.breakdown(end);
+  return last != nullptr && last->tm_year == year && last->tm_yday == day_of_year;
+}
+
 /// The rows of all announced items in the report window, in airing order: for each piece of an
-/// item what make_row(schedule, piece, metadata) makes of it.
+/// item what make_row(schedule, piece, metadata) makes of it, with its times rounded to whole
+/// minutes. A piece that has no length then, as most have on a channel of short clips, makes none.
 template <typename MakeRow>
 auto collect_rows(Schedule& schedule, time_t window_start, time_t window_end, MakeRow make_row) {
-  std::vector<decltype(make_row(schedule, ScheduleItem(), MetadataMap()))> rows;
+  using Row = decltype(make_row(schedule, ScheduleItem(), MetadataMap()));
+  std::vector<Row> rows;
+  UnitClock clock(schedule);
   ItemMetadataSlots slots;
-  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t) {
-    const ItemMetadata metadata = read_item_metadata(slots, item);
-    if (metadata.announce >= 1) {
-      const MetadataMap names = listing_metadata(slots.set);
-      ScheduleItem rest = item;
-      for (const ScheduleItem& piece : expand_airing(schedule, rest)) {
-        rows.push_back(make_row(schedule, piece, names));
-      }
+  const auto add_row = [&](const ScheduleItem& piece) {
+    const time_t start = rounded_to_minute(clock, clock.time_of(piece.start));
+    const time_t end = rounded_to_minute(clock, clock.time_of(piece.end));
+    if (start != end) {
+      Row& row = rows.emplace_back(make_row(schedule, piece, listing_metadata(slots.set)));
+      row.start = start;
+      row.end = end;
     }
-    slots.release();
-  });
+  };
+  walk_items(schedule, clock, window_start, window_end,
+             [&](const ScheduleItem& item, time_t start) {
+               const ItemMetadata metadata = read_item_metadata(slots, item);
+               if (metadata.announce >= 1 && is_one_piece(clock, start, clock.time_of(item.end))) {
+                 add_row(item);
+               } else if (metadata.announce >= 1) {
+                 ScheduleItem rest = item;
+                 for (const ScheduleItem& piece : expand_airing(schedule, rest)) {
+                   add_row(piece);
+                 }
+               }
+               slots.release();
+             });
   return rows;
 }
 
 template <typename Row>
 time_t lasts(const Row& row) {
   return row.end - row.start;
-}
-
-/// Rounds both times to the nearest whole minute, half a minute up.
-template <typename Row>
-void round_to_minutes(std::vector<Row>& rows) {
-  for (Row& row : rows) {
-    row.start = calendar_start_of_minute(row.start + 30);
-    row.end = calendar_start_of_minute(row.end + 30);
-  }
 }
 
 /// Folds runs of short rows that follow each other without a gap into one row each, until it is
@@ -138,11 +162,10 @@ void close_gaps(std::vector<Row>& rows) {
   }
 }
 
-/// Whole minutes, no rows of less than five, no small gaps and no overlaps.
+/// Makes of rows in whole minutes a listing without rows of less than five, small gaps and
+/// overlaps.
 template <typename Row>
 void clean_rows(std::vector<Row>& rows, std::span<std::string Row::*const> joined) {
-  round_to_minutes(rows);
-  std::erase_if(rows, [](const Row& row) { return row.start == row.end; });
   merge_short_rows(rows, joined);
   stretch_short_rows(rows);
   std::erase_if(rows, [](const Row& row) { return lasts(row) < shortest_row; });

@@ -14,24 +14,24 @@
 
 namespace {
 
-std::tm local_time(time_t t) {
-  std::tm tm{};
-  const bool is_known = localtime_r(&t, &tm) != nullptr;
-  INVARIANT_OF("void print_to_xml(Schedule&, time_t, time_t)", is_known, "tm != NULL");
-  return tm;
+const std::tm& local_time(UnitClock& clock, time_t t) {
+  const std::tm* tm = clock.breakdown(t);
+  INVARIANT_OF("void print_to_xml(Schedule&, time_t, time_t)", tm != nullptr, "tm != NULL");
+  return *tm;
 }
 
 /// `<NAME unix="T">date and time</NAME>`; a time of -1 shows as the largest unsigned number.
-void append_time(std::string& out, std::string_view indent, std::string_view name, time_t t) {
+void append_time(std::string& out, UnitClock& clock, std::string_view indent, std::string_view name,
+                 time_t t) {
   append(out, indent, "<", name, " unix=\"");
   append_unsigned(out, static_cast<uint64_t>(t));
   append(out, "\">");
-  append_date_and_time(out, local_time(t));
+  append_date_and_time(out, local_time(clock, t));
   append(out, "</", name, ">\n");
 }
 
-void append_report_time(std::string& out) {
-  const std::tm tm = local_time(static_cast<time_t>(run_options.report_time));
+void append_report_time(std::string& out, UnitClock& clock) {
+  const std::tm& tm = local_time(clock, static_cast<time_t>(run_options.report_time));
   append(out, "  <reporttime unix=\"");
   append_unsigned(out, run_options.report_time);
   append(out, "\" gmt_offset_seconds=\"");
@@ -43,14 +43,14 @@ void append_report_time(std::string& out) {
   append(out, "</reporttime>\n");
 }
 
-void append_head(std::string& out, const Schedule& schedule, time_t window_start,
+void append_head(std::string& out, const Schedule& schedule, UnitClock& clock, time_t window_start,
                  time_t window_end) {
   append(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<schedule>\n  <type>");
   append_xml_escaped(out, schedule.type.c_str());
   append(out, "</type>\n");
-  append_report_time(out);
-  append_time(out, "  ", "start", window_start);
-  append_time(out, "  ", "end", window_end);
+  append_report_time(out, clock);
+  append_time(out, clock, "  ", "start", window_start);
+  append_time(out, clock, "  ", "end", window_end);
   append(out, "  <list>\n");
 }
 
@@ -93,19 +93,21 @@ void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
 
 void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
-  append_head(out, schedule, window_start, window_end);
+  UnitClock clock(schedule);
+  append_head(out, schedule, clock, window_start, window_end);
   ItemMetadataSlots slots;
-  walk_items(schedule, window_start, window_end, [&](const ScheduleItem& item, time_t start) {
-    const ItemMetadata metadata = read_item_metadata(slots, item);
-    append(out, "    <entry>\n");
-    append_time(out, "      ", "start", start);
-    append_time(out, "      ", "end", schedule_seconds_to_time(schedule, item.end));
-    append_item(out, item, metadata.announce > 0);
-    append_metadata(out, slots.set);
-    append(out, "    </entry>\n");
-    slots.release();
-    write_output_when_large(out);
-  });
+  walk_items(schedule, clock, window_start, window_end,
+             [&](const ScheduleItem& item, time_t start) {
+               const ItemMetadata metadata = read_item_metadata(slots, item);
+               append(out, "    <entry>\n");
+               append_time(out, clock, "      ", "start", start);
+               append_time(out, clock, "      ", "end", clock.time_of(item.end));
+               append_item(out, item, metadata.announce > 0);
+               append_metadata(out, slots.set);
+               append(out, "    </entry>\n");
+               slots.release();
+               write_output_when_large(out);
+             });
   append(out, "  </list>\n</schedule>\n");
   write_output(out);
 }

@@ -2,15 +2,14 @@
 
 #include <fileref.h>
 #include <mp4file.h>
-#include <tfilestream.h>
 #include <tpropertymap.h>
-#include <unistd.h>
 
 #include <array>
 #include <map>
 #include <string_view>
 #include <utility>
 
+#include "platform/standalone/media_stream.hpp"
 #include "platform/text.hpp"
 
 namespace {
@@ -41,16 +40,6 @@ void add_values(Tags& tags, const std::string& name, const TagLib::StringList& v
   }
 }
 
-/// A stream with a name, from whose extension the library may take the format.
-class NamedStream : public TagLib::FileStream {
- public:
-  NamedStream(int fd, std::string name) : FileStream(fd, true), name_(std::move(name)) {}
-  TagLib::FileName name() const override { return name_.c_str(); }
-
- private:
-  std::string name_;
-};
-
 Tags tags_of(TagLib::File& file) {
   Tags tags;
   for (const auto& [tag, values] : file.properties()) {
@@ -77,11 +66,7 @@ Tags read_tags(int fd, const std::string& name) {
     if (!name_to_go_by.empty() && !has_known_extension(name)) {
       break;
     }
-    // The library closes the descriptor of its stream.
-    NamedStream stream(dup(fd), name_to_go_by);
-    if (!stream.isOpen()) {
-      break;
-    }
+    MediaStream stream(fd, name_to_go_by);
     const TagLib::FileRef file(&stream, read_audio_properties);
     if (file.file() != nullptr) {
       return tags_of(*file.file());

@@ -3,28 +3,45 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstring>
-#include <deque>
+#include <functional>
 #include <memory>
 #include <new>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/file.hpp"
 #include "platform/metadata_v4.h"
 #include "platform/standalone/file_metadata.hpp"
+#include "platform/text.hpp"
 
 namespace {
 
 /// An open directory, or the knowledge that it cannot be opened.
 using Directory = std::shared_ptr<const FileDescriptor>;
 
-/// What the run has read so far. A schedule airs the same clip hundreds of times, so each path is
-/// read once, and the files of one directory share a handle on it.
+/// What the run knows of one path. A schedule airs the same clip hundreds of times; each path is
+/// looked up once in a table and read once from the disk.
+struct KnownFile {
+  std::string name;
+  std::weak_ptr<const FileDescriptor> directory;
+  bool is_read = false;
+  std::shared_ptr<const FileMetadata> metadata;  ///< null once read: there is none
+};
+
+/// Lets tables be searched for a text that is no std::string.
+struct HashText {
+  using is_transparent = void;
+  size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+};
+
+template <typename Value>
+using TextTable = std::unordered_map<std::string, Value, HashText, std::equal_to<>>;
+
 struct Cache {
-  std::unordered_map<std::string, Directory> directories;
-  std::unordered_map<std::string, std::shared_ptr<const FileMetadata>> files;
+  TextTable<Directory> directories;
+  TextTable<KnownFile> files;
 };
 
 /// Handles kept open at a time, well below what a process may have.
@@ -35,7 +52,17 @@ Cache& cache() {
   return instance;
 }
 
-Directory open_directory(const std::string& path) {
+/// The directory part of a path: "." for a bare name.
+std::string_view directory_of(std::string_view path) {
+  const size_t slash = path.rfind('/');
+  if (slash == std::string_view::npos) {
+    return ".";
+  }
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// The files of one directory share a handle on it.
+Directory open_directory(std::string_view path) {
   auto& directories = cache().directories;
   const auto known = directories.find(path);
   if (known != directories.end()) {
@@ -44,26 +71,28 @@ Directory open_directory(const std::string& path) {
   if (directories.size() >= most_directories) {
     directories.clear();
   }
+  const std::string name(path);
   auto directory = std::make_shared<const FileDescriptor>(
-      ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
-  directories.emplace(path, directory);
+      ::open(name.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
+  directories.emplace(name, directory);
   return directory;
 }
 
-/// The directory part of a path: "." for a bare name.
-std::string directory_of(std::string_view path) {
-  const size_t slash = path.rfind('/');
-  if (slash == std::string_view::npos) {
-    return ".";
+KnownFile& known_file(std::string_view path) {
+  auto& files = cache().files;
+  const auto known = files.find(path);
+  if (known != files.end()) {
+    return known->second;
   }
-  return slash == 0 ? "/" : std::string(path.substr(0, slash));
+  KnownFile& file = files[std::string(path)];
+  file.name = file_name_of(path);
+  return file;
 }
 
 struct FileContext : metadata_v4_context {
   FileContext() : metadata_v4_context{METADATA_V4_READ_WHILE_BINDING, -1} {}
 
-  std::string path;
-  std::string name;
+  KnownFile* file = nullptr;  ///< owned by the cache, which lasts as long as the process
   Directory opened;
 };
 
@@ -72,19 +101,17 @@ struct MetadataSet : metadata_v4_metadata_context {
   MetadataSet() : metadata_v4_metadata_context{0} {}
 
   std::shared_ptr<const FileMetadata> file;
-  std::deque<MetadataEntry> added;
+  std::vector<std::unique_ptr<const MetadataEntry>> added;
   metadata_v4_entry entry_read{};
 };
 
-std::shared_ptr<const FileMetadata> metadata_of(const FileContext& context) {
-  auto& files = cache().files;
-  const auto known = files.find(context.path);
-  if (known != files.end()) {
-    return known->second;
+const std::shared_ptr<const FileMetadata>& metadata_of(const FileContext& context) {
+  KnownFile& file = *context.file;
+  if (!file.is_read) {
+    file.metadata = read_file_metadata(context.opened->get(), file.name);
+    file.is_read = true;
   }
-  auto metadata = read_file_metadata(context.opened->get(), context.name);
-  files.emplace(context.path, metadata);
-  return metadata;
+  return file.metadata;
 }
 
 FileContext* as_file_context(metadata_v4_context* context) {
@@ -100,7 +127,7 @@ const MetadataEntry* entry_at(const MetadataSet& set, int32_t index) {
     return nullptr;
   }
   const auto position = static_cast<size_t>(index);
-  return set.file ? &set.file->entries[position] : &set.added[position];
+  return set.file ? &set.file->entries[position] : set.added[position].get();
 }
 
 std::string_view text_of(const char* text, size_t length) {
@@ -114,20 +141,24 @@ metadata_v4_context* metadata_v4_context_create(void) {
 }
 
 int metadata_v4_context_set_file_location(metadata_v4_context* context, const char* path) {
-  FileContext& file = *as_file_context(context);
+  FileContext& own = *as_file_context(context);
   const std::string_view location = path;
   if (location.empty() || location.back() == '/') {
     return -1;
   }
-  file.opened = open_directory(directory_of(location));
-  file.directory = file.opened->get();
-  if (!file.opened->is_open()) {
+  KnownFile& file = known_file(location);
+  own.opened = file.directory.lock();
+  if (!own.opened) {
+    own.opened = open_directory(directory_of(location));
+    file.directory = own.opened;
+  }
+  own.directory = own.opened->get();
+  if (!own.opened->is_open()) {
     return -1;
   }
-  file.path = location;
-  file.name = location.substr(location.rfind('/') + 1);
-  if ((file.options & METADATA_V4_READ_WHILE_BINDING) != 0) {
-    metadata_of(file);
+  own.file = &file;
+  if ((own.options & METADATA_V4_READ_WHILE_BINDING) != 0) {
+    metadata_of(own);
   }
   return 0;
 }
@@ -146,8 +177,8 @@ int metadata_v4_metadata_context_add_name_value_pair(metadata_v4_metadata_contex
                                                      const char* value, size_t value_length,
                                                      int32_t group) {
   auto& added = as_metadata_set(set)->added;
-  added.push_back(
-      {std::string(text_of(name, name_length)), std::string(text_of(value, value_length)), group});
+  added.push_back(std::make_unique<const MetadataEntry>(MetadataEntry{
+      std::string(text_of(name, name_length)), std::string(text_of(value, value_length)), group}));
   set->entry_count = static_cast<int32_t>(added.size());
   return 0;
 }
@@ -155,7 +186,7 @@ int metadata_v4_metadata_context_add_name_value_pair(metadata_v4_metadata_contex
 metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4_context* context,
                                                                      int /*flags*/,
                                                                      void* /*reserved*/) {
-  const std::shared_ptr<const FileMetadata> file = metadata_of(*as_file_context(context));
+  const auto& file = metadata_of(*as_file_context(context));
   if (!file) {
     return nullptr;
   }

@@ -1,9 +1,7 @@
 #include "platform/standalone/mime_type.hpp"
 
 #include <magic.h>
-#include <unistd.h>
 
-#include <memory>
 #include <optional>
 
 #include "platform/file.hpp"
@@ -17,24 +15,19 @@ constexpr size_t head_size = 4 * 1024;
 constexpr size_t schedule_head_size = 64 * 1024;
 constexpr const char* unknown_type = "application/octet-stream";
 
-struct CloseMagic {
-  void operator()(magic_set* magic) const { magic_close(magic); }
-};
-
-/// libmagic with its database, loaded when the first file needs it and kept for the run.
-magic_set* loaded_magic() {
-  static const std::unique_ptr<magic_set, CloseMagic> magic = [] {
-    std::unique_ptr<magic_set, CloseMagic> opened(magic_open(MAGIC_MIME_TYPE));
-    if (opened && magic_load(opened.get(), nullptr) != 0) {
-      opened.reset();
-    }
-    return opened;
-  }();
-  return magic.get();
+/// libmagic with its database, or null. Taking it down again would cost as much as a file: the
+/// process's end does it for nothing.
+magic_set* load_magic() {
+  magic_set* magic = magic_open(MAGIC_MIME_TYPE);
+  if (magic != nullptr && magic_load(magic, nullptr) != 0) {
+    magic_close(magic);
+    return nullptr;
+  }
+  return magic;
 }
 
 std::string ask_magic(std::string_view content) {
-  magic_set* magic = loaded_magic();
+  static magic_set* const magic = load_magic();  // when the first file needs it
   const char* type =
       magic != nullptr ? magic_buffer(magic, content.data(), content.size()) : nullptr;
   return type != nullptr ? type : unknown_type;

@@ -1,0 +1,4 @@
+// What starting any program with these libraries costs.
+int main() {
+  return 0;
+}

@@ -1,0 +1,27 @@
+// A CGI program that prints the page in the file "page.html" beside it, and does nothing else.
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/file.hpp"
+
+int main() {
+  constexpr std::string_view header = "Content-Type: text/html\n\n";
+  static char response[1024 * 1024];
+  std::ranges::copy(header, response);
+  const FileDescriptor page = open_regular_file(AT_FDCWD, "page.html");
+  const size_t size = header.size() + read_fully(page.get(), response + header.size(),
+                                                 sizeof response - header.size());
+  for (size_t written = 0; written < size;) {
+    const ssize_t count = write(STDOUT_FILENO, response + written, size - written);
+    if (count <= 0) {
+      return EXIT_FAILURE;
+    }
+    written += static_cast<size_t>(count);
+  }
+  return EXIT_SUCCESS;
+}

@@ -1,0 +1,95 @@
+#include "platform/standalone/media_stream.hpp"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr size_t buffer_size = 8 * 1024;
+
+size_t read_at(int fd, char* bytes, size_t size, long offset) {
+  const ssize_t count = ::pread(fd, bytes, size, offset);
+  return count > 0 ? static_cast<size_t>(count) : 0;
+}
+
+}  // namespace
+
+MediaStream::MediaStream(int fd, std::string name) : fd_(fd), name_(std::move(name)) {
+  struct stat status {};
+  if (fstat(fd, &status) == 0) {
+    length_ = status.st_size;
+  }
+}
+
+TagLib::FileName MediaStream::name() const {
+  return name_.c_str();
+}
+
+TagLib::ByteVector MediaStream::readBlock(unsigned long length) {
+  // A damaged file may ask for more than there is.
+  const long left = std::max(length_ - position_, 0L);
+  const auto wanted = static_cast<size_t>(std::min(length, static_cast<unsigned long>(left)));
+  if (wanted > buffer_size) {
+    TagLib::ByteVector block(static_cast<unsigned>(wanted), '\0');
+    block.resize(static_cast<unsigned>(read_at(fd_, block.data(), wanted, position_)));
+    position_ += static_cast<long>(block.size());
+    return block;
+  }
+  const long buffer_end = buffer_start_ + static_cast<long>(buffer_.size());
+  if (position_ < buffer_start_ || position_ + static_cast<long>(wanted) > buffer_end) {
+    buffer_.resize(buffer_size);
+    buffer_.resize(read_at(fd_, buffer_.data(), buffer_size, position_));
+    buffer_start_ = position_;
+  }
+  const auto begin = static_cast<size_t>(position_ - buffer_start_);
+  const size_t count = std::min(wanted, buffer_.size() - begin);
+  position_ += static_cast<long>(count);
+  return {buffer_.data() + begin, static_cast<unsigned>(count)};
+}
+
+void MediaStream::writeBlock(const TagLib::ByteVector& /*data*/) {
+}
+
+void MediaStream::insert(const TagLib::ByteVector& /*data*/, unsigned long /*start*/,
+                         unsigned long /*replace*/) {
+}
+
+void MediaStream::removeBlock(unsigned long /*start*/, unsigned long /*length*/) {
+}
+
+bool MediaStream::readOnly() const {
+  return true;
+}
+
+bool MediaStream::isOpen() const {
+  return true;
+}
+
+void MediaStream::seek(long offset, Position from) {
+  long start = 0;
+  if (from == Current) {
+    start = position_;
+  } else if (from == End) {
+    start = length_;
+  }
+  if (start + offset >= 0) {
+    position_ = start + offset;
+  }
+}
+
+void MediaStream::clear() {
+}
+
+long MediaStream::tell() const {
+  return position_;
+}
+
+long MediaStream::length() {
+  return length_;
+}
+
+void MediaStream::truncate(long /*length*/) {
+}

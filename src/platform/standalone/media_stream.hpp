@@ -1,0 +1,35 @@
+#pragma once
+
+#include <tiostream.h>
+
+#include <string>
+
+/// A media file as the tag library reads it: through one descriptor, which stays the caller's, and
+/// one buffer, with no system call for a change of place. The library's own stream makes some
+/// eighty for a small file. Writing does nothing.
+class MediaStream : public TagLib::IOStream {
+ public:
+  /// The library takes the format from the name's extension, or from the content without a name.
+  MediaStream(int fd, std::string name);
+
+  TagLib::FileName name() const override;
+  TagLib::ByteVector readBlock(unsigned long length) override;
+  void writeBlock(const TagLib::ByteVector& data) override;
+  void insert(const TagLib::ByteVector& data, unsigned long start, unsigned long replace) override;
+  void removeBlock(unsigned long start, unsigned long length) override;
+  bool readOnly() const override;
+  bool isOpen() const override;
+  void seek(long offset, Position from) override;
+  void clear() override;
+  long tell() const override;
+  long length() override;
+  void truncate(long length) override;
+
+ private:
+  int fd_;
+  std::string name_;
+  long length_ = 0;
+  long position_ = 0;
+  std::string buffer_;
+  long buffer_start_ = 0;
+};
