@@ -54,12 +54,13 @@ void extract_entry(ItemMetadata& metadata, const metadata_v4_entry& entry) {
   if (entry.name == nullptr || entry.value == nullptr) {
     return;
   }
-  if (entry.name == announce_name) {
+  const std::string_view name = entry.name;
+  if (name == announce_name) {
     metadata.announce = announce_of(entry.value);
     return;
   }
   for (const TextField& text : text_fields) {
-    if (entry.name == text.name) {
+    if (name == text.name) {
       metadata.*text.field = entry.value;
       return;
     }
@@ -88,19 +89,24 @@ void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*
                               : set_from_play_log(item);
 }
 
+void extract_entries(ItemMetadata& metadata, metadata_v4_metadata_context* set) {
+  for_each_entry(set, [&](const metadata_v4_entry& entry) { extract_entry(metadata, entry); });
+}
+
+int32_t derive_announce(const ItemMetadata& metadata, bool is_default, const ScheduleItem& item) {
+  if (item.is_block) {
+    return item.block_announce ? 1 : 0;
+  }
+  if (metadata.announce >= 0) {
+    return metadata.announce;
+  }
+  return !is_default && is_announced_by_itself(metadata, item) ? 1 : 0;
+}
+
 void extract_item_metadata(ItemMetadata& metadata, metadata_v4_metadata_context* set,
                            bool is_default, const ScheduleItem& item) {
-  const bool has_entries = set != nullptr && set->entry_count > 0;
-  if (item.is_block) {
-    metadata.announce = item.block_announce ? 1 : 0;
-    if (!has_entries) {
-      return;
-    }
-  }
-  for_each_entry(set, [&](const metadata_v4_entry& entry) { extract_entry(metadata, entry); });
-  if (metadata.announce < 0) {
-    metadata.announce = !is_default && is_announced_by_itself(metadata, item) ? 1 : 0;
-  }
+  extract_entries(metadata, set);
+  metadata.announce = derive_announce(metadata, is_default, item);
 }
 
 void ItemMetadataSlots::release() {

@@ -24,9 +24,15 @@ struct ItemMetadata {
 void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*& context,
                         const char* path, const ScheduleItem& item);
 
-/// Fills in what is known of an item; `set` may be null. An announce flag that nothing sets is
-/// derived: default items are not announced, items with an event id, a label or a video or audio
-/// file are.
+/// Fills in what the entries of a set say; `set` may be null.
+void extract_entries(ItemMetadata& metadata, metadata_v4_metadata_context* set);
+
+/// Whether an item is announced: a block as it says itself, any other as its metadata says or, when
+/// that says nothing, if it has an event id, a label or a video or audio file and is no default
+/// item. 0 or 1.
+int32_t derive_announce(const ItemMetadata& metadata, bool is_default, const ScheduleItem& item);
+
+/// Both for one item: fills in all that is known of it.
 void extract_item_metadata(ItemMetadata& metadata, metadata_v4_metadata_context* set,
                            bool is_default, const ScheduleItem& item);
 

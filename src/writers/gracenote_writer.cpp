@@ -134,9 +134,9 @@ GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
 
 void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end) {
   const ListingHorizon horizon(current_time());
-  std::vector<GracenoteRow> rows =
-      collect_rows(schedule, window_start, window_end, make_gracenote_row);
-  clean_rows<GracenoteRow>(rows, joined_texts);
+  std::vector<GracenoteRow> rows = collect_rows<GracenoteRow>(schedule, window_start, window_end,
+                                                              make_gracenote_row, joined_texts);
+  clean_rows(rows);
   set_durations(rows);
   std::string out;
   append_header(out);

@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "metadata/item_metadata.hpp"
 #include "platform/json_text.hpp"
 #include "platform/output.hpp"
 #include "platform/text.hpp"
@@ -15,6 +14,7 @@
 #include "writers/append.hpp"
 #include "writers/item_walk.hpp"
 #include "writers/metadata_map.hpp"
+#include "writers/rendered_metadata.hpp"
 #include "writers/time_text.hpp"
 
 // Members stand in ascending order of their keys, wherever they are written.
@@ -89,8 +89,7 @@ void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
 }
 
 void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, time_t start,
-                 ItemMetadataSlots& slots) {
-  const ItemMetadata metadata = read_item_metadata(slots, item);
+                 const RenderedMetadata& metadata) {
   const std::string_view path = item.item;
   append(out, "{\"announce\": ");
   append_signed(out, metadata.announce);
@@ -98,16 +97,13 @@ void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, t
   append_time(out, clock, clock.time_of(item.end));
   append(out, ", \"label\": ");
   append_json_string(out, item.label);
-  append(out, ", \"metadata\": ");
-  append_metadata(out, slots.set);
-  append(out, ", \"name\": ");
+  append(out, ", \"metadata\": ", metadata.text, ", \"name\": ");
   append_json_string(out, file_name_of(path));
   append(out, ", \"opath\": ");
   append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
   append(out, ", \"start_unix\": ");
   append_time(out, clock, start);
   append(out, "}");
-  slots.release();
 }
 
 }  // namespace
@@ -118,12 +114,12 @@ void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
   append(out, "{\"end_unix\": ");
   append_time(out, clock, window_end);
   append(out, ", \"items\": [");
-  ItemMetadataSlots slots;
+  MetadataRenderer renderer(append_metadata);
   const char* separator = "";
   walk_items(schedule, clock, window_start, window_end,
              [&](const ScheduleItem& item, time_t start) {
                append(out, separator);
-               append_item(out, clock, item, start, slots);
+               append_item(out, clock, item, start, renderer.of(item));
                separator = ", ";
              });
   append(out, "], \"reporttime\": ");

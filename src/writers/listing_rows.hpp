@@ -10,7 +10,6 @@
 
 #include "metadata/item_metadata.hpp"
 #include "platform/calendar.hpp"
-#include "platform/invariant.hpp"
 #include "platform/text.hpp"
 #include "schedule/airing_expansion.hpp"
 #include "schedule/schedule.hpp"
@@ -68,12 +67,35 @@ inline bool is_one_piece(UnitClock& clock, time_t start, time_t end) {
   return last != nullptr && last->tm_year == year && last->tm_yday == day_of_year;
 }
 
+template <typename Row>
+time_t lasts(const Row& row) {
+  return row.end - row.start;
+}
+
+/// Folds a short row into the short row that it follows without a gap; `joined` names the texts of
+/// which the row keeps both. False, with nothing changed, when the two stay apart.
+template <typename Row>
+bool fold_into(Row& row, const Row& next, std::span<std::string Row::*const> joined) {
+  if (lasts(row) >= shortest_row || lasts(next) >= shortest_row || row.end != next.start) {
+    return false;
+  }
+  row.end = next.end;
+  for (std::string Row::*const text : joined) {
+    if (!(next.*text).empty() && next.*text != row.*text) {
+      row.*text += " / " + next.*text;
+    }
+  }
+  return true;
+}
+
 /// The rows of all announced items in the report window, in airing order: for each piece of an
 /// item what make_row(schedule, piece, metadata) makes of it, with its times rounded to whole
-/// minutes. A piece that has no length then, as most have on a channel of short clips, makes none.
-template <typename MakeRow>
-auto collect_rows(Schedule& schedule, time_t window_start, time_t window_end, MakeRow make_row) {
-  using Row = decltype(make_row(schedule, ScheduleItem(), MetadataMap()));
+/// minutes. A piece that has no length then makes none, and runs of short rows become one each: a
+/// channel of short clips has a hundred items for each of its rows.
+template <typename Row>
+std::vector<Row> collect_rows(Schedule& schedule, time_t window_start, time_t window_end,
+                              Row (*make_row)(Schedule&, const ScheduleItem&, const MetadataMap&),
+                              std::span<std::string Row::*const> joined) {
   std::vector<Row> rows;
   UnitClock clock(schedule);
   ItemMetadataSlots slots;
@@ -81,59 +103,28 @@ auto collect_rows(Schedule& schedule, time_t window_start, time_t window_end, Ma
     const time_t start = rounded_to_minute(clock, clock.time_of(piece.start));
     const time_t end = rounded_to_minute(clock, clock.time_of(piece.end));
     if (start != end) {
-      Row& row = rows.emplace_back(make_row(schedule, piece, listing_metadata(slots.set)));
+      Row row = make_row(schedule, piece, listing_metadata(slots.set));
       row.start = start;
       row.end = end;
+      if (rows.empty() || !fold_into(rows.back(), row, joined)) {
+        rows.push_back(std::move(row));
+      }
     }
   };
-  walk_items(schedule, clock, window_start, window_end,
-             [&](const ScheduleItem& item, time_t start) {
-               const ItemMetadata metadata = read_item_metadata(slots, item);
-               if (metadata.announce >= 1 && is_one_piece(clock, start, clock.time_of(item.end))) {
-                 add_row(item);
-               } else if (metadata.announce >= 1) {
-                 ScheduleItem rest = item;
-                 for (const ScheduleItem& piece : expand_airing(schedule, rest)) {
-                   add_row(piece);
-                 }
-               }
-               slots.release();
-             });
+  const auto add_item = [&](const ScheduleItem& item, time_t start) {
+    const ItemMetadata metadata = read_item_metadata(slots, item);
+    if (metadata.announce >= 1 && is_one_piece(clock, start, clock.time_of(item.end))) {
+      add_row(item);
+    } else if (metadata.announce >= 1) {
+      ScheduleItem rest = item;
+      for (const ScheduleItem& piece : expand_airing(schedule, rest)) {
+        add_row(piece);
+      }
+    }
+    slots.release();
+  };
+  walk_items(schedule, clock, window_start, window_end, add_item);
   return rows;
-}
-
-template <typename Row>
-time_t lasts(const Row& row) {
-  return row.end - row.start;
-}
-
-/// Folds runs of short rows that follow each other without a gap into one row each, until it is
-/// long enough; `joined` names the texts of which the row keeps all.
-template <typename Row>
-void merge_short_rows(std::vector<Row>& rows, std::span<std::string Row::*const> joined) {
-  if (rows.empty()) {
-    return;
-  }
-  size_t pos = 0;  // the row that may take in the next; the rows behind it have been moved up
-  for (size_t next = 1; next < rows.size(); ++next) {
-    INVARIANT(pos < rows.size(), "pos < entries.size()");
-    Row& row = rows[pos];
-    Row& other = rows[next];
-    if (lasts(row) >= shortest_row || lasts(other) >= shortest_row || row.end != other.start) {
-      ++pos;
-      if (pos != next) {
-        rows[pos] = std::move(other);
-      }
-      continue;
-    }
-    row.end = other.end;
-    for (std::string Row::*const text : joined) {
-      if (!(other.*text).empty() && other.*text != row.*text) {
-        row.*text += " / " + other.*text;
-      }
-    }
-  }
-  rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(pos) + 1, rows.end());
 }
 
 /// Lets short rows run to the shortest length a row may have, or to the next row.
@@ -162,11 +153,10 @@ void close_gaps(std::vector<Row>& rows) {
   }
 }
 
-/// Makes of rows in whole minutes a listing without rows of less than five, small gaps and
+/// Makes of collected rows a listing without rows of less than five minutes, small gaps and
 /// overlaps.
 template <typename Row>
-void clean_rows(std::vector<Row>& rows, std::span<std::string Row::*const> joined) {
-  merge_short_rows(rows, joined);
+void clean_rows(std::vector<Row>& rows) {
   stretch_short_rows(rows);
   std::erase_if(rows, [](const Row& row) { return lasts(row) < shortest_row; });
   close_gaps(rows);

@@ -128,8 +128,9 @@ std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& 
 
 void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end) {
   const ListingHorizon horizon(current_time());
-  std::vector<RoviRow> rows = collect_rows(schedule, window_start, window_end, make_rovi_row);
-  clean_rows<RoviRow>(rows, joined_texts);
+  std::vector<RoviRow> rows =
+      collect_rows<RoviRow>(schedule, window_start, window_end, make_rovi_row, joined_texts);
+  clean_rows(rows);
   std::vector<std::string> headers;
   headers.reserve(columns.size());
   for (const Column& column : columns) {

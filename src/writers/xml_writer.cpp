@@ -3,13 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "metadata/item_metadata.hpp"
 #include "platform/invariant.hpp"
 #include "platform/output.hpp"
 #include "platform/text.hpp"
 #include "schedule/run_options.hpp"
 #include "writers/append.hpp"
 #include "writers/item_walk.hpp"
+#include "writers/rendered_metadata.hpp"
 #include "writers/xml_escape.hpp"
 
 namespace {
@@ -95,19 +95,17 @@ void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
   UnitClock clock(schedule);
   append_head(out, schedule, clock, window_start, window_end);
-  ItemMetadataSlots slots;
-  walk_items(schedule, clock, window_start, window_end,
-             [&](const ScheduleItem& item, time_t start) {
-               const ItemMetadata metadata = read_item_metadata(slots, item);
-               append(out, "    <entry>\n");
-               append_time(out, clock, "      ", "start", start);
-               append_time(out, clock, "      ", "end", clock.time_of(item.end));
-               append_item(out, item, metadata.announce > 0);
-               append_metadata(out, slots.set);
-               append(out, "    </entry>\n");
-               slots.release();
-               write_output_when_large(out);
-             });
+  MetadataRenderer renderer(append_metadata);
+  const auto append_entry_of = [&](const ScheduleItem& item, time_t start) {
+    const RenderedMetadata metadata = renderer.of(item);
+    append(out, "    <entry>\n");
+    append_time(out, clock, "      ", "start", start);
+    append_time(out, clock, "      ", "end", clock.time_of(item.end));
+    append_item(out, item, metadata.announce > 0);
+    append(out, metadata.text, "    </entry>\n");
+    write_output_when_large(out);
+  };
+  walk_items(schedule, clock, window_start, window_end, append_entry_of);
   append(out, "  </list>\n</schedule>\n");
   write_output(out);
 }

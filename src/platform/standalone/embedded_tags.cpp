@@ -53,6 +53,15 @@ Tags tags_of(TagLib::File& file) {
   return tags;
 }
 
+/// Whether a file begins as an ISO base media file does (ISO/IEC 14496-12). Most media are such,
+/// and the library would try many other formats first.
+bool is_mp4(MediaStream& stream) {
+  constexpr unsigned head_size = 8;
+  const TagLib::ByteVector head = stream.readBlock(head_size);
+  stream.seek(0, TagLib::IOStream::Beginning);
+  return head.size() == head_size && head.containsAt("ftyp", 4);
+}
+
 bool has_known_extension(const std::string& name) {
   const size_t dot = name.rfind('.');
   return dot != std::string::npos &&
@@ -67,6 +76,10 @@ Tags read_tags(int fd, const std::string& name) {
       break;
     }
     MediaStream stream(fd, name_to_go_by);
+    if (is_mp4(stream)) {
+      TagLib::MP4::File file(&stream, read_audio_properties);
+      return tags_of(file);
+    }
     const TagLib::FileRef file(&stream, read_audio_properties);
     if (file.file() != nullptr) {
       return tags_of(*file.file());
