@@ -1,15 +1,12 @@
 #include "schedule/default_slot.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/schedule_types.hpp"
 #include "platform/text.hpp"
+#include "platform/written_date.hpp"
 
 namespace {
-
-constexpr std::array<std::string_view, 7> weekdays = {"sun", "mon", "tue", "wed",
-                                                      "thu", "fri", "sat"};
 
 /// A number larger than any range, so that no count of digits can overflow.
 constexpr int out_of_range = 1000000;
@@ -34,15 +31,6 @@ std::optional<int> take_number(std::string_view& key, std::string_view letters) 
 
 std::optional<int> slot_in(std::optional<int> slot, int first, int last) {
   return slot && *slot >= first && *slot <= last ? slot : std::nullopt;
-}
-
-std::optional<int> weekday_slot(std::string_view key) {
-  for (size_t weekday = 0; weekday < weekdays.size(); ++weekday) {
-    if (key.starts_with(weekdays[weekday])) {
-      return static_cast<int>(weekday);
-    }
-  }
-  return std::nullopt;
 }
 
 /// A day that is counted from 1. The slots of the longest unit are accepted in every type.
@@ -77,7 +65,7 @@ std::optional<int> default_slot_of_key(std::string_view type, std::string_view k
     return key == "day" ? std::optional(0) : std::nullopt;
   }
   if (type == "weekly") {
-    return weekday_slot(key);
+    return find_weekday(key);
   }
   if (type == "monthly") {
     return counted_slot(key, "dom");

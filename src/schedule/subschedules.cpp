@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/metadata_context.hpp"
@@ -45,9 +46,19 @@ std::string file_type_of(const std::string& path) {
   return file_type;
 }
 
+/// Which paths of a schedule are schedule files; each is asked for once.
+using KnownPaths = std::unordered_map<std::string, bool>;
+
 /// The type only marks the file as a schedule; what kind it is, the file itself says.
-bool is_schedule_file(const std::string& path) {
-  return !path.empty() && find_schedule_type_of_mime_type(file_type_of(path)) != nullptr;
+bool is_schedule_file(const std::string& path, KnownPaths& known_paths) {
+  const auto known = known_paths.find(path);
+  if (known != known_paths.end()) {
+    return known->second;
+  }
+  const bool is_schedule =
+      !path.empty() && find_schedule_type_of_mime_type(file_type_of(path)) != nullptr;
+  known_paths.emplace(path, is_schedule);
+  return is_schedule;
 }
 
 /// Makes the record of the last subschedule a fresh one. Its thousands of default items keep their
@@ -175,9 +186,10 @@ bool patch_in_subschedules(Schedule& schedule) {
   arm_watchdog();
   UnitClock clock(schedule);
   Schedule subschedule;
+  KnownPaths known_paths;
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
-    if (!is_schedule_file(it->second.item)) {
+    if (!is_schedule_file(it->second.item, known_paths)) {
       ++it;
       continue;
     }

@@ -126,10 +126,10 @@ std::vector<std::string> all_zones() {
   return zones;
 }
 
-/// Hours of work in steps of one second; scripts/check-all-zones runs it.
-TEST(ClockEquality, DISABLED_AYearOfEveryZone) {
+/// Samples the year; scripts/check-all-zones takes the hours that every second of it needs.
+TEST(ClockEquality, AYearOfEveryZone) {
   const char* step_text = std::getenv("STEP");
-  const int step = step_text != nullptr ? std::atoi(step_text) : 1;
+  const time_t step = step_text != nullptr ? std::strtol(step_text, nullptr, 10) : 40009;
   ASSERT_GT(step, 0);
   const std::vector<std::string> zones = all_zones();
   ASSERT_GT(zones.size(), 400U);

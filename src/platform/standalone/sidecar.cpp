@@ -8,17 +8,17 @@
 
 namespace {
 
-constexpr size_t read_size = 64 * 1024;
-
 std::string read_whole(int fd) {
-  std::string content;
-  for (size_t count = read_size; count == read_size;) {
-    const size_t before = content.size();
-    content.resize(before + read_size);
-    count = read_fully(fd, content.data() + before, read_size);
-    content.resize(before + count);
+  std::string content(4 * 1024, '\0');  // most sidecars are shorter
+  size_t length = 0;
+  for (;;) {
+    length += read_fully(fd, content.data() + length, content.size() - length);
+    if (length < content.size()) {
+      content.resize(length);
+      return content;
+    }
+    content.resize(2 * content.size());
   }
-  return content;
 }
 
 /// The index of a group, which is new when it was not named before.
