@@ -30,28 +30,6 @@ std::string upper_case(std::string_view text) {
   return upper;
 }
 
-std::string_view skip_blanks(std::string_view text) {
-  while (!text.empty() && is_blank(text.front())) {
-    text.remove_prefix(1);
-  }
-  return text;
-}
-
-std::string_view strip_blanks(std::string_view text) {
-  text = skip_blanks(text);
-  while (!text.empty() && is_blank(text.back())) {
-    text.remove_suffix(1);
-  }
-  return text;
-}
-
-std::string_view chomp(std::string_view line) {
-  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
-    line.remove_suffix(1);
-  }
-  return line;
-}
-
 std::string_view file_name_of(std::string_view path) {
   return path.substr(path.rfind('/') + 1);  // npos + 1 is 0: no "/", the whole path
 }

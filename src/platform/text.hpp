@@ -39,13 +39,29 @@ constexpr char to_upper(char c) {
 std::string lower_case(std::string_view text);
 std::string upper_case(std::string_view text);
 
-std::string_view skip_blanks(std::string_view text);
+constexpr std::string_view skip_blanks(std::string_view text) {
+  while (!text.empty() && is_blank(text.front())) {
+    text.remove_prefix(1);
+  }
+  return text;
+}
 
 /// The text without the blanks at both ends; other white space stays.
-std::string_view strip_blanks(std::string_view text);
+constexpr std::string_view strip_blanks(std::string_view text) {
+  text = skip_blanks(text);
+  while (!text.empty() && is_blank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
 
 /// Takes every trailing line feed and carriage return off the line.
-std::string_view chomp(std::string_view line);
+constexpr std::string_view chomp(std::string_view line) {
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
+    line.remove_suffix(1);
+  }
+  return line;
+}
 
 /// The text behind the last "/", or the whole text when it holds none.
 std::string_view file_name_of(std::string_view path);
