@@ -1,6 +1,7 @@
 #include "writers/html_day_table.hpp"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "platform/invariant.hpp"
@@ -15,7 +16,7 @@ namespace {
 /// A day as the anchors count it: months and days from 0, in a calendar of 31-day months. The
 /// arrows follow that calendar too, whatever days a month really has.
 struct AnchorDay {
-  int year;
+  int64_t year;
   int month;
   int day;
   int weekday;
@@ -160,7 +161,7 @@ void append_day_table_opening(std::string& out, const Schedule& schedule, time_t
   if (rules == nullptr) {
     return;
   }
-  const AnchorDay day{tm.tm_year + 1900, tm.tm_mon, tm.tm_mday - 1, tm.tm_wday};
+  const AnchorDay day{int64_t{tm.tm_year} + 1900, tm.tm_mon, tm.tm_mday - 1, tm.tm_wday};
   const std::string current = rules->anchor(day);
   if (!current.empty()) {
     append(out, "    <a name=\"", current, "\"></a>\n");
