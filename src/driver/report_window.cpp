@@ -13,8 +13,9 @@ using CalendarFunction = time_t (*)(time_t);
 ReportWindow neighbouring_periods(const Schedule& schedule, CalendarFunction start_of,
                                   CalendarFunction end_of) {
   const auto report_time = static_cast<time_t>(run_options.report_time);
-  return {std::max<time_t>(start_of(start_of(report_time) - 1), schedule.unit_start),
-          std::min<time_t>(end_of(end_of(report_time) + 1), schedule.unit_end)};
+  return {
+      std::max<time_t>(start_of(calendar_shift(start_of(report_time), -1)), schedule.unit_start),
+      std::min<time_t>(end_of(calendar_shift(end_of(report_time), 1)), schedule.unit_end)};
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
 #include <optional>
 
 #include "platform/civil_date.hpp"
@@ -140,6 +141,14 @@ time_t calendar_start_of_year(time_t t) {
 
 time_t calendar_end_of_year(time_t t) {
   return end_of_period(t, Period::year);
+}
+
+time_t calendar_shift(time_t t, time_t seconds) {
+  time_t shifted = 0;
+  if (__builtin_add_overflow(t, seconds, &shifted)) {
+    return seconds < 0 ? std::numeric_limits<time_t>::min() : std::numeric_limits<time_t>::max();
+  }
+  return shifted;
 }
 
 void settle_local_zone() {

@@ -20,6 +20,9 @@ time_t calendar_end_of_month(time_t t);
 time_t calendar_start_of_year(time_t t);
 time_t calendar_end_of_year(time_t t);
 
+/// A time moved by some seconds, as far as times reach.
+time_t calendar_shift(time_t t, time_t seconds);
+
 /// Fixes the zone for the whole run. With TZ unset the C library looks at the system's zone file
 /// again at every conversion; naming that same file in TZ gives the same times forty times faster.
 void settle_local_zone();

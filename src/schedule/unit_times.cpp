@@ -19,8 +19,10 @@ bool compute_unit_times(Schedule& schedule, time_t report_time) {
     schedule.unit_end = calendar_end_of_year(report_time);
   } else if (schedule.type == "endless") {
     constexpr time_t a_day = seconds_per_day;
-    schedule.unit_start = calendar_start_of_month(calendar_start_of_month(report_time) - a_day);
-    schedule.unit_end = calendar_end_of_month(calendar_end_of_month(report_time) + a_day);
+    schedule.unit_start =
+        calendar_start_of_month(calendar_shift(calendar_start_of_month(report_time), -a_day));
+    schedule.unit_end =
+        calendar_end_of_month(calendar_shift(calendar_end_of_month(report_time), a_day));
   } else {
     std::abort();
   }
