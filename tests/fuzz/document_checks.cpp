@@ -1,0 +1,139 @@
+#include "fuzz/document_checks.hpp"
+
+#include <libxml/parser.h>
+
+#include <algorithm>
+#include <boost/json.hpp>
+#include <string_view>
+
+#include "fuzz/fuzz_target.hpp"
+#include "metadata/item_metadata.hpp"
+#include "schedule/run_options.hpp"
+
+namespace {
+
+constexpr size_t gracenote_columns = 22;
+constexpr size_t rovi_columns = 21;
+
+/// Calls visit(entry, group) for every entry of metadata that the items show.
+template <typename Visit>
+void for_each_shown_entry(const Schedule& schedule, Visit visit) {
+  for (const auto& [start, item] : schedule.schedule) {
+    ItemMetadataSlots slots;
+    open_item_metadata(slots.set, slots.context, item.item.c_str(), item);
+    for_each_entry(slots.set, [&](const metadata_v4_entry& entry) {
+      const char* group = metadata_v4_metadata_context_read_group_name(slots.set, entry.group);
+      visit(entry, group != nullptr ? group : "");
+    });
+  }
+}
+
+bool has_any(std::string_view text, std::string_view bytes) {
+  return text.find_first_of(bytes) != std::string_view::npos;
+}
+
+/// Labels, and names and groups of entries, go out unescaped.
+bool can_break_xml(const Schedule& schedule) {
+  bool can_break = false;
+  for (const auto& [start, item] : schedule.schedule) {
+    can_break =
+        can_break || has_any(item.label, "<&") || item.label.find("]]>") != std::string::npos;
+  }
+  for_each_shown_entry(schedule, [&](const metadata_v4_entry& entry, std::string_view group) {
+    can_break = can_break || has_any(entry.name, "<&\"") || has_any(group, "<&\"");
+  });
+  return can_break;
+}
+
+bool has_control_bytes(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    return static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t' && c != '\r';
+  });
+}
+
+void check_xml(const std::string& document, const Schedule& schedule) {
+  // No escape can bring such bytes into XML 1.0; they are copied.
+  if (has_control_bytes(document) ||
+      xmlCheckUTF8(reinterpret_cast<const unsigned char*>(document.c_str())) == 0) {
+    return;
+  }
+  xmlDoc* parsed =
+      xmlReadMemory(document.data(), static_cast<int>(document.size()), nullptr, nullptr,
+                    XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  require(parsed != nullptr || can_break_xml(schedule), "the XML document is well-formed");
+  xmlFreeDoc(parsed);
+}
+
+void check_json(const std::string& document) {
+  boost::json::parse_options options;
+  options.allow_invalid_utf8 = true;
+  boost::json::error_code error;
+  const boost::json::value value = boost::json::parse(document, error, {}, options);
+  require(!error && value.is_object(), "the JSON document is an object");
+}
+
+void check_page(std::string_view document) {
+  require(document.starts_with("<!DOCTYPE"), "the page begins with its document type");
+  require(document.ends_with("</html>\n"), "the page is closed");
+  size_t scripts = 0;
+  for (size_t at = document.find("<script"); at != std::string_view::npos;
+       at = document.find("<script", at + 1)) {
+    ++scripts;
+  }
+  require(scripts == 1, "the page holds its own script and no other");
+}
+
+/// Whether every row of a listing (RFC 4180) has that many fields.
+bool has_columns(std::string_view listing, size_t columns) {
+  size_t fields = 1;
+  bool quoted = false;
+  for (const char c : listing) {
+    if (c == '"') {
+      quoted = !quoted;
+    } else if (!quoted && c == ',') {
+      ++fields;
+    } else if (!quoted && c == '\n') {
+      if (fields != columns) {
+        return false;
+      }
+      fields = 1;
+    }
+  }
+  return !quoted;
+}
+
+/// The station's name goes out as it is, and in one of the listings a few columns more.
+bool can_break_listing(const Schedule& schedule) {
+  constexpr std::string_view breaking = "\",\r\n";
+  bool can_break = has_any(run_options.station_id, breaking);
+  if (run_options.format == OutputFormat::rovi) {
+    for_each_shown_entry(schedule, [&](const metadata_v4_entry& entry, std::string_view) {
+      can_break = can_break || has_any(entry.value, breaking);
+    });
+  }
+  return can_break;
+}
+
+}  // namespace
+
+void check_document(const std::string& document, const Schedule& schedule) {
+  switch (run_options.format) {
+    case OutputFormat::xml:
+      check_xml(document, schedule);
+      break;
+    case OutputFormat::html:
+      check_page(document);
+      break;
+    case OutputFormat::json:
+      check_json(document);
+      break;
+    case OutputFormat::rovi:
+      require(has_columns(document, rovi_columns) || can_break_listing(schedule),
+              "every row has as many fields as the header");
+      break;
+    case OutputFormat::gracenote:
+      require(has_columns(document, gracenote_columns) || can_break_listing(schedule),
+              "every row has as many fields as the header");
+      break;
+  }
+}

@@ -1,0 +1,137 @@
+// A whole run: a schedule, a play log, a sidecar, a subschedule and a command line, through every
+// pass into the writer.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "driver/load_schedule.hpp"
+#include "driver/merge_play_log.hpp"
+#include "driver/options.hpp"
+#include "driver/patch_subschedules.hpp"
+#include "driver/print_document.hpp"
+#include "driver/report_window.hpp"
+#include "fuzz/document_checks.hpp"
+#include "fuzz/fuzz_target.hpp"
+#include "fuzz/one_process.hpp"
+#include "fuzz/scratch_folder.hpp"
+#include "fuzz/whole_run_input.hpp"
+#include "platform/standalone/mime_type.hpp"
+#include "schedule/block_announce.hpp"
+#include "schedule/run_options.hpp"
+#include "schedule/schedule_reader.hpp"
+
+namespace {
+
+/// The assertions that a schedule or a report time can bring about.
+constexpr std::array<std::string_view, 4> expected_assertions = {
+    "sit != schedule.schedule.begin()", "csit.start < csit.end", "tm != NULL",
+    "sit != schedule.schedule.end()"};
+
+/// The folder that holds the files of every run, the current one for good.
+const ScratchFolder& media_folder() {
+  static const ScratchFolder folder;
+  static const bool is_ready = [] {
+    std::filesystem::copy(NV8X_EXAMPLE_CLIP, folder.path() + "/clip.mp4");
+    return chdir(folder.path().c_str()) == 0;
+  }();
+  require(is_ready, "the folder can be entered");
+  return folder;
+}
+
+void write_files(const WholeRunInput& input) {
+  const ScratchFolder& folder = media_folder();
+  folder.write("channel.schedule", input.schedule);
+  folder.write("play.log", input.play_log);
+  folder.write("clip.mp4.metadata", input.sidecar);
+  folder.write("inner.schedule", input.subschedule);
+}
+
+bool take_options(WholeRunInput& input) {
+  run_options = RunOptions();
+  // A path as zone would read any file of the machine.
+  const bool is_path =
+      input.zone.find("..") != std::string::npos || input.zone.find_first_of("/:") < 1;
+  setenv("TZ", input.zone.empty() || is_path ? "UTC" : input.zone.c_str(), 1);
+  tzset();
+  std::string program = "nv8x_schedule_to_xml";
+  std::vector<char*> words{program.data()};
+  for (std::string& argument : input.arguments) {
+    words.push_back(argument.data());
+  }
+  if (!parse_options(static_cast<int>(words.size()), words.data())) {
+    return false;
+  }
+  run_options.schedule_path = "channel.schedule";
+  run_options.cgi = false;
+  return true;
+}
+
+/// An interval is a type that no unit of the calendar belongs to.
+bool has_type(const char* path) {
+  Schedule schedule;
+  read_schedule_file(schedule, path);
+  const ScheduleType* type = find_schedule_type(schedule.type);
+  return type != nullptr && type->unit_days > 0;
+}
+
+/// A file that is taken for a schedule and does not say of which type aborts the program.
+bool all_have_types(const WholeRunInput& input) {
+  const std::array<std::pair<const char*, std::string_view>, 3> files = {
+      {{"play.log", input.play_log},
+       {"clip.mp4.metadata", input.sidecar},
+       {"inner.schedule", input.subschedule}}};
+  for (const auto& [path, content] : files) {
+    if (!sniff_schedule(content).empty() && !has_type(path)) {
+      return false;
+    }
+  }
+  for (const ScheduleType& type : schedule_types()) {
+    if (!type.mime_type.empty() && input.sidecar.find(type.mime_type) != std::string_view::npos) {
+      return false;
+    }
+  }
+  return has_type("channel.schedule");
+}
+
+void run() {
+  Schedule schedule;
+  load_schedule(schedule);
+  merge_play_log(schedule);
+  const ReportWindow window = report_window(schedule);
+  block_announce_subst(schedule);
+  patch_all_subschedules(schedule);
+  print_document(schedule, window);
+  check_document(printed, schedule);
+}
+
+bool is_expected(std::string_view assertion) {
+  return std::ranges::any_of(expected_assertions, [&](std::string_view expected) {
+    return assertion.find(expected) != std::string_view::npos;
+  });
+}
+
+}  // namespace
+
+void run_target(std::string_view input) {
+  WholeRunInput parts = split_whole_run_input(input);
+  write_files(parts);
+  if (!take_options(parts) || !all_have_types(parts)) {
+    return;
+  }
+  printed.clear();
+  forget_media_files();
+  try {
+    run();
+  } catch (const AssertionFailed& failed) {
+    require(is_expected(failed.text), "only the assertions that are told of can fail");
+  } catch (const RunEnded&) {
+    require(printed.empty(), "no error follows the beginning of a document");
+  }
+}
