@@ -14,14 +14,10 @@ int main() {
   static char response[1024 * 1024];
   std::ranges::copy(header, response);
   const FileDescriptor page = open_regular_file(AT_FDCWD, "page.html");
-  const size_t size = header.size() + read_fully(page.get(), response + header.size(),
-                                                 sizeof response - header.size());
-  for (size_t written = 0; written < size;) {
-    const ssize_t count = write(STDOUT_FILENO, response + written, size - written);
-    if (count <= 0) {
-      return EXIT_FAILURE;
-    }
-    written += static_cast<size_t>(count);
+  const std::optional<size_t> size =
+      read_fully(page.get(), response + header.size(), sizeof response - header.size());
+  if (!size || !write_fully(STDOUT_FILENO, {response, header.size() + *size})) {
+    return EXIT_FAILURE;
   }
   return EXIT_SUCCESS;
 }

@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
   for (const char* path : std::span(argv, static_cast<size_t>(argc)).subspan(1)) {
     std::array<char, 4096> head;
     const FileDescriptor file = open_regular_file(AT_FDCWD, path);
-    const size_t size = read_fully(file.get(), head.data(), head.size());
+    const size_t size = read_fully(file.get(), head.data(), head.size()).value_or(0);
     if (magic_buffer(magic, head.data(), size) != nullptr) {
       ++types;
     }

@@ -1,5 +1,8 @@
 #include "driver/load_schedule.hpp"
 
+#include <cerrno>
+#include <cstring>
+
 #include "driver/report_error.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/run_options.hpp"
@@ -8,8 +11,13 @@
 
 void load_schedule(Schedule& schedule) {
   const char* path = run_options.schedule_path.c_str();
-  if (!read_schedule_file(schedule, path)) {
-    report_errorf("Unable to open schedule file %s", path);
+  switch (read_schedule_file(schedule, path)) {
+    case ScheduleFileResult::not_opened:
+      report_errorf("Unable to open schedule file %s", path);
+    case ScheduleFileResult::broken_off:
+      report_errorf("Unable to read schedule file %s: %s", path, std::strerror(errno));
+    case ScheduleFileResult::whole:
+      break;
   }
   // Nothing after this can reverse an item again: clipping ends an item at a later one's start, and
   // what fills a gap is as long as the gap.

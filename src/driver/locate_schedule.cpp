@@ -86,6 +86,11 @@ std::string read_rendermgr(const std::string& path) {
       schedule_path = pair->value;
     }
   }
+  if (file.error() != 0) {
+    // The last item line counts, and it may be among what could not be read.
+    report_errorf("Unable to read rendermgr file %s: %s", path.c_str(),
+                  std::strerror(file.error()));
+  }
   return schedule_path;
 }
 

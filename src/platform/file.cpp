@@ -7,6 +7,36 @@
 #include <cerrno>
 #include <utility>
 
+namespace {
+
+template <typename Call>
+ssize_t uninterrupted(Call call) {
+  ssize_t count = 0;
+  do {
+    count = call();
+  } while (count < 0 && errno == EINTR);
+  return count;
+}
+
+/// Calls read(number of bytes there) until `size` bytes are there or it gives no more.
+template <typename Read>
+std::optional<size_t> read_until_full(size_t size, Read read) {
+  size_t total = 0;
+  while (total < size) {
+    const ssize_t count = uninterrupted([&] { return read(total); });
+    if (count < 0) {
+      return std::nullopt;
+    }
+    if (count == 0) {
+      break;
+    }
+    total += static_cast<size_t>(count);
+  }
+  return total;
+}
+
+}  // namespace
+
 FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept {
   reset(other.release());
   return *this;
@@ -32,22 +62,32 @@ FileDescriptor open_regular_file(int directory, const char* path) {
   return file;
 }
 
-size_t read_some(int fd, char* bytes, size_t size) {
-  ssize_t count = 0;
-  do {
-    count = ::read(fd, bytes, size);
-  } while (count < 0 && errno == EINTR);
-  return count > 0 ? static_cast<size_t>(count) : 0;
+std::optional<size_t> read_some(int fd, char* bytes, size_t size) {
+  const ssize_t count = uninterrupted([&] { return ::read(fd, bytes, size); });
+  return count < 0 ? std::nullopt : std::optional(static_cast<size_t>(count));
 }
 
-size_t read_fully(int fd, char* bytes, size_t size) {
-  size_t total = 0;
-  while (total < size) {
-    const size_t count = read_some(fd, bytes + total, size - total);
-    if (count == 0) {
-      break;
+std::optional<size_t> read_fully(int fd, char* bytes, size_t size) {
+  return read_until_full(size, [&](size_t done) { return ::read(fd, bytes + done, size - done); });
+}
+
+std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offset) {
+  return read_until_full(size, [&](size_t done) {
+    return ::pread(fd, bytes + done, size - done, offset + static_cast<long>(done));
+  });
+}
+
+bool write_fully(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = uninterrupted([&] { return ::write(fd, bytes.data(), bytes.size()); });
+    if (count < 0) {
+      return false;
     }
-    total += count;
+    if (count == 0) {
+      errno = EIO;  // or it would go on for ever
+      return false;
+    }
+    bytes.remove_prefix(static_cast<size_t>(count));
   }
-  return total;
+  return true;
 }

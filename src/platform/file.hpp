@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <string_view>
 
 /// Owns an open file descriptor and closes it.
 class FileDescriptor {
@@ -26,9 +28,17 @@ class FileDescriptor {
 /// failure.
 FileDescriptor open_regular_file(int directory, const char* path);
 
-/// One read, again after an interruption. 0 at the end of the file and on an error.
-size_t read_some(int fd, char* bytes, size_t size);
+// Each of these goes on after an interruption, and fails with errno set.
 
-/// Reads until `size` bytes are there or the file ends. The number read; fewer than `size` only at
-/// the end of the file or on a read error.
-size_t read_fully(int fd, char* bytes, size_t size);
+/// One read. The number of bytes, 0 at the end of the file; nothing on an error.
+std::optional<size_t> read_some(int fd, char* bytes, size_t size);
+
+/// Reads until `size` bytes are there or the file ends. The number read, fewer than `size` only at
+/// the end of the file; nothing on an error, as what was read before it is no whole file.
+std::optional<size_t> read_fully(int fd, char* bytes, size_t size);
+
+/// The same from `offset` bytes behind the file's beginning.
+std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offset);
+
+/// False when not all of it could be written.
+bool write_fully(int fd, std::string_view bytes);

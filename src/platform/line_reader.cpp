@@ -1,6 +1,7 @@
 #include "platform/line_reader.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -31,7 +32,7 @@ bool LineReader::read(std::string_view& piece) {
       refill();
       continue;
     }
-    if (length == 0) {
+    if (length == 0 || error_ != 0) {
       return false;
     }
     begin_ += length;
@@ -45,7 +46,9 @@ void LineReader::refill() {
   std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
   end_ -= begin_;
   begin_ = 0;
-  const size_t count = read_some(file_.get(), buffer_.get() + end_, buffer_size_ - end_);
-  end_ += count;
-  at_end_ = count == 0;
+  const std::optional<size_t> count =
+      read_some(file_.get(), buffer_.get() + end_, buffer_size_ - end_);
+  error_ = count ? 0 : errno;
+  end_ += count.value_or(0);
+  at_end_ = count.value_or(0) == 0;
 }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -186,13 +187,8 @@ void complete(Schedule& schedule) {
   schedule.unit_length = type != nullptr ? type->unit_length : 0;
 }
 
-}  // namespace
-
-bool read_schedule_file(Schedule& schedule, const char* path) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
-  if (!opened.is_open()) {
-    return false;
-  }
+/// Reads all lines. The errno of a read that failed, or 0.
+int read_content(Schedule& schedule, FileDescriptor opened) {
   LineReader file(std::move(opened), longest_schedule_line);
   schedule.schedule.clear();
   schedule.type.clear();
@@ -216,6 +212,21 @@ bool read_schedule_file(Schedule& schedule, const char* path) {
         break;
     }
   }
+  return file.error();
+}
+
+}  // namespace
+
+ScheduleFileResult read_schedule_file(Schedule& schedule, const char* path) {
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
+  if (!opened.is_open()) {
+    return ScheduleFileResult::not_opened;
+  }
+  const int error = read_content(schedule, std::move(opened));
+  if (error != 0) {
+    errno = error;
+    return ScheduleFileResult::broken_off;
+  }
   complete(schedule);
-  return true;
+  return ScheduleFileResult::whole;
 }

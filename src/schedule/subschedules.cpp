@@ -75,7 +75,7 @@ void forget(Schedule& subschedule) {
 /// changed what they hold.
 bool prepare(Schedule& subschedule, const char* path, Schedule& outer) {
   forget(subschedule);
-  if (!read_schedule_file(subschedule, path)) {
+  if (read_schedule_file(subschedule, path) != ScheduleFileResult::whole) {
     return false;
   }
   remove_reversed_items(subschedule);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -56,6 +57,17 @@ TEST(LineReader, KeepsLinesWholeAcrossItsBuffer) {
     content += expected.back();
   }
   EXPECT_EQ(pieces(content, 1023), expected);
+}
+
+TEST(LineReader, TellsAReadThatFailsFromTheEnd) {
+  std::string_view piece;
+  LineReader unreadable(open_regular_file(AT_FDCWD, "/proc/self/mem"), 10);
+  EXPECT_FALSE(unreadable.read(piece));
+  EXPECT_EQ(unreadable.error(), EIO);
+  LineReader readable(open_regular_file(AT_FDCWD, "/proc/self/stat"), 10000);
+  EXPECT_TRUE(readable.read(piece));
+  EXPECT_FALSE(readable.read(piece));
+  EXPECT_EQ(readable.error(), 0);
 }
 
 TEST(LineReader, ReadsNothingFromADirectory) {

@@ -68,7 +68,12 @@ bool has_known_extension(const std::string& name) {
          TagLib::FileRef::defaultFileExtensions().contains(lower_case(name.substr(dot + 1)));
 }
 
-Tags read_tags(int fd, const std::string& name) {
+std::optional<Tags> unless_failed(const MediaStream& stream, Tags tags) {
+  return stream.has_failed() ? std::nullopt : std::optional(std::move(tags));
+}
+
+/// Nothing when a read failed.
+std::optional<Tags> read_tags(int fd, const std::string& name) {
   constexpr bool read_audio_properties = false;
   // The stream without a name is taken by its content, which cannot be wrong.
   for (const std::string& name_to_go_by : {std::string(), name}) {
@@ -78,21 +83,25 @@ Tags read_tags(int fd, const std::string& name) {
     MediaStream stream(fd, name_to_go_by);
     if (is_mp4(stream)) {
       TagLib::MP4::File file(&stream, read_audio_properties);
-      return tags_of(file);
+      return unless_failed(stream, tags_of(file));
     }
     const TagLib::FileRef file(&stream, read_audio_properties);
-    if (file.file() != nullptr) {
-      return tags_of(*file.file());
+    if (file.file() != nullptr || stream.has_failed()) {
+      return unless_failed(stream, file.file() != nullptr ? tags_of(*file.file()) : Tags());
     }
   }
-  return {};
+  return Tags();
 }
 
 }  // namespace
 
-std::vector<MetadataEntry> read_embedded_tags(int fd, const std::string& name) {
+std::optional<std::vector<MetadataEntry>> read_embedded_tags(int fd, const std::string& name) {
+  const std::optional<Tags> tags = read_tags(fd, name);
+  if (!tags) {
+    return std::nullopt;
+  }
   std::vector<MetadataEntry> entries;
-  for (const auto& [tag, value] : read_tags(fd, name)) {
+  for (const auto& [tag, value] : *tags) {
     entries.push_back({tag, value, no_group});
   }
   return entries;

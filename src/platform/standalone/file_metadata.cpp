@@ -1,5 +1,6 @@
 #include "platform/standalone/file_metadata.hpp"
 
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -33,9 +34,17 @@ std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std:
   const std::set<std::string_view> replaced = ungrouped_names(sidecar);
   auto metadata = std::make_shared<FileMetadata>();
   if (!replaced.contains(file_type_name)) {
-    metadata->entries.push_back({file_type_name, detect_mime_type(file.get()), no_group});
+    std::optional<std::string> type = detect_mime_type(file.get());
+    if (!type) {
+      return nullptr;
+    }
+    metadata->entries.push_back({file_type_name, std::move(*type), no_group});
   }
-  for (MetadataEntry& tag : read_embedded_tags(file.get(), name)) {
+  std::optional<std::vector<MetadataEntry>> tags = read_embedded_tags(file.get(), name);
+  if (!tags) {
+    return nullptr;
+  }
+  for (MetadataEntry& tag : *tags) {
     if (!replaced.contains(tag.name)) {
       metadata->entries.push_back(std::move(tag));
     }

@@ -1,19 +1,16 @@
 #include "platform/standalone/media_stream.hpp"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
+
+#include "platform/file.hpp"
 
 namespace {
 
 constexpr size_t buffer_size = 8 * 1024;
-
-size_t read_at(int fd, char* bytes, size_t size, long offset) {
-  const ssize_t count = ::pread(fd, bytes, size, offset);
-  return count > 0 ? static_cast<size_t>(count) : 0;
-}
 
 }  // namespace
 
@@ -21,7 +18,15 @@ MediaStream::MediaStream(int fd, std::string name) : fd_(fd), name_(std::move(na
   struct stat status {};
   if (fstat(fd, &status) == 0) {
     length_ = status.st_size;
+  } else {
+    has_failed_ = true;
   }
+}
+
+size_t MediaStream::read_at(char* bytes, size_t size, long offset) {
+  const std::optional<size_t> count = read_fully_at(fd_, bytes, size, offset);
+  has_failed_ = has_failed_ || !count;
+  return count.value_or(0);
 }
 
 TagLib::FileName MediaStream::name() const {
@@ -34,14 +39,15 @@ TagLib::ByteVector MediaStream::readBlock(unsigned long length) {
   const auto wanted = static_cast<size_t>(std::min(length, static_cast<unsigned long>(left)));
   if (wanted > buffer_size) {
     TagLib::ByteVector block(static_cast<unsigned>(wanted), '\0');
-    block.resize(static_cast<unsigned>(read_at(fd_, block.data(), wanted, position_)));
+    block.resize(static_cast<unsigned>(read_at(block.data(), wanted, position_)));
     position_ += static_cast<long>(block.size());
     return block;
   }
   const long buffer_end = buffer_start_ + static_cast<long>(buffer_.size());
   if (position_ < buffer_start_ || position_ + static_cast<long>(wanted) > buffer_end) {
-    buffer_.resize(buffer_size);
-    buffer_.resize(read_at(fd_, buffer_.data(), buffer_size, position_));
+    // No more than there is: the end of the file needs no read of its own.
+    buffer_.resize(std::min(buffer_size, static_cast<size_t>(left)));
+    buffer_.resize(read_at(buffer_.data(), buffer_.size(), position_));
     buffer_start_ = position_;
   }
   const auto begin = static_cast<size_t>(position_ - buffer_start_);

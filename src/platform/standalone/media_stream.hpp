@@ -25,11 +25,17 @@ class MediaStream : public TagLib::IOStream {
   long length() override;
   void truncate(long length) override;
 
+  /// Whether something of the file could not be read; the library takes that for its end.
+  bool has_failed() const { return has_failed_; }
+
  private:
+  size_t read_at(char* bytes, size_t size, long offset);
+
   int fd_;
   std::string name_;
   long length_ = 0;
   long position_ = 0;
+  bool has_failed_ = false;
   std::string buffer_;
   long buffer_start_ = 0;
 };

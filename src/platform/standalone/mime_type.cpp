@@ -84,9 +84,13 @@ void skip_nested_section(Lines& lines) {
 
 }  // namespace
 
-std::string detect_mime_type(int fd) {
+std::optional<std::string> detect_mime_type(int fd) {
   std::string content(head_size, '\0');
-  content.resize(read_fully(fd, content.data(), head_size));
+  const std::optional<size_t> head_length = read_fully(fd, content.data(), head_size);
+  if (!head_length) {
+    return std::nullopt;
+  }
+  content.resize(*head_length);
   if (is_transport_stream(content)) {
     return "video/mp2t";
   }
@@ -95,8 +99,12 @@ std::string detect_mime_type(int fd) {
   if (content.find('\0') == std::string::npos) {
     if (content.size() == head_size) {
       content.resize(schedule_head_size);
-      content.resize(head_size +
-                     read_fully(fd, content.data() + head_size, schedule_head_size - head_size));
+      const std::optional<size_t> length =
+          read_fully(fd, content.data() + head_size, schedule_head_size - head_size);
+      if (!length) {
+        return std::nullopt;
+      }
+      content.resize(head_size + *length);
     }
     const std::string_view schedule = sniff_schedule(content);
     if (!schedule.empty()) {

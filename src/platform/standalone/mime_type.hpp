@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 /// The MIME type of an open regular file, by its content: schedule files and MPEG transport streams
 /// are known here, everything else by libmagic from the first 4 KiB.
-std::string detect_mime_type(int fd);
+/// Nothing when the file cannot be read.
+std::optional<std::string> detect_mime_type(int fd);
 
 /// The MIME type of a schedule file, given the first 64 KiB of its content; empty when the content
 /// is no schedule. A type line before the first section tells the type, else the first defaults

@@ -1,6 +1,7 @@
 #include "platform/standalone/sidecar.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 #include "platform/file.hpp"
@@ -8,11 +9,17 @@
 
 namespace {
 
+/// Empty when a read fails: half a sidecar could hide that the rest says otherwise.
 std::string read_whole(int fd) {
   std::string content(4 * 1024, '\0');  // most sidecars are shorter
   size_t length = 0;
   for (;;) {
-    length += read_fully(fd, content.data() + length, content.size() - length);
+    const std::optional<size_t> count =
+        read_fully(fd, content.data() + length, content.size() - length);
+    if (!count) {
+      return {};
+    }
+    length += *count;
     if (length < content.size()) {
       content.resize(length);
       return content;

@@ -6,5 +6,5 @@
 
 /// The entries of a media file's sidecar, `NAME.metadata` beside it: lines "name = value", "#"
 /// comments, "[group]" before the entries of a group and "[]" after them. Empty when there is no
-/// such regular file.
+/// such regular file or it cannot be read to its end.
 FileMetadata read_sidecar(int directory, const std::string& media_name);
