@@ -1,6 +1,6 @@
 #include "driver/print_document.hpp"
 
-#include <string>
+#include <string_view>
 
 #include "driver/output_formats.hpp"
 #include "platform/output.hpp"
@@ -9,8 +9,9 @@
 void print_document(Schedule& schedule, const ReportWindow& window) {
   const OutputFormatInfo& format = output_format_info(run_options.format);
   if (run_options.cgi) {
-    std::string header = std::string("Content-Type: ") + format.content_type + "\n\n";
-    write_output(header);
+    for (const std::string_view text : {"Content-Type: ", format.content_type, "\n\n"}) {
+      print_output(text);
+    }
   }
   format.print(schedule, window.start, window.end);
   finish_output();

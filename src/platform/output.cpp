@@ -3,20 +3,43 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/file.hpp"
+
 namespace {
 
 constexpr size_t large_text = 64 * 1024;
+
+std::array<char, large_text> buffer;
+size_t buffered = 0;
+bool is_begun = false;
 
 [[noreturn]] void fail_output(int error) {
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
   // What is still buffered could not be written either.
   std::_Exit(EXIT_FAILURE);
+}
+
+void write_out(std::string_view text) {
+  if (text.empty()) {
+    return;
+  }
+  is_begun = true;
+  if (!write_fully(STDOUT_FILENO, text)) {
+    fail_output(errno);
+  }
+}
+
+void write_out_buffer() {
+  write_out({buffer.data(), buffered});
+  buffered = 0;
 }
 
 }  // namespace
@@ -25,16 +48,27 @@ void prepare_standard_streams() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     // Read-only on purpose: what is written to a closed stream must fail.
     if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", O_RDONLY) == -1) {
+      std::fprintf(stderr, "Unable to open /dev/null: %s\n", std::strerror(errno));
       std::_Exit(EXIT_FAILURE);
     }
   }
   std::signal(SIGPIPE, SIG_IGN);
 }
 
-void write_output(std::string& text) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
-    fail_output(errno);
+void print_output(std::string_view text) {
+  if (text.size() > buffer.size() - buffered) {
+    write_out_buffer();
   }
+  if (text.size() > buffer.size()) {
+    write_out(text);
+    return;
+  }
+  std::ranges::copy(text, buffer.data() + buffered);
+  buffered += text.size();
+}
+
+void write_output(std::string& text) {
+  print_output(text);
   text.clear();
 }
 
@@ -45,7 +79,10 @@ void write_output_when_large(std::string& text) {
 }
 
 void finish_output() {
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    fail_output(errno);
-  }
+  write_out_buffer();
+}
+
+bool take_back_output() {
+  buffered = 0;
+  return !is_begun;
 }

@@ -13,8 +13,12 @@ std::string printed;
 void prepare_standard_streams() {
 }
 
-void write_output(std::string& text) {
+void print_output(std::string_view text) {
   printed += text;
+}
+
+void write_output(std::string& text) {
+  print_output(text);
   text.clear();
 }
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
+#include "platform/output.hpp"
 #include "support/zone.hpp"
 
 namespace {
@@ -18,7 +18,7 @@ std::string printed(const char* type, time_t day_start) {
   schedule->type = type;
   testing::internal::CaptureStdout();
   html_open_day_table(*schedule, day_start);
-  std::fflush(stdout);
+  finish_output();
   return testing::internal::GetCapturedStdout();
 }
 
