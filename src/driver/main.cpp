@@ -1,5 +1,7 @@
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "driver/load_schedule.hpp"
 #include "driver/locate_schedule.hpp"
@@ -7,6 +9,7 @@
 #include "driver/options.hpp"
 #include "driver/patch_subschedules.hpp"
 #include "driver/print_document.hpp"
+#include "driver/report_error.hpp"
 #include "driver/report_window.hpp"
 #include "platform/calendar.hpp"
 #include "platform/output.hpp"
@@ -14,8 +17,14 @@
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
-  settle_local_zone();
-  if (!parse_options(argc, argv) || !locate_schedule()) {
+  report_lack_of_memory();
+  if (!parse_options(argc, argv)) {
+    return EXIT_FAILURE;
+  }
+  if (!settle_local_zone()) {
+    report_errorf("Unable to read the time zone: %s", std::strerror(errno));
+  }
+  if (!locate_schedule()) {
     return EXIT_FAILURE;
   }
   Schedule schedule;

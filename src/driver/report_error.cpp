@@ -3,6 +3,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <string>
 
 #include "platform/output.hpp"
@@ -20,15 +21,34 @@ namespace {
   return text;
 }
 
+void print_response(const char* message) {
+  print_output("Content-Type: text/plain\nX-Quorin disposition: Error\n\n");
+  print_output(message);
+  print_output("\n");
+  finish_output();
+}
+
+/// What the library calls when there is no memory to be had. Nothing here asks for any, and
+/// nothing is taken down: a container may be half changed.
+[[noreturn]] void end_without_memory() {
+  constexpr const char* message = "Out of memory";
+  if (run_options.cgi && take_back_output()) {
+    print_response(message);
+  } else {
+    std::fprintf(stderr, "Error: %s\n", message);
+  }
+  std::_Exit(EXIT_FAILURE);
+}
+
 }  // namespace
+
+void report_lack_of_memory() {
+  std::set_new_handler(end_without_memory);
+}
 
 void report_error(const char* message) {
   if (run_options.cgi) {
-    std::string response = "Content-Type: text/plain\nX-Quorin disposition: Error\n\n";
-    response += message;
-    response += '\n';
-    write_output(response);
-    finish_output();
+    print_response(message);
   } else {
     std::fprintf(stderr, "Error: %s\n", message);
   }

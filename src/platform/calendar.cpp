@@ -1,5 +1,6 @@
 #include "platform/calendar.hpp"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
@@ -92,6 +93,11 @@ int64_t first_day_of_period(const std::tm& tm, Period period, int ahead) {
   return days_from_civil(year + ahead, 1, 1);
 }
 
+/// Whether an error says nothing about the file that it hit.
+bool is_passing(int error) {
+  return error == EIO || error == EINTR || error == ENOMEM || error == EMFILE || error == ENFILE;
+}
+
 time_t start_of_period(time_t t, Period period) {
   const std::optional<std::tm> tm = local_time(t);
   return tm ? first_second_of_day(first_day_of_period(*tm, period, 0)).value_or(t) : t;
@@ -151,7 +157,11 @@ time_t calendar_shift(time_t t, time_t seconds) {
   return shifted;
 }
 
-void settle_local_zone() {
-  setenv("TZ", ":/etc/localtime", 0);
+bool settle_local_zone() {
+  if (setenv("TZ", ":/etc/localtime", 0) != 0) {
+    return false;
+  }
+  errno = 0;
   tzset();
+  return !is_passing(errno);
 }

@@ -25,4 +25,6 @@ time_t calendar_shift(time_t t, time_t seconds);
 
 /// Fixes the zone for the whole run. With TZ unset the C library looks at the system's zone file
 /// again at every conversion; naming that same file in TZ gives the same times forty times faster.
-void settle_local_zone();
+/// False, with errno set, when a zone file that may be there could not be read this time; to the
+/// library that is the same as a zone that it does not know, and means UTC.
+bool settle_local_zone();

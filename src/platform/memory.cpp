@@ -1,0 +1,65 @@
+// The C library's allocation functions for the whole process, libraries included: where there is no
+// memory they do as operator new does and call the handler, which ends the run. Some libraries
+// crash on a null pointer, or take it for a file that they do not know.
+
+#include <cerrno>
+#include <cstddef>
+#include <new>
+
+#ifndef __SANITIZE_ADDRESS__  // which brings its own
+
+extern "C" {
+
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the C library's names
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t count, size_t size);
+void* __libc_realloc(void* memory, size_t size);
+void* __libc_memalign(size_t alignment, size_t size);
+void __libc_free(void* memory);
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+}
+
+namespace {
+
+void* or_end(void* memory) {
+  if (memory == nullptr) {
+    if (const std::new_handler handler = std::get_new_handler()) {
+      handler();
+    }
+  }
+  return memory;
+}
+
+}  // namespace
+
+extern "C" {
+
+void* malloc(size_t size) {
+  return or_end(__libc_malloc(size));
+}
+
+void* calloc(size_t count, size_t size) {
+  return or_end(__libc_calloc(count, size));
+}
+
+void* realloc(void* memory, size_t size) {
+  void* const moved = __libc_realloc(memory, size);
+  return size == 0 ? moved : or_end(moved);  // a null pointer for no bytes is no failure
+}
+
+void* aligned_alloc(size_t alignment, size_t size) {
+  return or_end(__libc_memalign(alignment, size));
+}
+
+int posix_memalign(void** memory, size_t alignment, size_t size) {
+  *memory = or_end(__libc_memalign(alignment, size));
+  return *memory == nullptr ? ENOMEM : 0;
+}
+
+void free(void* memory) {
+  __libc_free(memory);
+}
+
+}  // extern "C"
+
+#endif
