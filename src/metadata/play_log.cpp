@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -107,20 +106,17 @@ std::string line_of(int64_t timestamp, const PlayLogEntry& entry) {
   return line;
 }
 
-/// Writes all lines and brings them to the disk; a full disk shows here, at the latest.
-bool write_lines(int fd, const PlayLog& play_log) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(fdopen(fd, "w"), std::fclose);
-  if (!file) {
-    close(fd);
-    return false;
-  }
+std::string text_of(const PlayLog& play_log) {
+  std::string text;
   for (const auto& [timestamp, entry] : play_log) {
-    const std::string line = line_of(timestamp, entry);
-    if (std::fwrite(line.data(), 1, line.size(), file.get()) != line.size()) {
-      return false;
-    }
+    text += line_of(timestamp, entry);
   }
-  return std::fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
+  return text;
+}
+
+/// Writes the text and brings it to the disk; a full disk shows here, at the latest.
+bool write_to_disk(FileDescriptor file, std::string_view text) {
+  return write_fully(file.get(), text) && fsync(file.get()) == 0 && ::close(file.release()) == 0;
 }
 
 }  // namespace
@@ -134,25 +130,32 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log) {
     return;
   }
   LineReader file(std::move(opened), longest_piece);
+  PlayLog read;
   std::string_view piece;
   while (file.read(piece)) {
     const std::string_view line = chomp(piece);
     if (!line.empty()) {
-      read_line(line, play_log);
+      read_line(line, read);
     }
   }
+  if (file.error() != 0) {
+    return;
+  }
+  read.merge(play_log);  // of the same timestamp, the log's own entry stays
+  play_log = std::move(read);
 }
 
 void write_play_log(const metadata_v4_context* context, const PlayLog& play_log) {
   if (context == nullptr || context->directory < 0) {
     return;
   }
-  const int fd = openat(context->directory, new_file_name,
-                        O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, file_mode);
-  if (fd < 0) {
+  const std::string text = text_of(play_log);
+  FileDescriptor file(openat(context->directory, new_file_name,
+                             O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, file_mode));
+  if (!file.is_open()) {
     return;
   }
-  if (!write_lines(fd, play_log) ||
+  if (!write_to_disk(std::move(file), text) ||
       renameat(context->directory, new_file_name, context->directory, file_name) != 0) {
     unlinkat(context->directory, new_file_name, 0);
   }

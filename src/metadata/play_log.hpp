@@ -19,8 +19,8 @@ struct PlayLogEntry {
 using PlayLog = std::map<int64_t, PlayLogEntry>;
 
 /// Adds what the play log in the context's directory holds; of lines with the same timestamp the
-/// last wins. A log that is missing or cannot be read adds nothing, a line that is no JSON is
-/// reported on standard error and skipped.
+/// last wins. A log that is missing or cannot be read to its end adds nothing, a line that is no
+/// JSON is reported on standard error and skipped.
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log);
 
 /// Replaces the play log in the context's directory as a whole. A write that fails leaves the log

@@ -77,6 +77,25 @@ TEST_F(PlayLogFile, IsReadBackAsItWasWritten) {
   }
 }
 
+TEST_F(PlayLogFile, AddsNothingWhenItCannotBeRead) {
+  ASSERT_EQ(symlink("/proc/self/mem", (directory_ + "/play.log").c_str()), 0);
+  PlayLog log;
+  log[1] = {"known before", {}};
+  read_play_log(&context_, log);
+  ASSERT_EQ(log.size(), 1U);
+  EXPECT_EQ(log[1].path, "known before");
+}
+
+TEST_F(PlayLogFile, ReplacesWhatIsKnownOfTheSameTime) {
+  std::ofstream(directory_ + "/play.log") << "{\"timestamp\": 1, \"path\": \"logged\"}\n";
+  PlayLog log;
+  log[1] = {"known before", {}};
+  log[2] = {"known alone", {}};
+  read_play_log(&context_, log);
+  EXPECT_EQ(log[1].path, "logged");
+  EXPECT_EQ(log[2].path, "known alone");
+}
+
 TEST_F(PlayLogFile, IsEmptyWhenNothingAired) {
   write_play_log(&context_, {});
   EXPECT_TRUE(exists("/play.log"));
