@@ -13,11 +13,13 @@
 #include "driver/report_window.hpp"
 #include "platform/calendar.hpp"
 #include "platform/output.hpp"
+#include "platform/run_limits.hpp"
 #include "schedule/block_announce.hpp"
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
   report_lack_of_memory();
+  limit_run();
   if (!parse_options(argc, argv)) {
     return EXIT_FAILURE;
   }

@@ -6,12 +6,24 @@
 
 namespace {
 
-/// The play log beside the schedule file; empty when there is none to be read.
-PlayLog read_play_log_of_schedule() {
+/// The item that starts at that time, if one does.
+ScheduleItem* item_at(Schedule& schedule, int64_t timestamp) {
+  if (timestamp < schedule.unit_start || timestamp >= schedule.unit_end) {
+    return nullptr;
+  }
+  const auto offset = static_cast<uint64_t>(timestamp - schedule.unit_start);
+  const auto found = schedule.schedule.find(offset);
+  return found != schedule.schedule.end() ? &found->second : nullptr;
+}
+
+/// Of the play log beside the schedule file, what was logged when an item starts; empty when there
+/// is none to be read.
+PlayLog read_play_log_of(Schedule& schedule) {
   PlayLog play_log;
   metadata_v4_context* context = metadata_v4_context_create();
   if (bind_context(context, run_options.schedule_path.c_str())) {
-    read_play_log(context, play_log);
+    read_play_log(context, play_log,
+                  [&](int64_t timestamp) { return item_at(schedule, timestamp) != nullptr; });
   }
   metadata_v4_context_destroy(context);
   return play_log;
@@ -20,15 +32,11 @@ PlayLog read_play_log_of_schedule() {
 }  // namespace
 
 void merge_play_log(Schedule& schedule) {
-  const PlayLog play_log = read_play_log_of_schedule();
+  const PlayLog play_log = read_play_log_of(schedule);
   for (const auto& [timestamp, entry] : play_log) {
-    if (timestamp < schedule.unit_start || timestamp >= schedule.unit_end) {
-      continue;
-    }
-    const auto offset = static_cast<uint64_t>(timestamp - schedule.unit_start);
-    const auto found = schedule.schedule.find(offset);
-    if (found != schedule.schedule.end() && found->second.item == entry.path) {
-      found->second.metadata = entry.metadata;
+    ScheduleItem& item = *item_at(schedule, timestamp);
+    if (item.item == entry.path) {
+      item.metadata = entry.metadata;
     }
   }
 }

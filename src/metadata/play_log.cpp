@@ -78,7 +78,8 @@ PlayLogEntry entry_of(const json::object& line) {
   return entry;
 }
 
-void read_line(std::string_view line, PlayLog& play_log) {
+void read_line(std::string_view line, PlayLog& play_log,
+               const std::function<bool(int64_t)>& is_wanted) {
   json::error_code error;
   const json::value value = json::parse(line, error, {}, parse_options());
   if (error) {
@@ -87,7 +88,10 @@ void read_line(std::string_view line, PlayLog& play_log) {
   }
   // A value that is no object counts as an object without members.
   const json::object object = value.is_object() ? value.get_object() : json::object();
-  play_log.insert_or_assign(timestamp_of(object.if_contains("timestamp")), entry_of(object));
+  const int64_t timestamp = timestamp_of(object.if_contains("timestamp"));
+  if (is_wanted(timestamp)) {
+    play_log.insert_or_assign(timestamp, entry_of(object));
+  }
 }
 
 std::string line_of(int64_t timestamp, const PlayLogEntry& entry) {
@@ -122,6 +126,11 @@ bool write_to_disk(FileDescriptor file, std::string_view text) {
 }  // namespace
 
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log) {
+  read_play_log(context, play_log, [](int64_t) { return true; });
+}
+
+void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
+                   const std::function<bool(int64_t)>& is_wanted) {
   if (context == nullptr || context->directory < 0) {
     return;
   }
@@ -135,7 +144,7 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log) {
   while (file.read(piece)) {
     const std::string_view line = chomp(piece);
     if (!line.empty()) {
-      read_line(line, read);
+      read_line(line, read, is_wanted);
     }
   }
   if (file.error() != 0) {

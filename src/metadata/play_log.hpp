@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 
@@ -22,6 +23,11 @@ using PlayLog = std::map<int64_t, PlayLogEntry>;
 /// last wins. A log that is missing or cannot be read to its end adds nothing, a line that is no
 /// JSON is reported on standard error and skipped.
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log);
+
+/// The same of the entries whose timestamp is wanted. A log goes back years, and only the entries
+/// that are kept cost memory.
+void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
+                   const std::function<bool(int64_t)>& is_wanted);
 
 /// Replaces the play log in the context's directory as a whole. A write that fails leaves the log
 /// that is there untouched.

@@ -96,6 +96,18 @@ TEST_F(PlayLogFile, ReplacesWhatIsKnownOfTheSameTime) {
   EXPECT_EQ(log[2].path, "known alone");
 }
 
+TEST_F(PlayLogFile, GivesTheWantedEntriesAloneAndOfThoseTheLast) {
+  std::ofstream(directory_ + "/play.log") << R"({"timestamp": 1, "path": "a"}
+{"timestamp": 2, "path": "b"}
+{"timestamp": 2, "path": "c"}
+{"timestamp": 3, "path": "d"}
+)";
+  PlayLog read;
+  read_play_log(&context_, read, [](int64_t timestamp) { return timestamp == 2; });
+  ASSERT_EQ(read.size(), 1U);
+  EXPECT_EQ(read.at(2).path, "c");
+}
+
 TEST_F(PlayLogFile, IsEmptyWhenNothingAired) {
   write_play_log(&context_, {});
   EXPECT_TRUE(exists("/play.log"));

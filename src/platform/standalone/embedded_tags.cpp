@@ -4,11 +4,16 @@
 #include <mp4file.h>
 #include <tpropertymap.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstring>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
+#include "platform/standalone/isolated_call.hpp"
 #include "platform/standalone/media_stream.hpp"
 #include "platform/text.hpp"
 
@@ -22,6 +27,15 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 4> renamed_t
     {"PODCASTDESC", "description"},
 }};
 constexpr const char* mp4_long_description = "ldes";
+
+/// Almost every file's tags are read with this, in the run's own process. Whatever the file is
+/// like, the library then makes no more than some twenty megabytes of it, and goes no deeper into
+/// boxes in boxes than the reads allow.
+constexpr ReadBudget small_budget = {128UL * 1024, 2048, false};
+
+/// The others, those with large pictures for the most part, are read in a process of their own.
+constexpr ReadBudget large_budget = {48UL * 1024 * 1024, 1000000, true};
+constexpr IsolationLimits isolation_limits = {64UL * 1024 * 1024, 1, 1024UL * 1024};
 
 using Tags = std::multimap<std::string, std::string>;
 
@@ -42,6 +56,10 @@ void add_values(Tags& tags, const std::string& name, const TagLib::StringList& v
 
 Tags tags_of(TagLib::File& file) {
   Tags tags;
+  // An MP4 file without a "moov" has no tag, and the library would look for its properties there.
+  if (!file.isValid() || file.tag() == nullptr) {
+    return tags;
+  }
   for (const auto& [tag, values] : file.properties()) {
     add_values(tags, name_of_tag(tag.to8Bit(true)), values);
   }
@@ -53,55 +71,148 @@ Tags tags_of(TagLib::File& file) {
   return tags;
 }
 
-/// Whether a file begins as an ISO base media file does (ISO/IEC 14496-12). Most media are such,
-/// and the library would try many other formats first.
-bool is_mp4(MediaStream& stream) {
-  constexpr unsigned head_size = 8;
+TagLib::ByteVector head_of(MediaStream& stream) {
+  constexpr unsigned head_size = 16;
   const TagLib::ByteVector head = stream.readBlock(head_size);
   stream.seek(0, TagLib::IOStream::Beginning);
-  return head.size() == head_size && head.containsAt("ftyp", 4);
+  return head;
 }
 
-bool has_known_extension(const std::string& name) {
+/// Whether a file begins as an ISO base media file does (ISO/IEC 14496-12). Most media are such,
+/// and the library would try many other formats first.
+bool is_mp4(const TagLib::ByteVector& head) {
+  return head.containsAt("ftyp", 4);
+}
+
+/// Whether a file begins as Windows media do. The library goes through as many attributes as such a
+/// file says it has.
+bool is_asf(const TagLib::ByteVector& head) {
+  return head.startsWith(TagLib::ByteVector("\x30\x26\xb2\x75\x8e\x66\xcf\x11", 8));
+}
+
+std::string extension_of(const std::string& name) {
   const size_t dot = name.rfind('.');
-  return dot != std::string::npos &&
-         TagLib::FileRef::defaultFileExtensions().contains(lower_case(name.substr(dot + 1)));
+  return dot != std::string::npos ? lower_case(name.substr(dot + 1)) : std::string();
 }
 
-std::optional<Tags> unless_failed(const MediaStream& stream, Tags tags) {
-  return stream.has_failed() ? std::nullopt : std::optional(std::move(tags));
+/// Whether the library takes a name for a music module's. It goes through as many instruments and
+/// samples as such a file says it has, however short the file is.
+bool is_module(const std::string& extension) {
+  constexpr std::array<std::string_view, 7> modules = {"mod", "module", "nst", "wow",
+                                                       "s3m", "it",     "xm"};
+  return std::find(modules.begin(), modules.end(), extension) != modules.end();
 }
 
-/// Nothing when a read failed.
-std::optional<Tags> read_tags(int fd, const std::string& name) {
+/// What came of reading a file's tags.
+enum class Outcome : char {
+  read = 'r',
+  failed = 'f',  ///< something of the file could not be read
+  spent = 's',   ///< it would take more than the budget
+};
+
+struct TagsRead {
+  Outcome outcome = Outcome::read;
+  Tags tags;
+};
+
+TagsRead result_of(const MediaStream& stream, Tags tags) {
+  if (stream.has_failed()) {
+    return {Outcome::failed, {}};
+  }
+  if (stream.is_spent()) {
+    return {Outcome::spent, {}};
+  }
+  return {Outcome::read, std::move(tags)};
+}
+
+TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
   constexpr bool read_audio_properties = false;
+  const std::string extension = extension_of(name);
   // The stream without a name is taken by its content, which cannot be wrong.
   for (const std::string& name_to_go_by : {std::string(), name}) {
-    if (!name_to_go_by.empty() && !has_known_extension(name)) {
-      break;
+    if (!name_to_go_by.empty()) {
+      if (!TagLib::FileRef::defaultFileExtensions().contains(extension)) {
+        break;
+      }
+      if (!budget.risks && is_module(extension)) {
+        return {Outcome::spent, {}};
+      }
     }
-    MediaStream stream(fd, name_to_go_by);
-    if (is_mp4(stream)) {
+    MediaStream stream(fd, name_to_go_by, budget);
+    const TagLib::ByteVector head = head_of(stream);
+    if (!budget.risks && is_asf(head)) {
+      return {Outcome::spent, {}};
+    }
+    if (is_mp4(head)) {
       TagLib::MP4::File file(&stream, read_audio_properties);
-      return unless_failed(stream, tags_of(file));
+      return result_of(stream, tags_of(file));
     }
     const TagLib::FileRef file(&stream, read_audio_properties);
-    if (file.file() != nullptr || stream.has_failed()) {
-      return unless_failed(stream, file.file() != nullptr ? tags_of(*file.file()) : Tags());
+    if (file.file() != nullptr) {
+      return result_of(stream, tags_of(*file.file()));
+    }
+    if (const TagsRead none = result_of(stream, {}); none.outcome != Outcome::read) {
+      return none;
     }
   }
-  return Tags();
+  return {};
+}
+
+void pack_text(std::string& packed, const std::string& text) {
+  const size_t size = text.size();
+  packed.append(reinterpret_cast<const char*>(&size), sizeof(size));
+  packed += text;
+}
+
+std::string unpack_text(std::string_view& packed) {
+  size_t size = 0;
+  std::memcpy(&size, packed.data(), sizeof(size));
+  std::string text(packed.substr(sizeof(size), size));
+  packed.remove_prefix(sizeof(size) + size);
+  return text;
+}
+
+std::string pack(const TagsRead& result) {
+  std::string packed(1, static_cast<char>(result.outcome));
+  for (const auto& [name, value] : result.tags) {
+    pack_text(packed, name);
+    pack_text(packed, value);
+  }
+  return packed;
+}
+
+TagsRead unpack(std::string_view packed) {
+  TagsRead result{static_cast<Outcome>(packed.front()), {}};
+  packed.remove_prefix(1);
+  while (!packed.empty()) {
+    std::string name = unpack_text(packed);
+    result.tags.emplace(std::move(name), unpack_text(packed));
+  }
+  return result;
+}
+
+TagsRead read_tags_isolated(int fd, const std::string& name) {
+  const std::optional<std::string> packed =
+      call_isolated(isolation_limits, [&] { return pack(read_tags(fd, name, large_budget)); });
+  return packed ? unpack(*packed) : TagsRead{Outcome::spent, {}};
 }
 
 }  // namespace
 
 std::optional<std::vector<MetadataEntry>> read_embedded_tags(int fd, const std::string& name) {
-  const std::optional<Tags> tags = read_tags(fd, name);
-  if (!tags) {
+  TagsRead result = read_tags(fd, name, small_budget);
+  if (result.outcome == Outcome::spent) {
+    result = read_tags_isolated(fd, name);
+  }
+  if (result.outcome == Outcome::failed) {
     return std::nullopt;
   }
   std::vector<MetadataEntry> entries;
-  for (const auto& [tag, value] : *tags) {
+  if (result.outcome == Outcome::spent) {
+    std::fprintf(stderr, "WARNING: The tags of '%s' take too much to read\n", name.c_str());
+    return entries;
+  }
+  for (const auto& [tag, value] : result.tags) {
     entries.push_back({tag, value, no_group});
   }
   return entries;
