@@ -21,6 +21,13 @@
 
 namespace {
 
+// The address sanitizer claims terabytes that it does not use.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool is_sanitized = true;
+#else
+constexpr bool is_sanitized = false;
+#endif
+
 /// Bytes of address space that this process has, or 0 when the system does not say.
 size_t claimed_memory() {
   const FileDescriptor file = open_regular_file(AT_FDCWD, "/proc/self/statm");
@@ -32,9 +39,9 @@ size_t claimed_memory() {
 }
 
 bool limit_memory(size_t more) {
-#ifdef __SANITIZE_ADDRESS__
-  return more > 0;  // the sanitizer claims terabytes that it does not use
-#else
+  if (is_sanitized) {
+    return true;
+  }
   const size_t claimed = claimed_memory();
   rlimit limit{};
   if (claimed == 0 || getrlimit(RLIMIT_AS, &limit) != 0) {
@@ -42,7 +49,6 @@ bool limit_memory(size_t more) {
   }
   limit.rlim_cur = std::min<rlim_t>(claimed + more, limit.rlim_max);
   return setrlimit(RLIMIT_AS, &limit) == 0;
-#endif
 }
 
 bool limit_time(long seconds) {

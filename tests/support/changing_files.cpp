@@ -1,0 +1,41 @@
+// Linked into a program in place of the C library's read and pread: just before the read number
+// CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes.
+
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace {
+
+bool is_file_to_change(int fd, const char* path) {
+  struct stat own {};
+  struct stat other {};
+  return fstat(fd, &own) == 0 && stat(path, &other) == 0 && own.st_ino == other.st_ino &&
+         own.st_dev == other.st_dev;
+}
+
+void change_in_time(int fd) {
+  static long reads = 0;
+  const char* path = std::getenv("CHANGE_FILE");
+  if (path == nullptr || !is_file_to_change(fd, path)) {
+    return;
+  }
+  if (++reads == std::atol(std::getenv("CHANGE_AT")) &&
+      truncate(path, std::atol(std::getenv("CHANGE_SIZE"))) == 0) {
+    static_cast<void>(!::write(STDERR_FILENO, "changed\n", 8));
+  }
+}
+
+}  // namespace
+
+extern "C" ssize_t read(int fd, void* bytes, size_t size) {
+  change_in_time(fd);
+  return syscall(SYS_read, fd, bytes, size);
+}
+
+extern "C" ssize_t pread(int fd, void* bytes, size_t size, off_t offset) {
+  change_in_time(fd);
+  return syscall(SYS_pread64, fd, bytes, size, offset);
+}
