@@ -54,7 +54,7 @@ std::optional<std::string> text_of(std::string word) {
 }
 
 Script read_script() {
-  Script script;
+  Script result;
   std::ifstream file("metadata-double");
   std::string line;
   while (std::getline(file, line)) {
@@ -65,19 +65,19 @@ Script read_script() {
     std::string group;
     words >> what >> first >> second >> group;
     if (what == "fail") {
-      script.failing.insert(first);
+      result.failing.insert(first);
     } else if (what == "group") {
-      script.groups.push_back(first);
+      result.groups.push_back(first);
     } else if (what == "entry") {
-      script.entries.push_back(
+      result.entries.push_back(
           {false, text_of(first), text_of(second), group == "-" ? -1 : std::stoi(group)});
     } else if (what == "hang") {
-      script.hangs = true;
+      result.hangs = true;
     } else if (what == "absent") {
-      script.entries.push_back({true, {}, {}, -1});
+      result.entries.push_back({true, {}, {}, -1});
     }
   }
-  return script;
+  return result;
 }
 
 const Script& script() {
