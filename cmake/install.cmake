@@ -1,0 +1,16 @@
+# What `cmake --install` puts where. tests/installed_files.txt lists every file.
+
+set(CMAKE_INSTALL_DOCDIR share/doc/nv8x-schedule-to-xml CACHE PATH "Documentation and examples")
+include(GNUInstallDirs)
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+install(TARGETS nv8x_schedule_to_xml)
+install(FILES man/nv8x_schedule_to_xml.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
+install(FILES share/bash-completion/nv8x_schedule_to_xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(DIRECTORY share/schema share/xslt
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
