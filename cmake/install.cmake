@@ -12,5 +12,5 @@ install(FILES share/bash-completion/nv8x_schedule_to_xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(DIRECTORY share/schema share/xslt
         DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
-install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md LICENSE SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
