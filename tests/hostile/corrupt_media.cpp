@@ -58,13 +58,13 @@ class MemoryFile {
 
   int get() const { return fd_; }
 
-  void resize(size_t size) {
+  void resize(size_t size) const {
     if (ftruncate(fd_, static_cast<off_t>(size)) != 0) {
       std::abort();
     }
   }
 
-  void write(size_t position, const char* bytes, size_t size) {
+  void write(size_t position, const char* bytes, size_t size) const {
     if (pwrite(fd_, bytes, size, static_cast<off_t>(position)) != static_cast<ssize_t>(size)) {
       std::abort();
     }
@@ -88,7 +88,7 @@ void read_type(const MemoryFile& file) {
   }
 }
 
-void cut_everywhere(MemoryFile& file, const std::string& name, size_t size, Totals& totals) {
+void cut_everywhere(const MemoryFile& file, const std::string& name, size_t size, Totals& totals) {
   for (size_t left = size; left-- > 0;) {
     file.resize(left);
     read_tags(file, name, totals);
@@ -98,7 +98,7 @@ void cut_everywhere(MemoryFile& file, const std::string& name, size_t size, Tota
   }
 }
 
-void change_everywhere(MemoryFile& file, const std::string& name, const std::string& content,
+void change_everywhere(const MemoryFile& file, const std::string& name, const std::string& content,
                        Totals& totals) {
   for (size_t i = 0; i < content.size(); ++i) {
     const char byte = content[i];
@@ -124,7 +124,7 @@ bool read_corrupted(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   const std::string content{std::istreambuf_iterator<char>(stream), {}};
   const std::string name(file_name_of(path));
-  MemoryFile file;
+  const MemoryFile file;
   file.resize(content.size());
   file.write(0, content.data(), content.size());
   if (!has_tags(file, name)) {

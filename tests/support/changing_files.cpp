@@ -16,26 +16,30 @@ bool is_file_to_change(int fd, const char* path) {
          own.st_dev == other.st_dev;
 }
 
+long number_in(const char* name) {
+  const char* text = std::getenv(name);
+  return text != nullptr ? std::strtol(text, nullptr, 10) : 0;
+}
+
 void change_in_time(int fd) {
   static long reads = 0;
   const char* path = std::getenv("CHANGE_FILE");
   if (path == nullptr || !is_file_to_change(fd, path)) {
     return;
   }
-  if (++reads == std::atol(std::getenv("CHANGE_AT")) &&
-      truncate(path, std::atol(std::getenv("CHANGE_SIZE"))) == 0) {
+  if (++reads == number_in("CHANGE_AT") && truncate(path, number_in("CHANGE_SIZE")) == 0) {
     static_cast<void>(!::write(STDERR_FILENO, "changed\n", 8));
   }
 }
 
 }  // namespace
 
-extern "C" ssize_t read(int fd, void* bytes, size_t size) {
+extern "C" ssize_t read(int fd, void* buf, size_t nbytes) {
   change_in_time(fd);
-  return syscall(SYS_read, fd, bytes, size);
+  return syscall(SYS_read, fd, buf, nbytes);
 }
 
-extern "C" ssize_t pread(int fd, void* bytes, size_t size, off_t offset) {
+extern "C" ssize_t pread(int fd, void* buf, size_t nbytes, off_t offset) {
   change_in_time(fd);
-  return syscall(SYS_pread64, fd, bytes, size, offset);
+  return syscall(SYS_pread64, fd, buf, nbytes, offset);
 }
