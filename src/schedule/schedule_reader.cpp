@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -187,8 +186,13 @@ void complete(Schedule& schedule) {
   schedule.unit_length = type != nullptr ? type->unit_length : 0;
 }
 
-/// Reads all lines. The errno of a read that failed, or 0.
-int read_content(Schedule& schedule, FileDescriptor opened) {
+}  // namespace
+
+bool read_schedule_file(Schedule& schedule, const char* path, int* read_error) {
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
+  if (!opened.is_open()) {
+    return false;
+  }
   LineReader file(std::move(opened), longest_schedule_line);
   schedule.schedule.clear();
   schedule.type.clear();
@@ -212,21 +216,9 @@ int read_content(Schedule& schedule, FileDescriptor opened) {
         break;
     }
   }
-  return file.error();
-}
-
-}  // namespace
-
-ScheduleFileResult read_schedule_file(Schedule& schedule, const char* path) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
-  if (!opened.is_open()) {
-    return ScheduleFileResult::not_opened;
-  }
-  const int error = read_content(schedule, std::move(opened));
-  if (error != 0) {
-    errno = error;
-    return ScheduleFileResult::broken_off;
-  }
   complete(schedule);
-  return ScheduleFileResult::whole;
+  if (read_error != nullptr) {
+    *read_error = file.error();
+  }
+  return true;
 }
