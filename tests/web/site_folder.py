@@ -1,0 +1,47 @@
+"""A station's web site in a scratch folder: its channel, the program and the wrapper."""
+import os
+import shutil
+import tempfile
+from pathlib import Path
+
+WRAPPER = "examples/web/guide.cgi"
+
+
+def fill(text, settings):
+    """The text of a shipped file with this site's settings in place of the ones it stands with."""
+    for shipped, ours in settings.items():
+        if shipped not in text:
+            raise AssertionError(f"no {shipped!r} in the shipped file")
+        text = text.replace(shipped, ours)
+    return text
+
+
+class Site:
+    """Belongs to an unprivileged user, as do the servers: `ownership` is for Popen."""
+
+    def __init__(self, source):
+        self.source = Path(source)
+        self.folder = Path(tempfile.mkdtemp(prefix="web_test."))
+        self.channel = self.folder / "channel"
+        self.wrapper = self.folder / "guide.cgi"
+        shutil.copytree(self.source / "examples/channel", self.channel)
+        self.ownership = {}
+        if os.geteuid() == 0:
+            shutil.chown(self.folder, "nobody", "nogroup")
+            self.ownership = {"user": "nobody", "group": "nogroup", "extra_groups": []}
+
+    def remove(self):
+        shutil.rmtree(self.folder)
+
+    def add_program(self, name, text):
+        path = self.folder / name
+        path.write_text(text)
+        path.chmod(0o755)
+        return path
+
+    def install_wrapper(self, program, schedule="week.schedule", more=None):
+        """The shipped wrapper for this program and schedule, with `more` replaced in it."""
+        settings = {"/usr/local/bin/nv8x_schedule_to_xml": str(program),
+                    "/srv/channel": str(self.channel), "week.schedule": schedule}
+        text = fill((self.source / WRAPPER).read_text(), {**settings, **(more or {})})
+        self.add_program("next.cgi", text).rename(self.wrapper)
