@@ -50,7 +50,7 @@ std::optional<int64_t> first_second_of_day(int64_t day) {
        t += search_step) {
     const std::optional<std::tm> tm = local_time(t);
     if (!tm) {
-      return std::nullopt;
+      continue;  // the ends of time are near
     }
     const int64_t candidate = utc_midnight - tm->tm_gmtoff;
     if ((!earliest || candidate < *earliest) && is_midnight(candidate, day)) {

@@ -137,4 +137,19 @@ TEST(Calendar, SettlingTheZoneKeepsAGivenOne) {
   EXPECT_STREQ(std::getenv("TZ"), "Europe/Berlin");
 }
 
+TEST(Calendar, YearsBeforeYearZeroHaveTheirPeriods) {
+  const Zone utc("UTC");
+  const time_t t = -62200000000;  // 17 December of the year -2, three years before the year 1
+  EXPECT_EQ(calendar_start_of_day(t), -62200051200);
+  EXPECT_EQ(calendar_start_of_month(t), -62201433600);
+  EXPECT_EQ(calendar_start_of_year(t), -62230291200);
+}
+
+TEST(Calendar, TheLastDayOfAllBeginsAndHasNoEnd) {
+  const Zone utc("UTC");
+  const time_t last = 67768036191676799;  // the years of a broken-down time reach no further
+  EXPECT_EQ(calendar_start_of_day(last - 5), last - 86399);
+  EXPECT_EQ(calendar_end_of_day(last - 5), last - 5);
+}
+
 }  // namespace
