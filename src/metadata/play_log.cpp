@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <boost/json.hpp>
-#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string_view>
@@ -33,9 +32,6 @@ json::parse_options parse_options() {
 /// Truncated toward zero, and kept within the range of the type.
 int64_t to_timestamp(double number) {
   constexpr double limit = 9223372036854775808.0;  // 2 to the 63rd
-  if (std::isnan(number)) {
-    return 0;
-  }
   if (number >= limit) {
     return std::numeric_limits<int64_t>::max();
   }

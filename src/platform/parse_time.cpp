@@ -84,7 +84,7 @@ bool parse_lower_case(TimeText rest, std::tm& broken_down, long& microseconds) {
     }
     date = *found;
     const bool joined = date.is_iso && take_text(rest, "t");
-    if (rest.empty() && !joined && !date.needs_clock) {
+    if (rest.empty() && !joined) {
       clock = ClockTime();
     } else if (joined || take_separators(rest)) {
       clock = read_clock(rest);

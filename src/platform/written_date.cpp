@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int first_year = 1900;
-constexpr int last_year = 9999;
 
 constexpr std::array<std::string_view, 7> weekday_letters = {"sun", "mon", "tue", "wed",
                                                              "thu", "fri", "sat"};
@@ -174,7 +173,6 @@ bool take_bare_day(TimeText& rest, WrittenDate& date) {
   if (!date.day || !take_separators(behind) || !read_clock(behind)) {
     return false;
   }
-  date.needs_clock = true;
   rest = after;
   return true;
 }
@@ -222,7 +220,7 @@ std::optional<WrittenDate> take_date(TimeText& rest) {
 }
 
 bool in_range(const WrittenDate& date) {
-  return (!date.year || (*date.year >= first_year && *date.year <= last_year)) &&
+  return (!date.year || *date.year >= first_year) &&
          (!date.month || (*date.month >= 1 && *date.month <= 12)) &&
          (!date.day || (*date.day >= 1 && *date.day <= 31));
 }

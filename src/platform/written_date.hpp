@@ -10,8 +10,7 @@ struct WrittenDate {
   std::optional<int> month;  ///< 1 to 12
   std::optional<int> day;
   std::optional<int> weekday;
-  bool is_iso = false;       ///< YYYY-MM-DD, which a "T" may join to its clock
-  bool needs_clock = false;  ///< a bare number is a day only before a clock
+  bool is_iso = false;  ///< YYYY-MM-DD, which a "T" may join to its clock
 };
 
 /// The weekday (0 is Sunday) whose first three letters begin the text, in lower case.

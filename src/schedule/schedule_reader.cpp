@@ -182,8 +182,7 @@ void complete(Schedule& schedule) {
       item = schedule.global_default;
     }
   }
-  const ScheduleType* type = find_schedule_type(schedule.type);
-  schedule.unit_length = type != nullptr ? type->unit_length : 0;
+  schedule.unit_length = find_schedule_type(schedule.type)->unit_length;
 }
 
 }  // namespace
