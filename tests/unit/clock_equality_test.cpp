@@ -166,4 +166,20 @@ TEST(ClockEquality, OddTimes) {
   }
 }
 
+TEST(ClockEquality, AnotherNameOfTheSameOffsetIsAClockChange) {
+  const Zone new_york("America/New_York");
+  const time_t peace = -769395600;  // 1945-08-14 19:00 local: "war time" became "peace time"
+  EXPECT_TRUE(ConstantOffset().holds(peace - 7200, peace - 1));
+  EXPECT_FALSE(ConstantOffset().holds(peace - 7200, peace));
+  EXPECT_TRUE(ConstantOffset().holds(peace, peace + 7200));
+}
+
+TEST(ClockEquality, NoOffsetHoldsWhereThereAreNoDates) {
+  const Zone utc("UTC");
+  const time_t last = 67768036191676799;
+  EXPECT_TRUE(ConstantOffset().holds(last - 10, last));
+  EXPECT_FALSE(ConstantOffset().holds(last - 10, last + 10));
+  EXPECT_FALSE(ConstantOffset().holds(last + 1, last + 10));
+}
+
 }  // namespace

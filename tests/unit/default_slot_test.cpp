@@ -33,6 +33,7 @@ TEST(DefaultSlot, DaysOfTheMonthCountFromOneToTheLastSlot) {
   EXPECT_EQ(slot("monthly", "dom0"), none);
   EXPECT_EQ(slot("monthly", "dom"), none);
   EXPECT_EQ(slot("monthly", "dom-1"), none);
+  EXPECT_EQ(slot("monthly", "dom5th"), none);
   EXPECT_EQ(slot("monthly", "dom99999999999999999999"), none);
   EXPECT_EQ(slot("monthly", "doi1"), none);
   EXPECT_EQ(slot("interval", "doi7"), 6);

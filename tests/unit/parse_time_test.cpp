@@ -57,4 +57,11 @@ TEST(ParseTime, TheCallersMicrosecondsStayWithoutAFraction) {
   EXPECT_EQ(microseconds, 7);
 }
 
+TEST(ParseTime, BlanksMayBeManyButAreNoText) {
+  const std::string blanks(100, ' ');
+  EXPECT_EQ(parsed("Mon" + blanks + "18:30"), parsed("Mon 18:30"));
+  EXPECT_EQ(parsed("Mon 18:30"), "120 0 1 1 18 30 0 0");
+  EXPECT_EQ(parsed("Mon" + blanks + "x"), "invalid");
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 #include "schedule/unit_times.hpp"
@@ -91,6 +92,14 @@ TEST(ScheduleTime, ATimeWithoutLocalTimeHasNoScheduleSeconds) {
   Schedule schedule;
   schedule.type = "daily";
   EXPECT_EQ(time_to_schedule_seconds(schedule, 9223372036854775807), no_time);
+}
+
+TEST(ScheduleTime, ATimeWithoutADateHasNoPosition) {
+  const Zone utc("UTC");
+  const auto schedule = schedule_around("daily", 1709251200);
+  constexpr time_t too_late = std::numeric_limits<time_t>::max();
+  EXPECT_EQ(time_to_schedule_seconds(*schedule, too_late), no_time);
+  EXPECT_EQ(UnitClock(*schedule).schedule_seconds_of(too_late), no_time);
 }
 
 }  // namespace

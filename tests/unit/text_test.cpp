@@ -76,4 +76,9 @@ TEST(Text, CaseFollowsTheCLocale) {
   EXPECT_EQ(to_upper('{'), '{');
 }
 
+TEST(Text, OldPairsMayBeginWithATab) {
+  EXPECT_EQ(loose("\t =a = b"), "a|b");
+  EXPECT_EQ(loose("\ta: b"), "a|b");
+}
+
 }  // namespace

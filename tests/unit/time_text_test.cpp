@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "support/zone.hpp"
 
 namespace {
@@ -51,6 +53,12 @@ TEST(TimeText, NamesOutOfRangeAreEmpty) {
   EXPECT_STREQ(day_name(6), "Saturday");
   EXPECT_STREQ(day_name(7), "");
   EXPECT_STREQ(day_name(-1), "");
+}
+
+TEST(TimeText, ATimeWithoutADateHasNoText) {
+  const Zone utc("UTC");
+  EXPECT_EQ(time_to_iso8601(std::numeric_limits<time_t>::max()), "");
+  EXPECT_EQ(time_to_date(std::numeric_limits<time_t>::min()), "");
 }
 
 }  // namespace
