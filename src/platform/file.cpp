@@ -37,11 +37,6 @@ std::optional<size_t> read_until_full(size_t size, Read read) {
 
 }  // namespace
 
-FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept {
-  reset(other.release());
-  return *this;
-}
-
 int FileDescriptor::release() {
   return std::exchange(fd_, -1);
 }
