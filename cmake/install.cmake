@@ -1,4 +1,4 @@
-# What `cmake --install` puts where. tests/installed_files.txt lists every file.
+# What `cmake --install` puts where. tests/package/installed_files.txt lists every file.
 
 set(CMAKE_INSTALL_DOCDIR share/doc/nv8x-schedule-to-xml CACHE PATH "Documentation and examples")
 include(GNUInstallDirs)
