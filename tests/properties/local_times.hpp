@@ -1,0 +1,17 @@
+#pragma once
+
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "properties/random.hpp"
+
+/// Every name in the system's zone database, links included.
+const std::vector<std::string>& all_zones();
+
+/// One of all zones or, half of the time, one of those with the oddest clocks.
+std::string random_zone(Random& random);
+
+/// A time of 2000 to 2037 in the process's zone: anywhere, or within a day of a clock change and,
+/// often, within seconds of it.
+time_t random_report_time(Random& random);
