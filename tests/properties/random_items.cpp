@@ -1,6 +1,7 @@
 #include "properties/random_items.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -97,9 +98,18 @@ std::unique_ptr<Schedule> with_items(const Schedule& frame,
 }
 
 std::string listing_of(const Schedule& schedule) {
+  constexpr int64_t shown_fillers = 3;
   std::ostringstream text;
   text << schedule.type << '\n';
-  for (const auto& [start, item] : schedule.schedule) {
+  for (auto it = schedule.schedule.begin(); it != schedule.schedule.end(); ++it) {
+    const auto other = std::find_if(it, schedule.schedule.end(),
+                                    [](const auto& entry) { return !entry.second.is_default; });
+    const int64_t fillers = std::distance(it, other);
+    if (fillers > shown_fillers) {
+      text << "(" << fillers - shown_fillers << " default items)\n";
+      std::advance(it, fillers - shown_fillers);
+    }
+    const ScheduleItem& item = it->second;
     text << as_signed(item.start) << '-' << as_signed(item.end) << ' ' << item.item
          << (item.is_default ? "*\n" : "\n");
   }

@@ -17,5 +17,5 @@ std::vector<ScheduleItem> random_items(Random& random, uint64_t unit_length);
 /// The frame with the items in it; of two with one start the later stays.
 std::unique_ptr<Schedule> with_items(const Schedule& frame, const std::vector<ScheduleItem>& items);
 
-/// "start-end path" of each item, a default item with a star.
+/// "start-end path" of each item, a default item with a star; of many default items the last few.
 std::string listing_of(const Schedule& schedule);
