@@ -176,7 +176,8 @@ class Channel:
         for path in MEDIA:
             if "gone" not in path:
                 is_video = path.endswith(("mp4", "avi", "MOV"))
-                (folder / path).write_bytes(MP4 if is_video else b"text\n")
+                length = len(MP4) - (8 if "clip" in path else 0)  # some are cut off
+                (folder / path).write_bytes(MP4[:length] if is_video else b"text\n")
         texts = {"main.sched": ""}
         for name, text in self.parts:
             texts[name] = texts.get(name, "") + text
