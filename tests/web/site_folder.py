@@ -1,6 +1,7 @@
 """A station's web site in a scratch folder: its channel, the program and the wrapper."""
 import os
 import shutil
+import subprocess
 import tempfile
 from pathlib import Path
 
@@ -25,6 +26,7 @@ class Site:
         self.channel = self.folder / "channel"
         self.wrapper = self.folder / "guide.cgi"
         shutil.copytree(self.source / "examples/channel", self.channel)
+        subprocess.run(["chmod", "-R", "a+rX", self.channel], check=True)
         self.ownership = {}
         if os.geteuid() == 0:
             shutil.chown(self.folder, "nobody", "nogroup")
@@ -38,6 +40,12 @@ class Site:
         path.write_text(text)
         path.chmod(0o755)
         return path
+
+    def copy_program(self, program):
+        copy = self.folder / "program"
+        shutil.copyfile(program, copy)
+        copy.chmod(0o755)
+        return copy
 
     def install_wrapper(self, program, schedule="week.schedule", more=None):
         """The shipped wrapper for this program and schedule, with `more` replaced in it."""
