@@ -111,9 +111,11 @@ class Server:
         raise AssertionError(f"{name} does not start:\n{self.messages()}")
 
     def start(self, command):
-        return subprocess.Popen(command, cwd=self.site.folder, stdin=subprocess.DEVNULL,
-                                stdout=self.log, stderr=self.log, start_new_session=True,
-                                env={"PATH": "/usr/bin:/bin"}, **self.site.ownership)
+        ended_with_us = [tool("setpriv"), "--pdeathsig", "TERM"]
+        return subprocess.Popen(ended_with_us + command, cwd=self.site.folder,
+                                stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log,
+                                start_new_session=True, env={"PATH": "/usr/bin:/bin"},
+                                **self.site.ownership)
 
     def answers(self):
         for _ in range(200):
