@@ -6,14 +6,22 @@
 #include <cstdlib>
 #include <filesystem>
 
-ScratchFolder::ScratchFolder() {
+namespace {
+
+std::string make_folder() {
   // In memory where there is such a place: thousands of files a second are written.
-  path_ = std::filesystem::is_directory("/dev/shm") ? "/dev/shm/nv8x_fuzz_XXXXXX"
-                                                    : "/tmp/nv8x_fuzz_XXXXXX";
-  if (mkdtemp(path_.data()) == nullptr) {
+  std::string path = std::filesystem::is_directory("/dev/shm") ? "/dev/shm/nv8x_fuzz_XXXXXX"
+                                                               : "/tmp/nv8x_fuzz_XXXXXX";
+  if (mkdtemp(path.data()) == nullptr) {
     std::abort();
   }
-  handle_ = open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  return path;
+}
+
+}  // namespace
+
+ScratchFolder::ScratchFolder()
+    : path_(make_folder()), handle_(open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
 }
 
 ScratchFolder::~ScratchFolder() {
