@@ -151,7 +151,7 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
     if (file.file() != nullptr) {
       return result_of(stream, tags_of(*file.file()));
     }
-    if (const TagsRead none = result_of(stream, {}); none.outcome != Outcome::read) {
+    if (TagsRead none = result_of(stream, {}); none.outcome != Outcome::read) {
       return none;
     }
   }
