@@ -1,6 +1,9 @@
 // Linked into a program in place of the C library's read and pread: just before the read number
 // CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes.
 
+// The C library's checked versions are inline functions of the same names.
+#undef _FORTIFY_SOURCE
+
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
