@@ -1,4 +1,5 @@
-// Reads media files cut off at every byte, and with every byte changed: corrupt_media FILE...
+// Reads media files cut off at every byte, and with every byte changed: corrupt_media STEP FILE...
+// Takes every STEP-th byte only.
 // None of it may crash the reader, or take more time or memory than a media file may. A file named
 // NAME.EXT is read under that name, as the reader partly goes by it.
 
@@ -88,8 +89,12 @@ void read_type(const MemoryFile& file) {
   }
 }
 
-void cut_everywhere(const MemoryFile& file, const std::string& name, size_t size, Totals& totals) {
+void cut_everywhere(const MemoryFile& file, const std::string& name, size_t size, size_t step,
+                    Totals& totals) {
   for (size_t left = size; left-- > 0;) {
+    if (left % step != 0) {
+      continue;
+    }
     file.resize(left);
     read_tags(file, name, totals);
     if (left % positions_per_type == 0) {
@@ -99,8 +104,8 @@ void cut_everywhere(const MemoryFile& file, const std::string& name, size_t size
 }
 
 void change_everywhere(const MemoryFile& file, const std::string& name, const std::string& content,
-                       Totals& totals) {
-  for (size_t i = 0; i < content.size(); ++i) {
+                       size_t step, Totals& totals) {
+  for (size_t i = 0; i < content.size(); i += step) {
     const char byte = content[i];
     const std::array<char, 3> changed = {static_cast<char>(byte ^ 1), static_cast<char>(~byte),
                                          '\xff'};
@@ -120,7 +125,7 @@ bool has_tags(const MemoryFile& file, const std::string& name) {
   return !read_embedded_tags(file.get(), name).value().empty();
 }
 
-bool read_corrupted(const std::string& path) {
+bool read_corrupted(const std::string& path, size_t step) {
   std::ifstream stream(path, std::ios::binary);
   const std::string content{std::istreambuf_iterator<char>(stream), {}};
   const std::string name(file_name_of(path));
@@ -133,8 +138,8 @@ bool read_corrupted(const std::string& path) {
   }
   const long memory_before = peak_memory();
   Totals totals;
-  change_everywhere(file, name, content, totals);
-  cut_everywhere(file, name, content.size(), totals);
+  change_everywhere(file, name, content, step, totals);
+  cut_everywhere(file, name, content.size(), step, totals);
   const long memory = peak_memory() - memory_before;
   std::printf("%s: %ld readings, the longest took %.3f s, %ld KiB more memory\n", name.c_str(),
               totals.readings, totals.longest, memory);
@@ -149,9 +154,10 @@ bool read_corrupted(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  bool is_sound = argc > 1;
-  for (int i = 1; i < argc; ++i) {
-    is_sound = read_corrupted(argv[i]) && is_sound;
+  const size_t step = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 0;
+  bool is_sound = step > 0 && argc > 2;
+  for (int i = 2; is_sound && i < argc; ++i) {
+    is_sound = read_corrupted(argv[i], step);
   }
   return is_sound ? EXIT_SUCCESS : EXIT_FAILURE;
 }
