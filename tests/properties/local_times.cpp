@@ -1,8 +1,9 @@
 #include "properties/local_times.hpp"
 
 #include <array>
-#include <fstream>
-#include <sstream>
+#include <vector>
+
+#include "support/zone.hpp"
 
 namespace {
 
@@ -52,28 +53,9 @@ time_t next_clock_change(time_t t) {
 
 }  // namespace
 
-const std::vector<std::string>& all_zones() {
-  static const std::vector<std::string> zones = [] {
-    std::vector<std::string> names;
-    std::ifstream database("/usr/share/zoneinfo/tzdata.zi");
-    std::string line;
-    while (std::getline(database, line)) {
-      std::istringstream words(line);
-      std::string kind;
-      std::string name;
-      std::string link;
-      words >> kind >> name >> link;
-      if (kind == "Z" || kind == "L") {
-        names.push_back(kind == "Z" ? name : link);
-      }
-    }
-    return names;
-  }();
-  return zones;
-}
-
 std::string random_zone(Random& random) {
-  return random.chance(50) ? random.pick(odd_zones) : random.pick(all_zones());
+  static const std::vector<std::string> zones = all_zones();
+  return random.chance(50) ? random.pick(odd_zones) : random.pick(zones);
 }
 
 time_t random_report_time(Random& random) {

@@ -2,12 +2,8 @@
 
 #include <ctime>
 #include <string>
-#include <vector>
 
 #include "properties/random.hpp"
-
-/// Every name in the system's zone database, links included.
-const std::vector<std::string>& all_zones();
 
 /// One of all zones or, half of the time, one of those with the oddest clocks.
 std::string random_zone(Random& random);

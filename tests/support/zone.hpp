@@ -2,7 +2,10 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
+#include <sstream>
 #include <string>
+#include <vector>
 
 /// Sets the process's time zone for the life of a test.
 class Zone {
@@ -31,4 +34,22 @@ inline std::string local_text(time_t t) {
   localtime_r(&t, &tm);
   char text[64];
   return {text, std::strftime(text, sizeof text, "%F %T", &tm)};
+}
+
+/// Every name in the system's zone database, links included.
+inline std::vector<std::string> all_zones() {
+  std::vector<std::string> zones;
+  std::ifstream database("/usr/share/zoneinfo/tzdata.zi");
+  std::string line;
+  while (std::getline(database, line)) {
+    std::istringstream words(line);
+    std::string kind;
+    std::string name;
+    std::string link;
+    words >> kind >> name >> link;
+    if (kind == "Z" || kind == "L") {
+      zones.push_back(kind == "Z" ? name : link);
+    }
+  }
+  return zones;
 }

@@ -4,9 +4,7 @@
 
 #include <array>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -104,26 +102,6 @@ TEST(ClockEquality, SampledSecondsOfAYearOfEveryType) {
       return;
     }
   }
-}
-
-/// Every name in the system's zone database, links included.
-std::vector<std::string> all_zones() {
-  std::vector<std::string> zones;
-  std::ifstream database("/usr/share/zoneinfo/tzdata.zi");
-  std::string line;
-  while (std::getline(database, line)) {
-    std::istringstream words(line);
-    std::string kind;
-    std::string name;
-    std::string link;
-    words >> kind >> name >> link;
-    if (kind == "Z") {
-      zones.push_back(name);
-    } else if (kind == "L") {
-      zones.push_back(link);
-    }
-  }
-  return zones;
 }
 
 /// Samples the year; scripts/check-all-zones takes the hours that every second of it needs.
