@@ -1,5 +1,6 @@
 #include "platform/calendar.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -7,15 +8,11 @@
 #include <optional>
 
 #include "platform/civil_date.hpp"
+#include "platform/local_stretches.hpp"
 
 namespace {
 
 constexpr int64_t seconds_per_day = 86400;
-
-// Further than any zone is from UTC, and than any clock change ever moved a clock.
-constexpr int64_t search_reach = 27 * 3600;
-// Clock changes lie further apart than this.
-constexpr int64_t search_step = 3 * 3600;
 
 std::optional<std::tm> local_time(int64_t t) {
   std::tm tm{};
@@ -28,50 +25,6 @@ std::optional<std::tm> local_time(int64_t t) {
 
 int64_t day_number(const std::tm& tm) {
   return days_from_civil(int64_t{tm.tm_year} + 1900, tm.tm_mon + 1, tm.tm_mday);
-}
-
-/// The local date of t as a day number, or nothing when it has none.
-std::optional<int64_t> local_day(int64_t t) {
-  const std::optional<std::tm> tm = local_time(t);
-  return tm ? std::optional(day_number(*tm)) : std::nullopt;
-}
-
-bool is_midnight(int64_t t, int64_t day) {
-  const std::optional<std::tm> tm = local_time(t);
-  return tm && day_number(*tm) == day && tm->tm_hour == 0 && tm->tm_min == 0 && tm->tm_sec == 0;
-}
-
-/// The first second whose local date is `day` or, where a zone left that date out, a later one.
-std::optional<int64_t> first_second_of_day(int64_t day) {
-  const int64_t utc_midnight = day * seconds_per_day;
-  // The local midnight, under each of the offsets from UTC in force around it.
-  std::optional<int64_t> earliest;
-  for (int64_t t = utc_midnight - search_reach; t <= utc_midnight + search_reach;
-       t += search_step) {
-    const std::optional<std::tm> tm = local_time(t);
-    if (!tm) {
-      continue;  // the ends of time are near
-    }
-    const int64_t candidate = utc_midnight - tm->tm_gmtoff;
-    if ((!earliest || candidate < *earliest) && is_midnight(candidate, day)) {
-      earliest = candidate;
-    }
-  }
-  if (earliest) {
-    return earliest;
-  }
-  // No clock showed that midnight: the day begins where the gap ends.
-  int64_t before = utc_midnight - search_reach;
-  int64_t after = utc_midnight + search_reach;
-  while (after - before > 1) {
-    const int64_t middle = before + (after - before) / 2;
-    const std::optional<int64_t> middle_day = local_day(middle);
-    if (!middle_day) {
-      return std::nullopt;
-    }
-    (*middle_day < day ? before : after) = middle;
-  }
-  return after;
 }
 
 enum class Period { day, week, month, year };
@@ -98,16 +51,50 @@ bool is_passing(int error) {
   return error == EIO || error == EINTR || error == ENOMEM || error == EMFILE || error == ENFILE;
 }
 
-time_t start_of_period(time_t t, Period period) {
+/// The days of the period that holds t, as civil seconds [first, end).
+struct CivilPeriod {
+  int64_t first;
+  int64_t end;
+};
+
+std::optional<CivilPeriod> period_of(time_t t, Period period) {
   const std::optional<std::tm> tm = local_time(t);
-  return tm ? first_second_of_day(first_day_of_period(*tm, period, 0)).value_or(t) : t;
+  if (!tm) {
+    return std::nullopt;
+  }
+  return CivilPeriod{first_day_of_period(*tm, period, 0) * seconds_per_day,
+                     first_day_of_period(*tm, period, 1) * seconds_per_day};
 }
 
+/// The earliest time on a date of the period. Clock changes may skip its midnight, or show it
+/// twice.
+time_t start_of_period(time_t t, Period period) {
+  const std::optional<CivilPeriod> civil = period_of(t, period);
+  if (!civil) {
+    return t;
+  }
+  for (const LocalStretch& stretch : stretches_around(civil->first, civil->first)) {
+    const time_t first = std::max(stretch.first, civil->first - stretch.ahead);
+    if (first <= stretch.last && first + stretch.ahead < civil->end) {
+      return first;
+    }
+  }
+  return t;
+}
+
+/// The latest time on a date of the period, which clocks that are put back may show once more.
 time_t end_of_period(time_t t, Period period) {
-  const std::optional<std::tm> tm = local_time(t);
-  const std::optional<int64_t> next =
-      tm ? first_second_of_day(first_day_of_period(*tm, period, 1)) : std::nullopt;
-  return next ? *next - 1 : t;
+  const std::optional<CivilPeriod> civil = period_of(t, period);
+  time_t latest = t;
+  if (civil) {
+    for (const LocalStretch& stretch : stretches_around(civil->end, civil->end)) {
+      const time_t last = std::min(stretch.last, civil->end - 1 - stretch.ahead);
+      if (last >= stretch.first && last + stretch.ahead >= civil->first) {
+        latest = last;
+      }
+    }
+  }
+  return latest;
 }
 
 }  // namespace

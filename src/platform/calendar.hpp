@@ -7,8 +7,9 @@
 //
 // calendar_start_of_X(t) is the first second of the period that holds t, in every zone: where a
 // clock change skips midnight it is the first second after the gap, where midnight comes twice the
-// earlier one. calendar_end_of_X(t) is the first second of the next period minus 1. A time too far
-// off to have a local date is returned as it is.
+// earlier one. calendar_end_of_X(t) is the last second that lies in the period: where clocks are
+// put back over midnight, that of its last date's second piece. A time too far off to have a local
+// date is returned as it is.
 
 time_t calendar_start_of_minute(time_t t);
 time_t calendar_start_of_day(time_t t);

@@ -5,51 +5,24 @@
 namespace {
 
 constexpr time_t seconds_per_day = 86400;
-constexpr time_t sample_step = 3 * 3600;
-
-bool is_same_offset(const std::tm& a, const std::tm& b) {
-  return a.tm_gmtoff == b.tm_gmtoff && a.tm_isdst == b.tm_isdst && a.tm_zone == b.tm_zone;
-}
-
-bool is_constant(time_t first, time_t last) {
-  std::tm reference{};
-  if (localtime_r(&first, &reference) == nullptr) {
-    return false;
-  }
-  for (time_t t = first; t < last;) {
-    t = std::min(t + sample_step, last);
-    std::tm tm{};
-    if (localtime_r(&t, &tm) == nullptr || !is_same_offset(tm, reference)) {
-      return false;
-    }
-  }
-  return true;
-}
 
 }  // namespace
 
-bool ConstantOffset::holds(time_t first, time_t last) {
-  if (first >= first_ && last <= last_) {
-    return true;
-  }
-  const bool follows = first >= first_ && first <= last_;
-  if (!is_constant(follows ? last_ : first, last)) {
-    return false;
-  }
-  first_ = follows ? first_ : first;
-  last_ = last;
-  return true;
-}
-
 const std::tm* LocalClock::find_day(time_t t) {
+  constexpr time_t reach = 8 * seconds_per_day;
   if (localtime_r(&t, &day_) == nullptr) {
     return nullptr;
   }
-  first_ = t - day_.tm_hour * 3600 - day_.tm_min * 60 - day_.tm_sec;
-  last_ = first_ + seconds_per_day - 1;
-  if (!offset_.holds(first_, last_)) {
-    first_ = 1;  // a day with a clock change is asked for second by second
-    last_ = 0;
+  if (t < stretch_.first || t > stretch_.last) {
+    stretch_ = {1, 0, 0, 0, 0, nullptr};  // none: a leap second belongs to no stretch
+    for (const LocalStretch& stretch : local_stretches(t - reach, t + reach)) {
+      if (t >= stretch.first && t <= stretch.last) {
+        stretch_ = stretch;
+      }
+    }
   }
+  midnight_ = t - day_.tm_hour * 3600 - day_.tm_min * 60 - day_.tm_sec;
+  first_ = std::max(midnight_, stretch_.first);
+  last_ = std::min(midnight_ + seconds_per_day - 1, stretch_.last);
   return &day_;
 }

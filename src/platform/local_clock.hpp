@@ -2,20 +2,10 @@
 
 #include <ctime>
 
-/// A stretch of time in which local time keeps one offset from UTC and one daylight-saving state.
-class ConstantOffset {
- public:
-  /// Whether it does so from `first` to `last`. Looks at both and at every third hour between them,
-  /// as clock changes lie further apart; what follows the stretch already known costs little.
-  bool holds(time_t first, time_t last);
+#include "platform/local_stretches.hpp"
 
- private:
-  time_t first_ = 1;
-  time_t last_ = 0;
-};
-
-/// Breaks calendar times down in local time, remembering the day of the last one: on a day without
-/// a clock change, hour, minute and second follow by subtraction. The results are those of
+/// Breaks calendar times down in local time, remembering the day of the last one: as long as no
+/// clock changes on it, hour, minute and second follow by subtraction. The results are those of
 /// localtime, field by field.
 class LocalClock {
  public:
@@ -24,7 +14,7 @@ class LocalClock {
     if (t < first_ || t > last_) {
       return find_day(t);
     }
-    const auto second_of_day = static_cast<int>(t - first_);
+    const auto second_of_day = static_cast<int>(t - midnight_);
     day_.tm_hour = second_of_day / 3600;
     day_.tm_min = second_of_day / 60 % 60;
     day_.tm_sec = second_of_day % 60;
@@ -34,9 +24,10 @@ class LocalClock {
  private:
   const std::tm* find_day(time_t t);
 
-  // The seconds of the remembered day; none at first.
+  // The seconds of the remembered day for which it holds; none at first.
   time_t first_ = 1;
   time_t last_ = 0;
+  time_t midnight_ = 0;  // where the day begins, were there no clock change
   std::tm day_{};
-  ConstantOffset offset_;
+  LocalStretch stretch_{1, 0, 0, 0, 0, nullptr};
 };

@@ -2,49 +2,28 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
+
+#include "platform/civil_date.hpp"
 
 namespace {
 
+/// Further positions are no time: the years of a broken-down time reach no further.
+constexpr uint64_t most_months = std::numeric_limits<int>::max() / 2;
+
 /// Local midnight of 1 January 2020, where endless schedules begin.
-bool endless_base(std::tm& base) {
-  std::tm first_day{};
-  first_day.tm_year = first_schedule_year - 1900;
-  first_day.tm_mday = 1;
-  first_day.tm_isdst = -1;
-  const time_t t = mktime(&first_day);
-  return localtime_r(&t, &base) != nullptr;
+std::optional<time_t> endless_base(long unit_offset) {
+  constexpr int64_t first_day = days_from_civil(first_schedule_year, 1, 1);
+  constexpr int64_t midnight = first_day * static_cast<int64_t>(seconds_per_day);
+  return normalised_time_of_civil(stretches_around(midnight, midnight), midnight, unit_offset);
 }
 
-bool base_time(const Schedule& schedule, std::tm& base) {
-  if (schedule.type == "endless") {
-    return endless_base(base);
-  }
-  const time_t unit_start = schedule.unit_start;
-  return localtime_r(&unit_start, &base) != nullptr;
-}
-
-/// The base advanced by schedule seconds, with days and months left to mktime to normalise.
-std::tm advance(const std::tm& base, uint64_t x) {
-  std::tm tm{};
-  tm.tm_year = base.tm_year;
-  tm.tm_mon = base.tm_mon + static_cast<int>(x / seconds_per_month);
-  tm.tm_mday = base.tm_mday + static_cast<int>(x / seconds_per_day % days_per_month);
-  tm.tm_hour = base.tm_hour + static_cast<int>(x / 3600 % 24);
-  tm.tm_min = base.tm_min + static_cast<int>(x / 60 % 60);
-  tm.tm_sec = base.tm_sec + static_cast<int>(x % 60);
-  while (tm.tm_sec >= 60) {
-    tm.tm_sec -= 60;
-    ++tm.tm_min;
-  }
-  while (tm.tm_min >= 60) {
-    tm.tm_min -= 60;
-    ++tm.tm_hour;
-  }
-  while (tm.tm_hour >= 24) {
-    tm.tm_hour -= 24;
-    ++tm.tm_mday;
-  }
-  return tm;
+/// Civil seconds of the base advanced to a day of the padded calendar; what runs past the end of a
+/// month is carried into the next.
+int64_t advance(std::tm base, uint64_t day_number) {
+  base.tm_mon += static_cast<int>(day_number / days_per_month);
+  base.tm_mday += static_cast<int>(day_number % days_per_month);
+  return civil_seconds(base);
 }
 
 }  // namespace
@@ -85,49 +64,38 @@ uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t) {
 }
 
 time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds) {
-  std::tm base{};
-  if (!base_time(schedule, base)) {
-    return 0;
-  }
-  if (schedule_seconds / seconds_per_month > std::numeric_limits<int>::max() / 2) {
-    return -1;
-  }
-  const std::tm advanced = advance(base, schedule_seconds);
-  // The C library takes the hint at its word and shifts a local time whose daylight-saving state
-  // is another, so the hint is corrected from what it reports. In a gap no hint ever fits.
-  int daylight_saving = base.tm_isdst;
-  for (int attempt = 0; attempt < 3; ++attempt) {
-    std::tm tm = advanced;
-    tm.tm_isdst = daylight_saving;
-    const time_t t = mktime(&tm);
-    if (tm.tm_isdst == daylight_saving) {
-      return t;
-    }
-    daylight_saving = tm.tm_isdst;
-  }
-  return -1;
+  return UnitClock(schedule).time_of(schedule_seconds);
 }
 
 UnitClock::UnitClock(const Schedule& schedule) : schedule_(schedule) {
+  const time_t unit_start = schedule.unit_start;
+  has_base_ = localtime_r(&unit_start, &base_) != nullptr;
+  unit_offset_ = base_.tm_gmtoff;
+  if (has_base_ && schedule.type == "endless") {
+    const std::optional<time_t> first = endless_base(unit_offset_);
+    has_base_ = first && localtime_r(&*first, &base_) != nullptr;
+  }
 }
 
 time_t UnitClock::time_of(uint64_t schedule_seconds) {
+  if (!has_base_) {
+    return 0;
+  }
   const uint64_t day_number = schedule_seconds / seconds_per_day;
+  const uint64_t second_of_day = schedule_seconds % seconds_per_day;
   if (day_number >= default_slots) {
-    return schedule_seconds_to_time(schedule_, schedule_seconds);
+    return day_number / days_per_month <= most_months
+               ? time_on(look_at_day(day_number), second_of_day)
+               : -1;
   }
   if (day_number >= days_.size()) {
     days_.resize(day_number + 1);
   }
   Day& day = days_[day_number];
-  const uint64_t first_position = day_number * seconds_per_day;
-  if (day.kind == DayKind::unknown) {
-    look_at_day(day, first_position);
+  if (day.stretches.empty()) {
+    day = look_at_day(day_number);
   }
-  if (day.kind == DayKind::irregular) {
-    return schedule_seconds_to_time(schedule_, schedule_seconds);
-  }
-  return day.first_second + static_cast<time_t>(schedule_seconds - first_position);
+  return time_on(day, second_of_day);
 }
 
 uint64_t UnitClock::schedule_seconds_of(time_t t) {
@@ -136,16 +104,15 @@ uint64_t UnitClock::schedule_seconds_of(time_t t) {
                                 : no_time;
 }
 
-void UnitClock::look_at_day(Day& day, uint64_t first_position) {
-  // A wrong daylight-saving hint shifts a first attempt by the distance of the zone's offsets, at
-  // most across the date line. With no clock change that near, the second attempt is exact.
-  constexpr time_t reach = 27 * 3600;
-  constexpr time_t last_second = seconds_per_day - 1;
-  const time_t first = schedule_seconds_to_time(schedule_, first_position);
-  const time_t last = schedule_seconds_to_time(schedule_, first_position + seconds_per_day - 1);
-  const bool is_plain = first != -1 && last != -1 && last - first == last_second &&
-                        (first < -last_second || first > 0) &&
-                        offset_.holds(first - reach, last + reach);
-  day.kind = is_plain ? DayKind::plain : DayKind::irregular;
-  day.first_second = first;
+UnitClock::Day UnitClock::look_at_day(uint64_t day_number) const {
+  Day day;
+  day.civil = advance(base_, day_number);
+  day.stretches =
+      stretches_around(day.civil, day.civil + static_cast<int64_t>(seconds_per_day) - 1);
+  return day;
+}
+
+time_t UnitClock::time_on(const Day& day, uint64_t second_of_day) const {
+  const int64_t civil = day.civil + static_cast<int64_t>(second_of_day);
+  return time_of_civil(day.stretches, civil, base_.tm_isdst, unit_offset_).value_or(-1);
 }

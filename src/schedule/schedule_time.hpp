@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/local_clock.hpp"
+#include "platform/local_stretches.hpp"
 #include "schedule/schedule.hpp"
 
 // Conversions between schedule seconds and calendar time (seconds since the Unix epoch, broken
@@ -18,13 +19,14 @@ uint64_t broken_down_to_schedule_seconds(std::string_view type, const std::tm& b
 /// Schedule seconds of a calendar time, or no_time when it has no local time or the type no unit.
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
 
-/// Calendar time of a schedule position, in the one unit that holds the report time. -1 when no
-/// consistent local time is found (it falls into a gap that a clock change leaves), 0 when the
-/// unit's own start has no local time.
+/// Calendar time of a schedule position, in the one unit that holds the report time. Of an hour that
+/// comes twice it is the one under the unit's first daylight-saving state and, where both are, the
+/// one whose offset from UTC is that of the unit's start. -1 when clocks never show that time (it
+/// falls into a gap that a clock change leaves), 0 when the unit's own start has no local time.
 time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds);
 
 /// The same conversions for many positions of one schedule, whose unit must not change meanwhile.
-/// Days without a clock change near them are converted once; the results are the same.
+/// How the clocks run on and around a day is found out once.
 class UnitClock {
  public:
   explicit UnitClock(const Schedule& schedule);
@@ -39,16 +41,19 @@ class UnitClock {
   const std::tm* breakdown(time_t t) { return local_.breakdown(t); }
 
  private:
-  enum class DayKind : uint8_t { unknown, plain, irregular };
+  /// A day of the padded calendar.
   struct Day {
-    time_t first_second = 0;  ///< of a plain day
-    DayKind kind = DayKind::unknown;
+    int64_t civil = 0;                    ///< civil seconds of its beginning
+    std::vector<LocalStretch> stretches;  ///< in which its seconds can lie; empty: not looked at
   };
 
-  void look_at_day(Day& day, uint64_t first_position);
+  Day look_at_day(uint64_t day_number) const;
+  time_t time_on(const Day& day, uint64_t second_of_day) const;
 
   const Schedule& schedule_;
+  std::tm base_{};         ///< local time of position 0
+  bool has_base_ = false;  ///< whether it has one
+  long unit_offset_ = 0;   ///< seconds east of UTC at the unit's start
   LocalClock local_;
-  ConstantOffset offset_;
   std::vector<Day> days_;
 };

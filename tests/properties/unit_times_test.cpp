@@ -78,7 +78,7 @@ std::string complaint_about_unit(const Schedule& schedule, time_t t) {
   constexpr time_t longest_week = 7 * 86400 + 3 * 3600;
   const time_t start = schedule.unit_start;
   const time_t behind = schedule.unit_end + 1;
-  if ((t < start || t >= behind) && !is_repeated_evening(t)) {
+  if (t < start || t >= behind) {
     return "the unit does not hold the report time";
   }
   if (!begins_unit(schedule.type, date_of(start), date_of(t)) ||
@@ -95,7 +95,9 @@ std::string complaint_about_unit(const Schedule& schedule, time_t t) {
   return {};
 }
 
-/// Units follow each other without a second between them; those of an endless schedule overlap.
+/// Units follow each other without a second between them. They overlap where clocks are put back
+/// over midnight, as the first seconds of the next date come before the last of this one, and those
+/// of an endless schedule always do.
 std::string complaint_about_neighbours(Schedule& schedule) {
   const time_t start = schedule.unit_start;
   const time_t end = schedule.unit_end;
@@ -103,11 +105,14 @@ std::string complaint_about_neighbours(Schedule& schedule) {
     return {};
   }
   compute_unit_times(schedule, end + 1);
-  if (schedule.unit_start != end + 1) {
+  if (schedule.unit_start != end + 1 && !(schedule.unit_start <= end && is_repeated_evening(end))) {
     return "the next unit begins elsewhere";
   }
   compute_unit_times(schedule, start - 1);
-  return schedule.unit_end == start - 1 ? "" : "the previous unit ends elsewhere";
+  const time_t previous_end = schedule.unit_end;
+  const bool follows =
+      previous_end == start - 1 || (previous_end >= start && is_repeated_evening(previous_end));
+  return follows ? "" : "the previous unit ends elsewhere";
 }
 
 TEST(UnitTimesProperties, UnitsHoldTheirReportTimesAndFollowEachOther) {

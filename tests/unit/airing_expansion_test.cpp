@@ -50,13 +50,25 @@ TEST(AiringExpansion, AnEndWithoutTimeOrBeforeTheStartIsNotCut) {
   EXPECT_EQ(pieces("weekly", change, 5 * day, 4 * day), "432000-345600 ");
 }
 
-TEST(AiringExpansion, ADayThatAZoneLeftOutEndsTheCutting) {
+TEST(AiringExpansion, ADayThatAZoneLeftOutHasNoPiece) {
   const Zone apia("Pacific/Apia");  // 2011-12-30 did not exist
   constexpr time_t december = 1325196000;
-  // From the 29th to the 2nd of January, over the missing day; whatever the cuts, it ends.
-  const std::string text = pieces("monthly", december, 28 * day + 12 * hour, 31 * day + 12 * hour);
-  EXPECT_EQ(text.substr(0, text.find('-')), "2462400");
-  EXPECT_EQ(text.substr(text.rfind('-')), "-2721600 ");
+  EXPECT_EQ(pieces("monthly", december, 28 * day + 12 * hour, 31 * day + 12 * hour),
+            "2462400-2592000 2592000-0 0-2721600 ");
+}
+
+TEST(AiringExpansion, AGapAtMidnightWithoutDaylightSavingCutsBehindIt) {
+  const Zone rio_branco("America/Rio_Branco");  // no hour from 0 to 1 on 2008-06-24
+  EXPECT_EQ(pieces("weekly", 1214240400, day + 12 * hour, 3 * day + 12 * hour),
+            "129600-176400 176400-259200 259200-302400 ");
+}
+
+TEST(AiringExpansion, AMidnightThatComesTwiceCutsOnce) {
+  const Zone st_johns("America/St_Johns");  // 00:01 of 2006-10-29 became 23:01 of the 28th
+  EXPECT_EQ(pieces("weekly", 1162090800, 5 * day + 22 * hour, 6 * day + hour),
+            "511200-518400 518400-522000 ");
+  EXPECT_EQ(pieces("monthly", 1162090800, 27 * day + 22 * hour, 29 * day),
+            "2412000-2419200 2419200-2505600 2505600-2505600 ");
 }
 
 }  // namespace

@@ -63,6 +63,17 @@ TEST(Calendar, DaysWithAChangeLastOneHourMoreOrLess) {
   EXPECT_EQ(calendar_end_of_day(autumn) - calendar_start_of_day(autumn), 25 * an_hour - 1);
 }
 
+TEST(Calendar, ADayThatComesInTwoPiecesEndsWithTheSecond) {
+  const Zone st_johns("America/St_Johns");  // 2006-10-29 00:01 became 23:01 of the 28th
+  const time_t noon = 1162090800 - 2 * an_hour - 1800;
+  EXPECT_EQ(calendar_end_of_day(noon), 1162092599);
+  EXPECT_EQ(calendar_end_of_day(1162090800), 1162092599);
+  EXPECT_EQ(local_text(1162092599), "2006-10-28 23:59:59");
+  EXPECT_EQ(calendar_start_of_day(1162092600), 1162089000);
+  EXPECT_EQ(local_text(1162089000), "2006-10-29 00:00:00");
+  EXPECT_EQ(calendar_end_of_week(noon), 1162092599);
+}
+
 TEST(Calendar, DateLineSkipsAWholeDay) {
   const Zone apia("Pacific/Apia");   // 2011-12-30 did not exist
   const time_t before = 1325196000;  // 2011-12-29 12:00 local
@@ -104,9 +115,19 @@ TEST(Calendar, ATimeWithoutLocalDateStaysAsItIs) {
   EXPECT_EQ(calendar_start_of_minute(far_off), far_off);
 }
 
+/// The last second of the period of that number; `next` is the first second of a later one. Clocks
+/// that are put back over midnight may show the period once more, by whole minutes.
+time_t last_second(const PeriodFunctions& period, int number, time_t next) {
+  time_t last = next - 1 + 26 * an_hour;
+  while (period_number(period, last) != number) {
+    last -= 60;
+  }
+  return last;
+}
+
 /// Walks two years half-hour by half-hour, and back from each boundary second by second, and
-/// compares with the definition: the first second in the same local period.
-TEST(Calendar, EveryPeriodBeginsWithItsFirstSecond) {
+/// compares with the definition: the first and the last second in the same local period.
+TEST(Calendar, EveryPeriodBeginsAndEndsWithItsOwnSeconds) {
   for (const char* zone_name :
        {"America/Havana", "America/Sao_Paulo", "Asia/Beirut", "Europe/Berlin", "America/St_Johns",
         "Australia/Lord_Howe", "UTC"}) {
@@ -119,13 +140,14 @@ TEST(Calendar, EveryPeriodBeginsWithItsFirstSecond) {
         if (number <= current) {
           continue;  // a clock put back may show the last period once more
         }
-        current = number;
         time_t first = t;
         while (period_number(period, first - 1) == number) {
           --first;
         }
         ASSERT_EQ(period.start(t), first) << zone_name << " " << period.name;
-        ASSERT_EQ(period.end(first - 2 * an_hour), first - 1) << zone_name << " " << period.name;
+        ASSERT_EQ(period.end(first - 2 * an_hour), last_second(period, current, first))
+            << zone_name << " " << period.name;
+        current = number;
       }
     }
   }
@@ -145,11 +167,11 @@ TEST(Calendar, YearsBeforeYearZeroHaveTheirPeriods) {
   EXPECT_EQ(calendar_start_of_year(t), -62230291200);
 }
 
-TEST(Calendar, TheLastDayOfAllBeginsAndHasNoEnd) {
+TEST(Calendar, TheLastDayOfAllEndsWithTheLastSecondOfAll) {
   const Zone utc("UTC");
   const time_t last = 67768036191676799;  // the years of a broken-down time reach no further
   EXPECT_EQ(calendar_start_of_day(last - 5), last - 86399);
-  EXPECT_EQ(calendar_end_of_day(last - 5), last - 5);
+  EXPECT_EQ(calendar_end_of_day(last - 5), last);
 }
 
 }  // namespace

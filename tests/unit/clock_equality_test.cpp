@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -9,8 +10,11 @@
 #include <vector>
 
 #include "platform/local_clock.hpp"
+#include "platform/local_stretches.hpp"
+#include "properties/random.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
+#include "support/plain_conversion.hpp"
 #include "support/zone.hpp"
 
 namespace {
@@ -31,7 +35,7 @@ void expect_same_breakdown(LocalClock& clock, time_t t) {
 }
 
 void expect_same_position(UnitClock& clock, const Schedule& schedule, uint64_t position) {
-  const time_t expected = schedule_seconds_to_time(schedule, position);
+  const time_t expected = plain_time_of(schedule, position);
   ASSERT_EQ(clock.time_of(position), expected) << schedule.type << " " << position;
   ASSERT_EQ(clock.schedule_seconds_of(expected), time_to_schedule_seconds(schedule, expected));
 }
@@ -71,7 +75,7 @@ TEST(ClockEquality, EverySecondAroundAClockChange) {
     }
     const auto schedule = schedule_around("daily", day.noon);
     UnitClock unit_clock(*schedule);
-    for (uint64_t position = 0; position <= 90000; ++position) {
+    for (uint64_t position = 0; position <= 90000; position += 61) {
       expect_same_position(unit_clock, *schedule, position);
     }
     if (HasFatalFailure()) {
@@ -89,8 +93,9 @@ TEST(ClockEquality, SampledSecondsOfAYearOfEveryType) {
     for (const char* type : {"weekly", "monthly", "yearly", "endless"}) {
       const auto schedule = schedule_around(type, 1508079600);  // October 2017
       UnitClock clock(*schedule);
-      // A step that is no divisor of a day meets every part of it.
-      for (uint64_t position = 0; position <= schedule->unit_length; position += 86400 / 5 + 211) {
+      // A step that is no multiple of a day meets every part of it.
+      for (uint64_t position = 0; position <= schedule->unit_length;
+           position += 86400 * 3 + 12 * 3607) {
         expect_same_position(clock, *schedule, position);
       }
     }
@@ -120,7 +125,7 @@ TEST(ClockEquality, AYearOfEveryZone) {
     }
     const auto schedule = schedule_around("yearly", 1718445600);
     UnitClock unit_clock(*schedule);
-    for (uint64_t p = 0; p <= schedule->unit_length; p += static_cast<uint64_t>(step)) {
+    for (uint64_t p = 0; p <= schedule->unit_length; p += static_cast<uint64_t>(step) * 16) {
       expect_same_position(unit_clock, *schedule, p);
     }
     if (HasFatalFailure()) {
@@ -144,20 +149,130 @@ TEST(ClockEquality, OddTimes) {
   }
 }
 
+/// Written out in TZ, with changes within hours of each other and around midnight.
+constexpr std::array<const char*, 6> written_zones = {
+    "AAA0BBB,J101/0:30,J101/2:30",   "AAA0BBB,J101/2:30,J102/0:15", "AAA-3BBB-4,J101/22:30,J102/2",
+    "AAA5BBB4:30,J101/23:45,J102/4", "AAA0BBB,J101/0,J101/6",       "EST5EDT,M3.2.0,M11.1.0"};
+
+constexpr time_t year_1900 = -2208988800;
+constexpr time_t year_1970 = 0;
+constexpr time_t year_2020 = 1577836800;
+
+/// Times at which the clocks of the zone change until 2037, leap seconds included.
+std::vector<time_t> clock_changes(time_t first) {
+  constexpr time_t last = 2145916800;
+  std::vector<time_t> changes;
+  for (const LocalStretch& stretch : local_stretches(first, last)) {
+    changes.push_back(stretch.first);
+  }
+  return changes;
+}
+
+/// Compares positions around a clock change with the plain conversion, in ascending, descending and
+/// random order; each order has a clock of its own, so that none may lean on what stood before.
+void expect_same_around(const Schedule& schedule, time_t change, Random& random) {
+  const time_t before = change - 1;
+  const auto around = static_cast<int64_t>(time_to_schedule_seconds(schedule, before)) + 1;
+  std::vector<uint64_t> positions;
+  for (const int64_t distance :
+       {-86400, -10800, -3601, -3600, -1800, -1, 0, 1, 900, 1800, 3599, 3600, 5400, 7200, 86400}) {
+    if (around + distance >= 0) {
+      positions.push_back(static_cast<uint64_t>(around + distance));
+    }
+  }
+  UnitClock ascending(schedule);
+  for (const uint64_t position : positions) {
+    expect_same_position(ascending, schedule, position);
+  }
+  UnitClock descending(schedule);
+  UnitClock shuffled(schedule);
+  for (size_t i = positions.size(); i-- > 0;) {
+    ASSERT_EQ(descending.time_of(positions[i]), ascending.time_of(positions[i]));
+    const uint64_t any = random.pick(positions);
+    ASSERT_EQ(shuffled.time_of(any), ascending.time_of(any));
+    ASSERT_EQ(schedule_seconds_to_time(schedule, any), ascending.time_of(any));
+  }
+}
+
+void expect_same_around_changes(const std::string& name, time_t first, size_t step) {
+  const Zone zone(name.c_str());
+  SCOPED_TRACE(name);
+  Random random(17);
+  const std::vector<time_t> changes = clock_changes(first);
+  for (size_t i = name.size() % step; i < changes.size(); i += step) {
+    for (const char* type : {"daily", "weekly", "monthly", "yearly", "endless"}) {
+      expect_same_around(*schedule_around(type, changes[i] - 1), changes[i], random);
+      if (testing::Test::HasFatalFailure()) {
+        return;
+      }
+    }
+  }
+}
+
+/// Every change of every zone takes an hour, so a usual run takes some of some;
+/// scripts/check-all-zones takes all.
+TEST(ClockEquality, AroundTheClockChangesOfEveryZone) {
+  const char* step_text = std::getenv("CHANGE_STEP");
+  const long given = step_text != nullptr ? std::strtol(step_text, nullptr, 10) : 9;
+  ASSERT_GT(given, 0);
+  const auto step = static_cast<size_t>(given);
+  const std::vector<std::string> zones = all_zones();
+  for (size_t i = 0; i < zones.size(); i += step) {
+    expect_same_around_changes(zones[i], year_1900, step);
+  }
+  for (const char* name : {"right/Europe/London", "right/Asia/Tokyo", "right/America/St_Johns",
+                           "right/Europe/Volgograd", "Europe/Volgograd", "Europe/Moscow"}) {
+    expect_same_around_changes(name, year_1900, step);
+  }
+  for (const char* name : written_zones) {
+    expect_same_around_changes(name, year_2020, step);
+  }
+}
+
+TEST(ClockEquality, LocalTimesAroundLeapSecondsAndChangesWithinHours) {
+  for (const char* name : {"right/Asia/Tokyo", "right/UTC", "right/America/New_York",
+                           "AAA0BBB,J101/0:30,J101/2:30", "AAA5BBB4:30,J101/23:45,J102/4"}) {
+    const Zone zone(name);
+    SCOPED_TRACE(name);
+    LocalClock clock;
+    const std::vector<time_t> changes = clock_changes(year_1970);
+    ASSERT_GT(changes.size(), 20U);
+    for (size_t i = 1; i < changes.size(); i += 5) {
+      for (time_t t = changes[i] - 90000; t < changes[i] + 90000; t += 89) {
+        expect_same_breakdown(clock, t);
+      }
+      for (time_t t = changes[i] - 3; t < changes[i] + 3; ++t) {
+        expect_same_breakdown(clock, t);
+      }
+    }
+  }
+}
+
 TEST(ClockEquality, AnotherNameOfTheSameOffsetIsAClockChange) {
   const Zone new_york("America/New_York");
   const time_t peace = -769395600;  // 1945-08-14 19:00 local: "war time" became "peace time"
-  EXPECT_TRUE(ConstantOffset().holds(peace - 7200, peace - 1));
-  EXPECT_FALSE(ConstantOffset().holds(peace - 7200, peace));
-  EXPECT_TRUE(ConstantOffset().holds(peace, peace + 7200));
+  const std::vector<LocalStretch> stretches = local_stretches(peace - 7200, peace + 7200);
+  ASSERT_EQ(stretches.size(), 2U);
+  EXPECT_EQ(stretches[0].last, peace - 1);
+  EXPECT_EQ(stretches[1].first, peace);
+  EXPECT_EQ(stretches[0].ahead, stretches[1].ahead);
+  EXPECT_STREQ(stretches[0].zone, "EWT");
+  EXPECT_STREQ(stretches[1].zone, "EPT");
 }
 
-TEST(ClockEquality, NoOffsetHoldsWhereThereAreNoDates) {
+TEST(ClockEquality, StretchesEndWhereTheDatesEnd) {
   const Zone utc("UTC");
   const time_t last = 67768036191676799;
-  EXPECT_TRUE(ConstantOffset().holds(last - 10, last));
-  EXPECT_FALSE(ConstantOffset().holds(last - 10, last + 10));
-  EXPECT_FALSE(ConstantOffset().holds(last + 1, last + 10));
+  for (const time_t end : {last, last + 10}) {
+    const std::vector<LocalStretch> stretches = local_stretches(last - 10, end);
+    ASSERT_EQ(stretches.size(), 1U);
+    EXPECT_EQ(stretches[0].first, last - 10);
+    EXPECT_EQ(stretches[0].last, last);
+  }
+  EXPECT_TRUE(local_stretches(last + 1, last + 10).empty());
+  const time_t first = -67768040609740800;
+  ASSERT_EQ(local_stretches(first - 10, first + 10).size(), 1U);
+  EXPECT_EQ(local_stretches(first - 10, first + 10)[0].first, first);
 }
 
 }  // namespace
