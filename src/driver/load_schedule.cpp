@@ -1,7 +1,5 @@
 #include "driver/load_schedule.hpp"
 
-#include <cstring>
-
 #include "driver/report_error.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/run_options.hpp"
@@ -10,12 +8,8 @@
 
 void load_schedule(Schedule& schedule) {
   const char* path = run_options.schedule_path.c_str();
-  int read_error = 0;
-  if (!read_schedule_file(schedule, path, &read_error)) {
+  if (!read_schedule_file(schedule, path)) {
     report_errorf("Unable to open schedule file %s", path);
-  }
-  if (read_error != 0) {
-    report_errorf("Unable to read schedule file %s: %s", path, std::strerror(read_error));
   }
   // Nothing after this can reverse an item again: clipping ends an item at a later one's start, and
   // what fills a gap is as long as the gap.

@@ -70,7 +70,8 @@ bool check_located_schedule(const std::string& path) {
   return true;
 }
 
-/// The schedule path that a render-manager file names; empty when it names none.
+/// The schedule path that a render-manager file names; empty when it names none. A read error is
+/// the end of the file.
 std::string read_rendermgr(const std::string& path) {
   FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str());
   if (!opened.is_open()) {
@@ -87,9 +88,8 @@ std::string read_rendermgr(const std::string& path) {
     }
   }
   if (file.error() != 0) {
-    // The last item line counts, and it may be among what could not be read.
-    report_errorf("Unable to read rendermgr file %s: %s", path.c_str(),
-                  std::strerror(file.error()));
+    std::fprintf(stderr, "WARNING: Rendermgr file %s, cannot be read further, %s\n", path.c_str(),
+                 std::strerror(file.error()));
   }
   return schedule_path;
 }

@@ -135,19 +135,13 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
     return;
   }
   LineReader file(std::move(opened), longest_piece);
-  PlayLog read;
   std::string_view piece;
   while (file.read(piece)) {
     const std::string_view line = chomp(piece);
     if (!line.empty()) {
-      read_line(line, read, is_wanted);
+      read_line(line, play_log, is_wanted);
     }
   }
-  if (file.error() != 0) {
-    return;
-  }
-  read.merge(play_log);  // of the same timestamp, the log's own entry stays
-  play_log = std::move(read);
 }
 
 void write_play_log(const metadata_v4_context* context, const PlayLog& play_log) {

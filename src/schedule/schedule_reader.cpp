@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -187,7 +188,7 @@ void complete(Schedule& schedule) {
 
 }  // namespace
 
-bool read_schedule_file(Schedule& schedule, const char* path, int* read_error) {
+bool read_schedule_file(Schedule& schedule, const char* path) {
   FileDescriptor opened = open_regular_file(AT_FDCWD, path);
   if (!opened.is_open()) {
     return false;
@@ -215,9 +216,10 @@ bool read_schedule_file(Schedule& schedule, const char* path, int* read_error) {
         break;
     }
   }
-  complete(schedule);
-  if (read_error != nullptr) {
-    *read_error = file.error();
+  if (file.error() != 0) {
+    std::fprintf(stderr, "WARNING: Schedule file %s, cannot be read further, %s\n", path,
+                 std::strerror(file.error()));
   }
+  complete(schedule);
   return true;
 }

@@ -75,8 +75,7 @@ void forget(Schedule& subschedule) {
 /// changed what they hold.
 bool prepare(Schedule& subschedule, const char* path, Schedule& outer) {
   forget(subschedule);
-  int read_error = 0;
-  if (!read_schedule_file(subschedule, path, &read_error) || read_error != 0) {
+  if (!read_schedule_file(subschedule, path)) {
     return false;
   }
   remove_reversed_items(subschedule);
