@@ -8,7 +8,7 @@
 
 void load_schedule(Schedule& schedule) {
   const char* path = run_options.schedule_path.c_str();
-  if (!read_schedule_file(schedule, path)) {
+  if (!read_schedule_file(schedule, path, Links::refused)) {
     report_errorf("Unable to open schedule file %s", path);
   }
   // Nothing after this can reverse an item again: clipping ends an item at a later one's start, and

@@ -73,7 +73,7 @@ bool check_located_schedule(const std::string& path) {
 /// The schedule path that a render-manager file names; empty when it names none. A read error is
 /// the end of the file.
 std::string read_rendermgr(const std::string& path) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str());
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str(), Links::refused);
   if (!opened.is_open()) {
     std::fprintf(stderr, "Unable to open %s\n", path.c_str());
     report_error("Unable to locate item associated with rendermgr/channel");

@@ -1,11 +1,14 @@
 #include "driver/report_error.hpp"
 
+#include <unistd.h>
+
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <string>
 
+#include "platform/file.hpp"
 #include "platform/output.hpp"
 #include "schedule/run_options.hpp"
 
@@ -21,11 +24,14 @@ namespace {
   return text;
 }
 
+/// Past the buffer of the document. Where it cannot be written there is nobody left to tell.
 void print_response(const char* message) {
-  print_output("Content-Type: text/plain\nX-Quorin disposition: Error\n\n");
-  print_output(message);
-  print_output("\n");
-  finish_output();
+  for (const char* text :
+       {"Content-Type: text/plain\nX-Quorin disposition: Error\n\n", message, "\n"}) {
+    if (!write_fully(STDOUT_FILENO, text)) {
+      return;
+    }
+  }
 }
 
 /// What the library calls when there is no memory to be had. Nothing here asks for any, and

@@ -48,9 +48,16 @@ void FileDescriptor::reset(int fd) {
   fd_ = fd;
 }
 
-FileDescriptor open_regular_file(int directory, const char* path) {
-  FileDescriptor file(::openat(directory, path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+FileDescriptor open_regular_file(int directory, const char* path, Links links) {
+  const bool follows = links == Links::followed;
   struct stat status {};
+  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0 ||
+      !S_ISREG(status.st_mode)) {
+    return FileDescriptor();
+  }
+  constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  FileDescriptor file(::openat(directory, path, follows ? flags : flags | O_NOFOLLOW));
+  // Something else may have taken the file's place since.
   if (file.is_open() && (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) {
     file.reset();
   }

@@ -22,10 +22,13 @@ class FileDescriptor {
   int fd_;
 };
 
-/// Opens a regular file for reading, by its path relative to a directory handle (or AT_FDCWD);
-/// links are followed. Never waits: a FIFO or a device in a file's place is not opened. Not open on
+/// What becomes of a path that is itself a link.
+enum class Links { followed, refused };
+
+/// Opens a regular file for reading, by its path relative to a directory handle (or AT_FDCWD). What
+/// is no regular file is not opened, as opening alone may wait or set a device going. Not open on
 /// failure.
-FileDescriptor open_regular_file(int directory, const char* path);
+FileDescriptor open_regular_file(int directory, const char* path, Links links = Links::followed);
 
 // Each of these goes on after an interruption, and fails with errno set.
 

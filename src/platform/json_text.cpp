@@ -1,5 +1,9 @@
 #include "platform/json_text.hpp"
 
+#include <charconv>
+#include <optional>
+#include <system_error>
+
 namespace {
 
 /// The escape of the character at the text's front, and how many bytes it stands for; empty when
@@ -47,6 +51,34 @@ void append_control_character(std::string& out, char c) {
   out += digits[byte & 0xfU];
 }
 
+constexpr size_t escape_length = 6;  // of "\\u" and four digits
+
+/// The number of the "\\u" escape at the text's front, if there is one.
+std::optional<unsigned> escaped_number(std::string_view text) {
+  unsigned number = 0;
+  if (text.size() < escape_length || !text.starts_with("\\u")) {
+    return std::nullopt;
+  }
+  const char* digits = text.data() + 2;
+  const char* end = text.data() + escape_length;
+  const auto [behind, error] = std::from_chars(digits, end, number, 16);
+  return error == std::errc() && behind == end ? std::optional(number) : std::nullopt;
+}
+
+bool is_first_half(std::optional<unsigned> number) {
+  return number && *number >= 0xd800 && *number <= 0xdbff;
+}
+
+bool is_second_half(std::optional<unsigned> number) {
+  return number && *number >= 0xdc00 && *number <= 0xdfff;
+}
+
+void append_three_bytes(std::string& out, unsigned number) {
+  out += static_cast<char>(0xe0U | (number >> 12U));
+  out += static_cast<char>(0x80U | ((number >> 6U) & 0x3fU));
+  out += static_cast<char>(0x80U | (number & 0x3fU));
+}
+
 }  // namespace
 
 void append_json_string(std::string& out, std::string_view text) {
@@ -76,4 +108,27 @@ void append_json_string(std::string& out, std::string_view text) {
   }
   out.append(text.substr(begin));
   out += '"';
+}
+
+std::string with_lone_surrogates_as_bytes(std::string_view json) {
+  std::string out;
+  out.reserve(json.size());
+  while (!json.empty()) {
+    const std::string_view plain = json.substr(0, json.find('\\'));
+    out += plain;
+    json.remove_prefix(plain.size());
+    const std::optional<unsigned> number = escaped_number(json);
+    size_t length = 2;  // of any other escape
+    if (is_first_half(number) && is_second_half(escaped_number(json.substr(escape_length)))) {
+      length = 2 * escape_length;
+    } else if (is_first_half(number) || is_second_half(number)) {
+      append_three_bytes(out, *number);
+      json.remove_prefix(escape_length);
+      continue;
+    }
+    const std::string_view escape = json.substr(0, length);
+    out += escape;
+    json.remove_prefix(escape.size());
+  }
+  return out;
 }

@@ -1,6 +1,7 @@
 #include "schedule/default_slot.hpp"
 
-#include <algorithm>
+#include <cstdlib>
+#include <string>
 
 #include "platform/schedule_types.hpp"
 #include "platform/text.hpp"
@@ -8,47 +9,41 @@
 
 namespace {
 
-/// A number larger than any range, so that no count of digits can overflow.
-constexpr int out_of_range = 1000000;
-
-/// Takes `letters` and the decimal number behind them off the key's front.
-std::optional<int> take_number(std::string_view& key, std::string_view letters) {
-  if (!key.starts_with(letters)) {
+/// Takes `letters` and the decimal number behind them off the key's front. As strtol has it, blanks
+/// and a sign may stand before the digits; no digits count as 0.
+std::optional<long> take_number(const char*& key, std::string_view letters) {
+  if (!std::string_view(key).starts_with(letters)) {
     return std::nullopt;
   }
-  std::string_view rest = key.substr(letters.size());
-  if (rest.empty() || !is_digit(rest.front())) {
-    return std::nullopt;
-  }
-  int number = 0;
-  while (!rest.empty() && is_digit(rest.front())) {
-    number = std::min(number * 10 + (rest.front() - '0'), out_of_range);
-    rest.remove_prefix(1);
-  }
-  key = skip_blanks(rest);
+  char* behind = nullptr;
+  const long number = std::strtol(key + letters.size(), &behind, 10);
+  key = behind;
   return number;
 }
 
-std::optional<int> slot_in(std::optional<int> slot, int first, int last) {
-  return slot && *slot >= first && *slot <= last ? slot : std::nullopt;
+std::optional<int> slot_in(std::optional<long> number, int first, int last) {
+  return number && *number >= first && *number <= last ? std::optional(static_cast<int>(*number))
+                                                       : std::nullopt;
 }
 
 /// A day that is counted from 1. The slots of the longest unit are accepted in every type.
-std::optional<int> counted_slot(std::string_view key, std::string_view letters) {
+std::optional<int> counted_slot(const char* key, std::string_view letters) {
+  const bool has_digit =
+      std::string_view(key).size() > letters.size() && is_digit(key[letters.size()]);
   const std::optional<int> number = slot_in(take_number(key, letters), 1, default_slots);
-  return number && key.empty() ? std::optional(*number - 1) : std::nullopt;
+  return has_digit && number ? std::optional(*number - 1) : std::nullopt;
 }
 
-std::optional<int> day_of_year_slot(std::string_view key) {
+std::optional<int> day_of_year_slot(const char* key) {
   const std::optional<int> month = slot_in(take_number(key, "m"), 1, 12);
   const std::optional<int> day = slot_in(take_number(key, "d"), 1, days_per_month);
-  if (!month || !day || !key.empty()) {
+  if (!month || !day) {
     return std::nullopt;
   }
   return (*month - 1) * days_per_month + (*day - 1);
 }
 
-std::optional<int> dated_slot(std::string_view key) {
+std::optional<int> dated_slot(const char* key) {
   const std::optional<int> year =
       slot_in(take_number(key, "y"), first_schedule_year, first_schedule_year + schedule_years - 1);
   const std::optional<int> day_of_year = day_of_year_slot(key);
@@ -60,7 +55,8 @@ std::optional<int> dated_slot(std::string_view key) {
 
 }  // namespace
 
-std::optional<int> default_slot_of_key(std::string_view type, std::string_view key) {
+std::optional<int> default_slot_of_key(std::string_view type, std::string_view name) {
+  const std::string key(name);
   if (type == "daily") {
     return key == "day" ? std::optional(0) : std::nullopt;
   }
@@ -68,16 +64,16 @@ std::optional<int> default_slot_of_key(std::string_view type, std::string_view k
     return find_weekday(key);
   }
   if (type == "monthly") {
-    return counted_slot(key, "dom");
+    return counted_slot(key.c_str(), "dom");
   }
   if (type == "interval") {
-    return counted_slot(key, "doi");
+    return counted_slot(key.c_str(), "doi");
   }
   if (type == "yearly") {
-    return day_of_year_slot(key);
+    return day_of_year_slot(key.c_str());
   }
   if (type == "endless") {
-    return dated_slot(key);
+    return dated_slot(key.c_str());
   }
   return std::nullopt;
 }

@@ -188,8 +188,8 @@ void complete(Schedule& schedule) {
 
 }  // namespace
 
-bool read_schedule_file(Schedule& schedule, const char* path) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path);
+bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path, links);
   if (!opened.is_open()) {
     return false;
   }

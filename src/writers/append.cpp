@@ -86,8 +86,7 @@ void append_iso8601(std::string& out, const std::tm& tm) {
     out.append("YYYY-MM-DDThh:mm:ss+hhmm");
     char* text = out.data() + begin;
     set_date_and_time(text, tm);
-    // A zone without a known offset calls itself "-00" and is shown as "-0000".
-    const bool is_west = tm.tm_gmtoff < 0 || (tm.tm_gmtoff == 0 && tm.tm_zone[0] == '-');
+    const bool is_west = tm.tm_gmtoff < 0;
     const auto minutes = static_cast<int>((is_west ? -tm.tm_gmtoff : tm.tm_gmtoff) / 60);
     text[19] = is_west ? '-' : '+';
     set_two_digits(text + 20, minutes / 60);

@@ -45,8 +45,8 @@ TEST(Append, OffsetsAreSignedHoursAndMinutes) {
   EXPECT_EQ(iso8601(-12600, "NST"), "2024-12-31T23:04:05-0330");
 }
 
-TEST(Append, AZoneWithoutAKnownOffsetIsWestOfItself) {
-  EXPECT_EQ(iso8601(0, "-00"), "2024-12-31T23:04:05-0000");
+TEST(Append, AZoneWithoutAKnownOffsetIsShownLikeUtc) {
+  EXPECT_EQ(iso8601(0, "-00"), "2024-12-31T23:04:05+0000");
 }
 
 }  // namespace

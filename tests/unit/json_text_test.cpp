@@ -29,4 +29,19 @@ TEST(JsonText, CopiesEveryOtherByte) {
   EXPECT_EQ(json(""), "\"\"");
 }
 
+TEST(JsonText, HalfASurrogatePairBecomesItsThreeBytes) {
+  EXPECT_EQ(with_lone_surrogates_as_bytes("\"\\udcff\""), "\"\xed\xb3\xbf\"");
+  EXPECT_EQ(with_lone_surrogates_as_bytes("\\uD800\\uDbFf\\udc00"), "\xed\xa0\x80\\uDbFf\\udc00");
+  EXPECT_EQ(with_lone_surrogates_as_bytes("\\udfff\\ud7ff\\ue000"), "\xed\xbf\xbf\\ud7ff\\ue000");
+  EXPECT_EQ(with_lone_surrogates_as_bytes("\\ud83d\\ude00"), "\\ud83d\\ude00");
+  EXPECT_EQ(with_lone_surrogates_as_bytes("\\\\udcff \\n\\u00e9"), "\\\\udcff \\n\\u00e9");
+}
+
+TEST(JsonText, EscapesThatAreNoneStay) {
+  for (const char* text :
+       {"", "\\", "a\\u", "\\ud83", "\\ud8g0", "\\ud83\"\\", "\\u d83d", "\\u-d83"}) {
+    EXPECT_EQ(with_lone_surrogates_as_bytes(text), text);
+  }
+}
+
 }  // namespace
