@@ -72,11 +72,10 @@ bool clip_to_dates(time_t& first, time_t& last) {
 }  // namespace
 
 int64_t civil_seconds(const std::tm& tm) {
-  const int64_t months = int64_t{tm.tm_mon} + 12 * (int64_t{tm.tm_year} + 1900);
-  const int64_t month = (months % 12 + 12) % 12;
-  return days_from_civil((months - month) / 12, static_cast<int>(month) + 1, tm.tm_mday) *
-             seconds_per_day +
-         int64_t{tm.tm_hour} * 3600 + int64_t{tm.tm_min} * 60 + tm.tm_sec;
+  const int month = (tm.tm_mon % 12 + 12) % 12;
+  const int64_t year = int64_t{tm.tm_year} + 1900 + (int64_t{tm.tm_mon} - month) / 12;
+  return days_from_civil(year, month + 1, tm.tm_mday) * seconds_per_day + tm.tm_hour * 3600 +
+         tm.tm_min * 60 + tm.tm_sec;
 }
 
 std::vector<LocalStretch> local_stretches(time_t first, time_t last) {
