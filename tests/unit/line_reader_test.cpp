@@ -59,6 +59,16 @@ TEST(LineReader, KeepsLinesWholeAcrossItsBuffer) {
   EXPECT_EQ(pieces(content, 1023), expected);
 }
 
+TEST(LineReader, ReadsOnBehindALineThatIsTooLong) {
+  Pieces expected = {std::string(1023, 'x'), "y\n"};
+  std::string content = expected[0] + expected[1];
+  for (int i = 0; i < 40000; ++i) {
+    expected.push_back("line " + std::to_string(i) + "\n");
+    content += expected.back();
+  }
+  EXPECT_EQ(pieces(content, 1023), expected);
+}
+
 TEST(LineReader, TellsAReadThatFailsFromTheEnd) {
   std::string_view piece;
   LineReader unreadable(open_regular_file(AT_FDCWD, "/proc/self/mem"), 10);

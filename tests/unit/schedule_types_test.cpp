@@ -15,6 +15,14 @@ TEST(ScheduleTypes, UnitsAreThoseOfThePaddedCalendar) {
   EXPECT_EQ(find_schedule_type("Daily"), nullptr);
 }
 
+TEST(ScheduleTypes, UnitsCountTheDaysAroundAReportTime) {
+  EXPECT_EQ(find_schedule_type("daily")->unit_days, 1);
+  EXPECT_EQ(find_schedule_type("weekly")->unit_days, 7);
+  EXPECT_EQ(find_schedule_type("monthly")->unit_days, 31);
+  EXPECT_EQ(find_schedule_type("yearly")->unit_days, 372);
+  EXPECT_EQ(find_schedule_type("endless")->unit_days, 93);
+}
+
 TEST(ScheduleTypes, SectionsAndMimeTypesFindTheirType) {
   EXPECT_EQ(find_schedule_type_of_section("defaults, of the day")->text, "daily");
   EXPECT_EQ(find_schedule_type_of_section("defaults, day of the interval")->text, "interval");
