@@ -77,7 +77,8 @@ PlayLogEntry entry_of(const json::object& line) {
 void read_line(std::string_view line, PlayLog& play_log,
                const std::function<bool(int64_t)>& is_wanted) {
   json::error_code error;
-  const json::value value = json::parse(with_lone_surrogates_as_bytes(line), error, {}, parse_options());
+  const json::value value =
+      json::parse(with_lone_surrogates_as_bytes(line), error, {}, parse_options());
   if (error) {
     std::fprintf(stderr, "JSON parse error: '%s'\n", error.message().c_str());
     return;

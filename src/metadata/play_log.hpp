@@ -20,8 +20,8 @@ struct PlayLogEntry {
 using PlayLog = std::map<int64_t, PlayLogEntry>;
 
 /// Adds what the play log in the context's directory holds; of lines with the same timestamp the
-/// last wins. A log that is missing adds nothing, a read error is its end, and a line that is no JSON
-/// is reported on standard error and skipped.
+/// last wins. A log that is missing adds nothing, a read error is its end, and a line that is no
+/// JSON is reported on standard error and skipped.
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log);
 
 /// The same of the entries whose timestamp is wanted. A log goes back years, and only the entries

@@ -19,10 +19,10 @@ uint64_t broken_down_to_schedule_seconds(std::string_view type, const std::tm& b
 /// Schedule seconds of a calendar time, or no_time when it has no local time or the type no unit.
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
 
-/// Calendar time of a schedule position, in the one unit that holds the report time. Of an hour that
-/// comes twice it is the one under the unit's first daylight-saving state and, where both are, the
-/// one whose offset from UTC is that of the unit's start. -1 when clocks never show that time (it
-/// falls into a gap that a clock change leaves), 0 when the unit's own start has no local time.
+/// Calendar time of a schedule position, in the one unit that holds the report time. Of an hour
+/// that comes twice it is the one under the unit's first daylight-saving state and, where both are,
+/// the one whose offset from UTC is that of the unit's start. -1 when clocks never show that time
+/// (it falls into a gap that a clock change leaves), 0 when the unit's own start has no local time.
 time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds);
 
 /// The same conversions for many positions of one schedule, whose unit must not change meanwhile.

@@ -1,6 +1,6 @@
-// Linked into a program in place of the C library's read, pread and lstat: just before the read number
-// CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes; just after the look number
-// REPLACE_AT at the path REPLACE_FILE, what lies at REPLACE_BY takes its place.
+// Linked into a program in place of the C library's read, pread and lstat: just before the read
+// number CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes; just after the look
+// number REPLACE_AT at the path REPLACE_FILE, what lies at REPLACE_BY takes its place.
 
 // The C library's checked versions are inline functions of the same names.
 #undef _FORTIFY_SOURCE
