@@ -31,6 +31,16 @@ TEST(MediaTypeDatabase, StepsBackFromADiskThatBeginsLikeAnMp4File) {
   EXPECT_EQ(known_media_type(head), "");
 }
 
+TEST(MediaTypeDatabase, StepsBackFromABootSectorThatBeginsLikeAnMp3Frame) {
+  std::string head = "\xff\xfb\x90\x40"s;
+  head.resize(512);
+  EXPECT_EQ(known_media_type(head), "audio/mpeg");
+  head[12] = '\x5b';  // the bytes of a sector
+  head[21] = '\xf8';  // the kind of disk
+  EXPECT_EQ(known_media_type(head), "");
+  EXPECT_EQ(libmagic_type(head), "application/octet-stream");
+}
+
 TEST(MediaTypeDatabase, LeavesTextsToLibmagic) {
   EXPECT_EQ(known_media_type("RIFF, said the drum.\n"), "");
   EXPECT_EQ(libmagic_type("RIFF, said the drum.\n"), "text/plain");
