@@ -10,6 +10,7 @@
 
 #include "platform/calendar.hpp"
 #include "platform/parse_time.hpp"
+#include "platform/standalone/media_type_database.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
@@ -85,6 +86,30 @@ void start_of_day(benchmark::State& state) {
   }
 }
 BENCHMARK(start_of_day);
+
+/// Asks a database for the type of a file's first 4 KiB, which are `content` and zeros.
+void media_type(benchmark::State& state, std::string (*database)(std::string_view),
+                std::string_view content) {
+  std::string head(content);
+  head.resize(size_t{4} * 1024);
+  while (state.KeepRunning()) {
+    benchmark::DoNotOptimize(database(head));
+  }
+}
+constexpr std::string_view mp4_head(
+    "\0\0\0\x18"
+    "ftypmp42\0\0\0\0mp42isom",
+    24);
+constexpr std::string_view wav_head("RIFF\x24\0\0\1WAVEfmt \x10\0\0\0\1\0\2\0", 24);
+constexpr std::string_view mxf_head("\x06\x0e\x2b\x34\x02\5\1\1\x0d\1\2\1\1\2\4\0", 16);
+BENCHMARK_CAPTURE(media_type, small_mp4, known_media_type, mp4_head);
+BENCHMARK_CAPTURE(media_type, large_mp4, libmagic_type, mp4_head);
+BENCHMARK_CAPTURE(media_type, small_wav, known_media_type, wav_head);
+BENCHMARK_CAPTURE(media_type, large_wav, libmagic_type, wav_head);
+BENCHMARK_CAPTURE(media_type, small_mxf, known_media_type, mxf_head);
+BENCHMARK_CAPTURE(media_type, large_mxf, libmagic_type, mxf_head);
+BENCHMARK_CAPTURE(media_type, small_unknown, known_media_type, "\xc1\xc2");
+BENCHMARK_CAPTURE(media_type, large_unknown, libmagic_type, "\xc1\xc2");
 
 void read_schedule(benchmark::State& state, const std::string& path) {
   Schedule schedule;

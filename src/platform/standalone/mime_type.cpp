@@ -1,36 +1,21 @@
 #include "platform/standalone/mime_type.hpp"
 
-#include <magic.h>
-
 #include <optional>
 
 #include "platform/file.hpp"
 #include "platform/schedule_lines.hpp"
 #include "platform/schedule_types.hpp"
+#include "platform/standalone/media_type_database.hpp"
 #include "platform/text.hpp"
 
 namespace {
 
 constexpr size_t head_size = 4 * 1024;
 constexpr size_t schedule_head_size = 64 * 1024;
-constexpr const char* unknown_type = "application/octet-stream";
 
-/// libmagic with its database, or null. Taking it down again would cost as much as a file: the
-/// process's end does it for nothing.
-magic_set* load_magic() {
-  magic_set* magic = magic_open(MAGIC_MIME_TYPE);
-  if (magic != nullptr && magic_load(magic, nullptr) != 0) {
-    magic_close(magic);
-    return nullptr;
-  }
-  return magic;
-}
-
-std::string ask_magic(std::string_view content) {
-  static magic_set* const magic = load_magic();  // when the first file needs it
-  const char* type =
-      magic != nullptr ? magic_buffer(magic, content.data(), content.size()) : nullptr;
-  return type != nullptr ? type : unknown_type;
+std::string media_type(std::string_view head) {
+  std::string known = known_media_type(head);
+  return known.empty() ? libmagic_type(head) : known;
 }
 
 /// Walks the lines of a schedule's content.
@@ -111,7 +96,7 @@ std::optional<std::string> detect_mime_type(int fd) {
       return std::string(schedule);
     }
   }
-  return ask_magic(head);
+  return media_type(head);
 }
 
 std::string_view sniff_schedule(std::string_view content) {

@@ -5,7 +5,8 @@
 #include <string_view>
 
 /// The MIME type of an open regular file, by its content: schedule files and MPEG transport streams
-/// are known here, everything else by libmagic from the first 4 KiB.
+/// are known here, everything else by its first 4 KiB
+/// (media_type_database.hpp).
 /// Nothing when the file cannot be read.
 std::optional<std::string> detect_mime_type(int fd);
 
