@@ -11,8 +11,9 @@ namespace {
 
 constexpr int64_t a_day = static_cast<int64_t>(seconds_per_day);
 
-bool is_earlier_day(const std::tm& a, const std::tm& b) {
-  return a.tm_year < b.tm_year || (a.tm_year == b.tm_year && a.tm_yday < b.tm_yday);
+/// A local date as a number that grows from day to day.
+int64_t date_number(const std::tm& tm) {
+  return int64_t{tm.tm_year} * 366 + tm.tm_yday;
 }
 
 /// The midnight behind the day of `reached`, as the C library normalises it. Where that would not
@@ -36,27 +37,31 @@ std::optional<time_t> next_midnight(time_t reached, const std::tm& local, long u
 
 }  // namespace
 
-std::vector<ScheduleItem> expand_airing(Schedule& schedule, ScheduleItem& item) {
-  std::vector<ScheduleItem> pieces;
-  const time_t start = schedule_seconds_to_time(schedule, item.start);
-  const time_t end = schedule_seconds_to_time(schedule, item.end);
-  const time_t unit_start = schedule.unit_start;
-  std::tm unit{};
-  std::tm local{};
-  std::tm last{};
-  if (end != -1 && end >= start && localtime_r(&unit_start, &unit) != nullptr &&
-      localtime_r(&start, &local) != nullptr && localtime_r(&end, &last) != nullptr) {
-    time_t reached = start;
-    while (is_earlier_day(local, last)) {
-      const std::optional<time_t> midnight = next_midnight(reached, local, unit.tm_gmtoff);
-      if (!midnight || localtime_r(&*midnight, &local) == nullptr) {
-        break;
-      }
-      reached = *midnight;
-      ScheduleItem& piece = pieces.emplace_back(item);
-      piece.end = broken_down_to_schedule_seconds(schedule.type, local);
-      item.start = piece.end;
+std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item) {
+  std::vector<uint64_t> cuts;
+  time_t reached = clock.time_of(item.start);
+  const time_t end = clock.time_of(item.end);
+  const std::tm* last = end != -1 && end >= reached ? clock.breakdown(end) : nullptr;
+  const int64_t last_date = last != nullptr ? date_number(*last) : 0;
+  const std::tm* local = last != nullptr ? clock.breakdown(reached) : nullptr;
+  while (local != nullptr && date_number(*local) < last_date) {
+    const std::optional<time_t> midnight = next_midnight(reached, *local, clock.unit_offset());
+    if (!midnight) {
+      break;
     }
+    reached = *midnight;
+    cuts.push_back(clock.schedule_seconds_of(reached));
+    local = clock.breakdown(reached);
+  }
+  return cuts;
+}
+
+std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item) {
+  std::vector<ScheduleItem> pieces;
+  for (const uint64_t cut : airing_cuts(clock, item)) {
+    pieces.push_back(item);
+    pieces.back().end = cut;
+    item.start = cut;
   }
   pieces.push_back(item);
   return pieces;

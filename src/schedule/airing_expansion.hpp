@@ -1,10 +1,16 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "schedule/schedule.hpp"
+#include "schedule/schedule_time.hpp"
 
-/// Cuts an item at every local midnight that it spans: one piece for each calendar day, in order.
+/// Where an airing is cut: the schedule seconds of every local midnight that it spans, in order.
 /// The midnight after the unit's last day is second 0 of the unit. An item whose end has no local
-/// time, or lies before its start, is one piece. Advances the item's start to that of the last.
-std::vector<ScheduleItem> expand_airing(Schedule& schedule, ScheduleItem& item);
+/// time, or lies before its start, is not cut. `clock` is that of the item's schedule.
+std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item);
+
+/// Cuts an item there: one piece for each calendar day, in order. Advances the item's start to that
+/// of the last.
+std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item);

@@ -40,6 +40,9 @@ class UnitClock {
   /// Null when the time has no local date. Valid until the next call.
   const std::tm* breakdown(time_t t) { return local_.breakdown(t); }
 
+  /// Seconds east of UTC at the unit's start.
+  long unit_offset() const { return unit_offset_; }
+
  private:
   /// A day of the padded calendar.
   struct Day {
@@ -53,7 +56,7 @@ class UnitClock {
   const Schedule& schedule_;
   std::tm base_{};         ///< local time of position 0
   bool has_base_ = false;  ///< whether it has one
-  long unit_offset_ = 0;   ///< seconds east of UTC at the unit's start
+  long unit_offset_ = 0;
   LocalClock local_;
   std::vector<Day> days_;
 };

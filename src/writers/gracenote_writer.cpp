@@ -109,14 +109,10 @@ void append_row(std::string& out, const GracenoteRow& row) {
   append(out, "\n");
 }
 
-}  // namespace
-
-GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
-                                const MetadataMap& metadata) {
+/// All but the times.
+GracenoteRow row_of(const std::string& path, const MetadataMap& metadata) {
   GracenoteRow row;
-  row.start = schedule_seconds_to_time(schedule, piece.start);
-  row.end = schedule_seconds_to_time(schedule, piece.end);
-  row.title = listing_title(metadata, piece.item);
+  row.title = listing_title(metadata, path);
   row.episode_title = first_value(metadata, "episode");
   set_description(row, first_value(metadata, "description"));
   row.new_live_repeat = new_live_repeat_of(metadata);
@@ -132,10 +128,20 @@ GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
   return row;
 }
 
+}  // namespace
+
+GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
+                                const MetadataMap& metadata) {
+  GracenoteRow row = row_of(piece.item, metadata);
+  row.start = schedule_seconds_to_time(schedule, piece.start);
+  row.end = schedule_seconds_to_time(schedule, piece.end);
+  return row;
+}
+
 void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end) {
   const ListingHorizon horizon(current_time());
-  std::vector<GracenoteRow> rows = collect_rows<GracenoteRow>(schedule, window_start, window_end,
-                                                              make_gracenote_row, joined_texts);
+  std::vector<GracenoteRow> rows =
+      collect_rows<GracenoteRow>(schedule, window_start, window_end, row_of, joined_texts);
   clean_rows(rows);
   set_durations(rows);
   std::string out;

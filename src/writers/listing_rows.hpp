@@ -54,19 +54,6 @@ inline time_t rounded_to_minute(UnitClock& clock, time_t t) {
   return tm != nullptr ? t + 30 - tm->tm_sec : t + 30;
 }
 
-/// Whether the airing expansion leaves an item as it is: it lies within one local day, or has no
-/// end that could be reached.
-inline bool is_one_piece(UnitClock& clock, time_t start, time_t end) {
-  if (end < start) {  // -1, no time, included
-    return true;
-  }
-  const std::tm* tm = clock.breakdown(start);
-  const int year = tm != nullptr ? tm->tm_year : 0;
-  const int day_of_year = tm != nullptr ? tm->tm_yday : -1;
-  const std::tm* last = clock.breakdown(end);
-  return last != nullptr && last->tm_year == year && last->tm_yday == day_of_year;
-}
-
 template <typename Row>
 time_t lasts(const Row& row) {
   return row.end - row.start;
@@ -89,21 +76,21 @@ bool fold_into(Row& row, const Row& next, std::span<std::string Row::*const> joi
 }
 
 /// The rows of all announced items in the report window, in airing order: for each piece of an
-/// item what make_row(schedule, piece, metadata) makes of it, with its times rounded to whole
-/// minutes. A piece that has no length then makes none, and runs of short rows become one each: a
-/// channel of short clips has a hundred items for each of its rows.
+/// item what make_row(path, metadata) makes of it, with the piece's times rounded to whole minutes.
+/// A piece that has no length then makes none, and runs of short rows become one each: a channel of
+/// short clips has a hundred items for each of its rows.
 template <typename Row>
 std::vector<Row> collect_rows(Schedule& schedule, time_t window_start, time_t window_end,
-                              Row (*make_row)(Schedule&, const ScheduleItem&, const MetadataMap&),
+                              Row (*make_row)(const std::string& path, const MetadataMap&),
                               std::span<std::string Row::*const> joined) {
   std::vector<Row> rows;
   UnitClock clock(schedule);
   ItemMetadataSlots slots;
-  const auto add_row = [&](const ScheduleItem& piece) {
-    const time_t start = rounded_to_minute(clock, clock.time_of(piece.start));
-    const time_t end = rounded_to_minute(clock, clock.time_of(piece.end));
+  const auto add_row = [&](const std::string& path, uint64_t piece_start, uint64_t piece_end) {
+    const time_t start = rounded_to_minute(clock, clock.time_of(piece_start));
+    const time_t end = rounded_to_minute(clock, clock.time_of(piece_end));
     if (start != end) {
-      Row row = make_row(schedule, piece, listing_metadata(slots.set));
+      Row row = make_row(path, listing_metadata(slots.set));
       row.start = start;
       row.end = end;
       if (rows.empty() || !fold_into(rows.back(), row, joined)) {
@@ -111,15 +98,14 @@ std::vector<Row> collect_rows(Schedule& schedule, time_t window_start, time_t wi
       }
     }
   };
-  const auto add_item = [&](const ScheduleItem& item, time_t start) {
-    const ItemMetadata metadata = read_item_metadata(slots, item);
-    if (metadata.announce >= 1 && is_one_piece(clock, start, clock.time_of(item.end))) {
-      add_row(item);
-    } else if (metadata.announce >= 1) {
-      ScheduleItem rest = item;
-      for (const ScheduleItem& piece : expand_airing(schedule, rest)) {
-        add_row(piece);
+  const auto add_item = [&](const ScheduleItem& item, time_t /*start*/) {
+    if (read_item_metadata(slots, item).announce >= 1) {
+      uint64_t piece_start = item.start;
+      for (const uint64_t cut : airing_cuts(clock, item)) {
+        add_row(item.item, piece_start, cut);
+        piece_start = cut;
       }
+      add_row(item.item, piece_start, item.end);
     }
     slots.release();
   };

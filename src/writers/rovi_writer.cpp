@@ -102,18 +102,24 @@ void append_line(std::string& out, const std::vector<std::string>& fields) {
   append(out, line_end);
 }
 
-}  // namespace
-
-RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata) {
+/// All but the times.
+RoviRow row_of(const std::string& path, const MetadataMap& metadata) {
   RoviRow row;
-  row.start = schedule_seconds_to_time(schedule, piece.start);
-  row.end = schedule_seconds_to_time(schedule, piece.end);
-  row.title = listing_title(metadata, piece.item);
+  row.title = listing_title(metadata, path);
   row.description = description_of(metadata);
   row.episode_title = first_value(metadata, "episode", "title");
   row.category = category_of(metadata);
   row.captioning = is_yes(first_value(metadata, "cc")) ? "CC" : "";
   row.schedule_rating = rating_of(metadata);
+  return row;
+}
+
+}  // namespace
+
+RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata) {
+  RoviRow row = row_of(piece.item, metadata);
+  row.start = schedule_seconds_to_time(schedule, piece.start);
+  row.end = schedule_seconds_to_time(schedule, piece.end);
   return row;
 }
 
@@ -129,7 +135,7 @@ std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& 
 void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end) {
   const ListingHorizon horizon(current_time());
   std::vector<RoviRow> rows =
-      collect_rows<RoviRow>(schedule, window_start, window_end, make_rovi_row, joined_texts);
+      collect_rows<RoviRow>(schedule, window_start, window_end, row_of, joined_texts);
   clean_rows(rows);
   std::vector<std::string> headers;
   headers.reserve(columns.size());

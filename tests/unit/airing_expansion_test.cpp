@@ -20,7 +20,8 @@ std::string pieces(const char* type, time_t report_time, uint64_t start, uint64_
   item.start = start;
   item.end = end;
   std::ostringstream text;
-  for (const ScheduleItem& piece : expand_airing(*schedule, item)) {
+  UnitClock clock(*schedule);
+  for (const ScheduleItem& piece : expand_airing(clock, item)) {
     text << piece.start << '-' << piece.end << (piece.label == "kept" ? " " : "! ");
   }
   return text.str();
@@ -36,6 +37,9 @@ TEST(AiringExpansion, CutsAtMidnight) {
             "165600-172800 172800-180000 ");
   EXPECT_EQ(pieces("weekly", friday, day + 10 * hour, day + 11 * hour), "122400-126000 ");
   EXPECT_EQ(pieces("weekly", friday, day + 23 * hour, 2 * day), "169200-172800 172800-172800 ");
+  EXPECT_EQ(pieces("weekly", friday, day, 2 * day - 1), "86400-172799 ");
+  EXPECT_EQ(pieces("weekly", friday, 2 * day - 1, 2 * day), "172799-172800 172800-172800 ");
+  EXPECT_EQ(pieces("weekly", friday, day, day), "86400-86400 ");
 }
 
 TEST(AiringExpansion, TheLastMidnightIsSecondZero) {

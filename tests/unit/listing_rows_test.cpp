@@ -30,13 +30,4 @@ TEST_F(ListingRows, HalfAMinuteRoundsUp) {
   EXPECT_EQ(rounded_to_minute(clock, year_of_ten_digits), year_of_ten_digits + 30);
 }
 
-TEST_F(ListingRows, AnItemWithinOneDayIsOnePiece) {
-  UnitClock clock(*schedule_);
-  EXPECT_TRUE(is_one_piece(clock, midnight, midnight + 86399));
-  EXPECT_FALSE(is_one_piece(clock, midnight, midnight + 86400));
-  EXPECT_FALSE(is_one_piece(clock, midnight - 1, midnight));
-  EXPECT_FALSE(is_one_piece(clock, midnight, midnight + 366 * 86400));
-  EXPECT_TRUE(is_one_piece(clock, midnight, -1));
-}
-
 }  // namespace
