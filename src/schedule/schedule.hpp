@@ -42,17 +42,27 @@ struct ScheduleBlock {
   std::string announce;  ///< "block", "items" or anything else
 };
 
+/// The default item of each day of the unit, by its number. A day without one of its own reads as
+/// the rest does: filling in what few units have days for would cost a short run a tenth of its
+/// time.
+struct DefaultItems {
+  std::array<std::string, default_slots> own;
+  std::string rest;
+
+  const std::string& operator[](size_t day) const { return own[day].empty() ? rest : own[day]; }
+};
+
 /// By start.
 using ScheduleItems = std::map<uint64_t, ScheduleItem>;
 
 struct Schedule {
-  std::map<uint64_t, ScheduleBlock> blocks;         ///< by start
-  ScheduleItems schedule;                           ///< what airs
-  std::string type;                                 ///< a type's text; empty until it is known
-  std::array<std::string, default_slots> defaults;  ///< default item of each day of the unit
-  std::string global_default;  ///< default item of days without one of their own
-  int32_t unit_days = 0;       ///< days of the calendar unit; 0 until it is known
-  uint64_t unit_length = 0;    ///< schedule seconds
-  int64_t unit_start = 0;      ///< first and last second of the calendar unit that
-  int64_t unit_end = 0;        ///< holds the report time, calendar time
+  std::map<uint64_t, ScheduleBlock> blocks;  ///< by start
+  ScheduleItems schedule;                    ///< what airs
+  std::string type;                          ///< a type's text; empty until it is known
+  DefaultItems defaults;                     ///< what plays in the gaps of each day
+  std::string global_default;                ///< default item of days without one of their own
+  int32_t unit_days = 0;                     ///< days of the calendar unit; 0 until it is known
+  uint64_t unit_length = 0;                  ///< schedule seconds
+  int64_t unit_start = 0;                    ///< first and last second of the calendar unit that
+  int64_t unit_end = 0;                      ///< holds the report time, calendar time
 };

@@ -90,7 +90,7 @@ void read_defaults_section(Schedule& schedule, LineReader& file, std::string_vie
     }
     // The schedule's type gives the form of the keys, even in a section of another type.
     if (const std::optional<int> slot = default_slot_of_key(schedule.type, entry->name)) {
-      schedule.defaults[static_cast<size_t>(*slot)] = entry->value;
+      schedule.defaults.own[static_cast<size_t>(*slot)] = entry->value;
     }
   });
 }
@@ -178,11 +178,7 @@ void complete(Schedule& schedule) {
   if (schedule.type.empty()) {
     schedule.type = "weekly";
   }
-  for (std::string& item : schedule.defaults) {
-    if (item.empty()) {
-      item = schedule.global_default;
-    }
-  }
+  schedule.defaults.rest = schedule.global_default;
   schedule.unit_length = find_schedule_type(schedule.type)->unit_length;
 }
 
@@ -196,7 +192,7 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
   LineReader file(std::move(opened), longest_schedule_line);
   schedule.schedule.clear();
   schedule.type.clear();
-  for (std::string& item : schedule.defaults) {
+  for (std::string& item : schedule.defaults.own) {
     item.clear();
   }
   std::string_view text;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -185,7 +186,7 @@ bool patch_in_subschedules(Schedule& schedule) {
   }
   arm_watchdog();
   UnitClock clock(schedule);
-  Schedule subschedule;
+  std::unique_ptr<Schedule> subschedule;  // most schedules need none
   KnownPaths known_paths;
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
@@ -195,7 +196,10 @@ bool patch_in_subschedules(Schedule& schedule) {
     }
     // Only keys last: what is patched in and the blocks around it move the items.
     uint64_t resume_at = 0;
-    is_patched = patch_in(schedule, clock, subschedule, it->first, resume_at) || is_patched;
+    if (!subschedule) {
+      subschedule = std::make_unique<Schedule>();
+    }
+    is_patched = patch_in(schedule, clock, *subschedule, it->first, resume_at) || is_patched;
     it = schedule.schedule.lower_bound(resume_at);
   }
   cancel_watchdog();

@@ -62,7 +62,7 @@ std::unique_ptr<Schedule> random_frame(Random& random) {
   schedule->unit_length = type.unit_length;
   const bool is_uniform = random.chance(30);
   const std::string uniform = random_default(random);
-  for (std::string& item : schedule->defaults) {
+  for (std::string& item : schedule->defaults.own) {
     item = is_uniform ? uniform : random_default(random);
   }
   return schedule;

@@ -49,7 +49,7 @@ std::string complaint_about_default(const Schedule& before, const Schedule& repa
                                     ScheduleItems::const_iterator it) {
   const ScheduleItem& item = it->second;
   const uint64_t day = item.start / seconds_per_day;
-  if (item.item != before.defaults.at(day)) {
+  if (item.item != before.defaults[day]) {
     return at("not the day's default item", item.start);
   }
   if (item.end > (day + 1) * seconds_per_day || item.end <= item.start) {
