@@ -5,6 +5,7 @@ import ctypes
 MAGIC_NONE = 0
 MAGIC_MIME_TYPE = 0x10
 MAGIC_NO_CHECK_TEXT = 0x20000
+MAGIC_NO_CHECK_ENCODING = 0x200000
 
 LIBRARY = ctypes.CDLL("libmagic.so.1")
 LIBRARY.magic_open.restype = ctypes.c_void_p

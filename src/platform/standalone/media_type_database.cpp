@@ -9,46 +9,66 @@ namespace {
 
 constexpr const char* unknown_type = "application/octet-stream";
 
-/// A libmagic without a database. Taking it down again would cost as much as a file: the process's
-/// end does it for nothing.
+/// A database and what is asked for with it. Taking libmagic down again would cost as much as a
+/// file: the process's end does it for nothing.
+struct Database {
+  magic_set* magic;  ///< null: it could not be loaded
+  int flags;
+};
+
 template <typename Load>
-magic_set* open_magic(int flags, Load load) {
-  magic_set* magic = magic_open(MAGIC_MIME_TYPE | flags);
+Database open_database(int flags, Load load) {
+  magic_set* magic = magic_open(flags);
   if (magic != nullptr && load(magic) != 0) {
     magic_close(magic);
-    return nullptr;
+    magic = nullptr;
   }
-  return magic;
+  return {magic, flags};
 }
 
 /// What comes before the rules (tar archives, JSON and the like) counts as it does for the large
 /// database; what comes after them is left to that.
-magic_set* load_small() {
-  return open_magic(MAGIC_NO_CHECK_TEXT, [](magic_set* magic) {
+Database open_small() {
+  return open_database(MAGIC_MIME_TYPE | MAGIC_NO_CHECK_TEXT, [](magic_set* magic) {
     void* rules = media_type_rules;
     size_t size = media_type_rules_size;
     return magic_load_buffers(magic, &rules, &size, 1);
   });
 }
 
-magic_set* load_large() {
-  return open_magic(MAGIC_NONE, [](magic_set* magic) { return magic_load(magic, nullptr); });
+Database open_large() {
+  return open_database(MAGIC_MIME_TYPE,
+                       [](magic_set* magic) { return magic_load(magic, nullptr); });
 }
 
-std::string_view ask(magic_set* magic, std::string_view head) {
-  const char* type = magic != nullptr ? magic_buffer(magic, head.data(), head.size()) : nullptr;
+/// Whether libmagic cannot take the head for text in any encoding, which it would find out at the
+/// price of many rules: of all encodings UTF-16 and UTF-32 alone have NUL bytes, and they begin
+/// with a byte order mark.
+bool is_no_text(std::string_view head) {
+  constexpr std::string_view long_mark("\0\0\xfe\xff", 4);
+  return head.find('\0') != std::string_view::npos && !head.starts_with("\xff\xfe") &&
+         !head.starts_with("\xfe\xff") && !head.starts_with(long_mark);
+}
+
+std::string_view ask(const Database& database, std::string_view head) {
+  if (database.magic == nullptr) {
+    return unknown_type;
+  }
+  magic_setflags(database.magic,
+                 is_no_text(head) ? database.flags | MAGIC_NO_CHECK_ENCODING : database.flags);
+  const char* type = magic_buffer(database.magic, head.data(), head.size());
   return type != nullptr ? type : unknown_type;
 }
 
 }  // namespace
 
 std::string known_media_type(std::string_view head) {
-  static magic_set* const small = load_small();
+  static const Database small = open_small();
   const std::string_view type = ask(small, head);
   return type != unknown_type ? std::string(type) : std::string();
 }
 
 std::string libmagic_type(std::string_view head) {
-  static magic_set* const large = load_large();
+  static const Database large = open_large();
   return std::string(ask(large, head));
 }
