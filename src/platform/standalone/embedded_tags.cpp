@@ -6,15 +6,15 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
-#include <cstring>
-#include <map>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "platform/standalone/isolated_call.hpp"
+#include "platform/standalone/helper_process.hpp"
 #include "platform/standalone/media_stream.hpp"
+#include "platform/standalone/packed_tags.hpp"
 #include "platform/text.hpp"
 
 namespace {
@@ -28,16 +28,21 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 4> renamed_t
 }};
 constexpr const char* mp4_long_description = "ldes";
 
+constexpr size_t kib = 1024;
+constexpr size_t mib = 1024 * kib;
+
 /// Almost every file's tags are read with this, in the run's own process. Whatever the file is
 /// like, the library then makes no more than some twenty megabytes of it, and goes no deeper into
 /// boxes in boxes than the reads allow.
-constexpr ReadBudget small_budget = {128UL * 1024, 2048, false};
+constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, false};
 
-/// The others, those with large pictures for the most part, are read in a process of their own.
-constexpr ReadBudget large_budget = {48UL * 1024 * 1024, 1000000, true};
-constexpr IsolationLimits isolation_limits = {64UL * 1024 * 1024, 1, 1024UL * 1024};
+/// The others are read in a process beside the run.
+constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, true};
+constexpr size_t helper_memory = 64 * mib;
 
-using Tags = std::multimap<std::string, std::string>;
+/// Processor time that the run gives files that it then has to give up. Each may take a tenth of
+/// what is left, a second at first: however many they are, they do not use up the run's own.
+constexpr std::chrono::microseconds time_for_lost_files = std::chrono::seconds(10);
 
 std::string name_of_tag(const std::string& tag) {
   for (const auto& [original, name] : renamed_tags) {
@@ -103,26 +108,14 @@ bool is_module(const std::string& extension) {
   return std::find(modules.begin(), modules.end(), extension) != modules.end();
 }
 
-/// What came of reading a file's tags.
-enum class Outcome : char {
-  read = 'r',
-  failed = 'f',  ///< something of the file could not be read
-  spent = 's',   ///< it would take more than the budget
-};
-
-struct TagsRead {
-  Outcome outcome = Outcome::read;
-  Tags tags;
-};
-
 TagsRead result_of(const MediaStream& stream, Tags tags) {
   if (stream.has_failed()) {
-    return {Outcome::failed, {}};
+    return {TagsOutcome::failed, {}};
   }
   if (stream.is_spent()) {
-    return {Outcome::spent, {}};
+    return {TagsOutcome::spent, {}};
   }
-  return {Outcome::read, std::move(tags)};
+  return {TagsOutcome::read, std::move(tags)};
 }
 
 TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
@@ -135,13 +128,13 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
         break;
       }
       if (!budget.risks && is_module(extension)) {
-        return {Outcome::spent, {}};
+        return {TagsOutcome::spent, {}};
       }
     }
     MediaStream stream(fd, name_to_go_by, budget);
     const TagLib::ByteVector head = head_of(stream);
     if (!budget.risks && is_asf(head)) {
-      return {Outcome::spent, {}};
+      return {TagsOutcome::spent, {}};
     }
     if (is_mp4(head)) {
       TagLib::MP4::File file(&stream, read_audio_properties);
@@ -151,64 +144,45 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
     if (file.file() != nullptr) {
       return result_of(stream, tags_of(*file.file()));
     }
-    if (TagsRead none = result_of(stream, {}); none.outcome != Outcome::read) {
+    if (TagsRead none = result_of(stream, {}); none.outcome != TagsOutcome::read) {
       return none;
     }
   }
   return {};
 }
 
-void pack_text(std::string& packed, const std::string& text) {
-  const size_t size = text.size();
-  packed.append(reinterpret_cast<const char*>(&size), sizeof(size));
-  packed += text;
+std::string answer_with_tags(int fd, const std::string& name) {
+  return pack_tags(read_tags(fd, name, large_budget));
 }
 
-std::string unpack_text(std::string_view& packed) {
-  size_t size = 0;
-  std::memcpy(&size, packed.data(), sizeof(size));
-  std::string text(packed.substr(sizeof(size), size));
-  packed.remove_prefix(sizeof(size) + size);
-  return text;
-}
-
-std::string pack(const TagsRead& result) {
-  std::string packed(1, static_cast<char>(result.outcome));
-  for (const auto& [name, value] : result.tags) {
-    pack_text(packed, name);
-    pack_text(packed, value);
+TagsRead read_tags_in_helper(int fd, const std::string& name) {
+  static HelperProcess helper(answer_with_tags, helper_memory);
+  static std::chrono::microseconds time_left = time_for_lost_files;
+  const std::chrono::microseconds time = time_left / 10;
+  if (time < std::chrono::milliseconds(1)) {
+    return {TagsOutcome::spent, {}};
   }
-  return packed;
-}
-
-TagsRead unpack(std::string_view packed) {
-  TagsRead result{static_cast<Outcome>(packed.front()), {}};
-  packed.remove_prefix(1);
-  while (!packed.empty()) {
-    std::string name = unpack_text(packed);
-    result.tags.emplace(std::move(name), unpack_text(packed));
+  const std::optional<std::string> answer = helper.ask(fd, name, time);
+  std::optional<TagsRead> result = answer ? unpack_tags(*answer) : std::nullopt;
+  if (!result) {
+    time_left -= time;
+    return {TagsOutcome::spent, {}};
   }
-  return result;
-}
-
-TagsRead read_tags_isolated(int fd, const std::string& name) {
-  const std::optional<std::string> packed =
-      call_isolated(isolation_limits, [&] { return pack(read_tags(fd, name, large_budget)); });
-  return packed ? unpack(*packed) : TagsRead{Outcome::spent, {}};
+  return *std::move(result);
 }
 
 }  // namespace
 
 std::optional<std::vector<MetadataEntry>> read_embedded_tags(int fd, const std::string& name) {
   TagsRead result = read_tags(fd, name, small_budget);
-  if (result.outcome == Outcome::spent) {
-    result = read_tags_isolated(fd, name);
+  if (result.outcome == TagsOutcome::spent) {
+    result = read_tags_in_helper(fd, name);
   }
-  if (result.outcome == Outcome::failed) {
+  if (result.outcome == TagsOutcome::failed) {
     return std::nullopt;
   }
   std::vector<MetadataEntry> entries;
-  if (result.outcome == Outcome::spent) {
+  if (result.outcome == TagsOutcome::spent) {
     std::fprintf(stderr, "WARNING: The tags of '%s' take too much to read\n", name.c_str());
     return entries;
   }

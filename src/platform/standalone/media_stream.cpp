@@ -8,11 +8,33 @@
 #include <utility>
 
 #include "platform/file.hpp"
-#include "platform/standalone/id3v2_hazards.hpp"
+#include "platform/standalone/id3v2_tag.hpp"
 
 namespace {
 
 constexpr size_t buffer_size = 8 * 1024;
+
+/// Smaller ones are read like anything else.
+constexpr size_t shortest_picture = 4 * 1024;
+constexpr long picture_head_size = 4;
+
+/// Whether the bytes before a block tell that it is a picture.
+PictureKind picture_behind(std::string_view before, size_t block_size) {
+  if (before == "covr") {  // the name of a box (ISO/IEC 14496-12)
+    return PictureKind::may_be_short;
+  }
+  if (before.size() < picture_head_size) {
+    return PictureKind::none;
+  }
+  // The head of a FLAC metadata block: its kind, with a bit for the last one, and its size.
+  constexpr unsigned padding = 1;
+  constexpr unsigned picture = 6;
+  const auto byte = [&](size_t place) { return static_cast<unsigned char>(before[place]); };
+  const unsigned kind = byte(0) & 0x7fU;
+  const size_t size = (size_t{byte(1)} << 16U) | (size_t{byte(2)} << 8U) | byte(3);
+  return (kind == padding || kind == picture) && size == block_size ? PictureKind::must_be_whole
+                                                                    : PictureKind::none;
+}
 
 }  // namespace
 
@@ -36,33 +58,81 @@ TagLib::FileName MediaStream::name() const {
   return name_.c_str();
 }
 
+/// Takes the amount off a budget, which is spent when it does not hold as much.
+bool MediaStream::spend(size_t& budget, size_t amount) {
+  is_spent_ = is_spent_ || amount > budget;
+  budget -= is_spent_ ? 0 : amount;
+  return !is_spent_;
+}
+
 TagLib::ByteVector MediaStream::readBlock(unsigned long length) {
   // A damaged file may ask for more than there is.
   const long left = std::max(length_ - position_, 0L);
   const auto wanted = static_cast<size_t>(std::min(length, static_cast<unsigned long>(left)));
-  if (is_spent_ || left_.reads == 0 || wanted > left_.bytes) {
-    is_spent_ = true;
+  const std::string id3v2_header = std::exchange(id3v2_header_, {});
+  if (!spend(left_.reads, 1)) {
     return {};
   }
-  --left_.reads;
-  left_.bytes -= wanted;
-  const TagLib::ByteVector block = read_within_file(wanted);
-  if (!left_.risks && unfolds(block)) {
-    is_spent_ = true;
+  const PictureKind picture =
+      wanted >= shortest_picture ? picture_behind(bytes_before(), wanted) : PictureKind::none;
+  if (picture != PictureKind::none) {
+    return pass_over(wanted, picture);
+  }
+  if (!id3v2_header.empty()) {
+    return read_id3v2_tag(id3v2_header, wanted);
+  }
+  if (!spend(left_.bytes, wanted)) {
     return {};
+  }
+  const TagLib::ByteVector block = read_within_file(wanted);
+  const std::string_view bytes(block.data(), block.size());
+  if (is_id3v2_header(bytes)) {
+    if (!left_.risks && id3v2_header_is_unusual(bytes)) {
+      is_spent_ = true;
+      return {};
+    }
+    id3v2_header_ = bytes;
   }
   return block;
 }
 
-/// Whether a block is an ID3v2 tag, by the header read before it, that may unfold in memory.
-bool MediaStream::unfolds(const TagLib::ByteVector& block) {
-  const bool is_tag = std::exchange(id3v2_follows_, false);
-  const std::string_view bytes(block.data(), block.size());
-  if (is_id3v2_header(bytes)) {
-    id3v2_follows_ = true;
-    return id3v2_header_is_unusual(bytes);
+/// The bytes in front of the position, as many as tell a picture.
+std::string MediaStream::bytes_before() {
+  std::string bytes(static_cast<size_t>(std::min<long>(picture_head_size, position_)), '\0');
+  bytes.resize(read_at(bytes.data(), bytes.size(), position_ - static_cast<long>(bytes.size())));
+  return bytes;
+}
+
+/// A picture without its content: no bytes or, where the library wants as many as there are,
+/// zeroes.
+TagLib::ByteVector MediaStream::pass_over(size_t size, PictureKind kind) {
+  position_ += static_cast<long>(size);
+  if (kind == PictureKind::may_be_short) {
+    return {};
   }
-  return is_tag && id3v2_may_unfold(bytes);
+  return spend(left_.pictures, size) ? TagLib::ByteVector(static_cast<unsigned>(size), '\0')
+                                     : TagLib::ByteVector();
+}
+
+/// A tag without its pictures. What is left of it must not be more than it looks.
+TagLib::ByteVector MediaStream::read_id3v2_tag(std::string_view header, size_t size) {
+  if (size > left_.bytes + left_.pictures) {
+    is_spent_ = true;
+    return {};
+  }
+  std::string tag(size, '\0');
+  tag.resize(read_at(tag.data(), size, position_));
+  position_ += static_cast<long>(tag.size());
+  const size_t whole_size = tag.size();
+  remove_id3v2_pictures(header, tag);
+  if (!spend(left_.pictures, whole_size - tag.size()) || !spend(left_.bytes, tag.size())) {
+    return {};
+  }
+  if (!left_.risks && id3v2_may_unfold(header, tag)) {
+    is_spent_ = true;
+    return {};
+  }
+  return {tag.data(), static_cast<unsigned>(tag.size())};
 }
 
 TagLib::ByteVector MediaStream::read_within_file(size_t wanted) {

@@ -3,18 +3,23 @@
 #include <tiostream.h>
 
 #include <string>
+#include <string_view>
 
 /// What reading one media file's tags may take.
 struct ReadBudget {
-  size_t bytes;
+  size_t bytes;     ///< without pictures
+  size_t pictures;  ///< bytes of pictures that are passed over
   size_t reads;
   bool risks;  ///< whether to read what can take much more memory than it has bytes
 };
 
+/// Whether a block is a picture, and if so whether the library does with less of it than there is.
+enum class PictureKind { none, may_be_short, must_be_whole };
+
 /// A media file as the tag library reads it: through one descriptor, which stays the caller's, and
 /// one buffer, with no system call for a change of place. The library's own stream makes some
-/// eighty for a small file. Writing does nothing. Once its budget is spent, the file seems to end
-/// wherever it is read.
+/// eighty for a small file. Pictures, of which nothing is shown, are not loaded: they seem empty.
+/// Writing does nothing. Once its budget is spent, the file seems to end wherever it is read.
 class MediaStream : public TagLib::IOStream {
  public:
   /// The library takes the format from the name's extension, or from the content without a name.
@@ -41,14 +46,17 @@ class MediaStream : public TagLib::IOStream {
 
  private:
   size_t read_at(char* bytes, size_t size, long offset);
+  bool spend(size_t& budget, size_t amount);
+  std::string bytes_before();
+  TagLib::ByteVector pass_over(size_t size, PictureKind kind);
+  TagLib::ByteVector read_id3v2_tag(std::string_view header, size_t size);
   TagLib::ByteVector read_within_file(size_t wanted);
-  bool unfolds(const TagLib::ByteVector& block);
 
   int fd_;
   std::string name_;
   ReadBudget left_;
   bool is_spent_ = false;
-  bool id3v2_follows_ = false;
+  std::string id3v2_header_;  ///< of the tag that the next block is; empty: of none
   long length_ = 0;
   long position_ = 0;
   bool has_failed_ = false;

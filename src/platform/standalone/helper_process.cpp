@@ -1,0 +1,249 @@
+#include "platform/standalone/helper_process.hpp"
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <new>
+#include <utility>
+
+namespace {
+
+// The address sanitizer claims terabytes that it does not use.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool is_sanitized = true;
+#else
+constexpr bool is_sanitized = false;
+#endif
+
+constexpr uint64_t longest_answer = 1024UL * 1024;
+
+/// Stands before a question's text, and carries the descriptor.
+struct QuestionHead {
+  uint64_t size;
+  int64_t processor_time;  ///< microseconds
+};
+
+/// Bytes of address space that this process has, or 0 when the system does not say.
+size_t claimed_memory() {
+  const FileDescriptor file = open_regular_file(AT_FDCWD, "/proc/self/statm");
+  std::array<char, 64> text{};
+  if (!file.is_open() || read_fully(file.get(), text.data(), text.size() - 1) == 0) {
+    return 0;
+  }
+  return std::strtoul(text.data(), nullptr, 10) * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
+
+bool limit_memory(size_t more) {
+  if (is_sanitized) {
+    return true;
+  }
+  const size_t claimed = claimed_memory();
+  rlimit limit{};
+  if (claimed == 0 || getrlimit(RLIMIT_AS, &limit) != 0) {
+    return false;
+  }
+  limit.rlim_cur = std::min<rlim_t>(claimed + more, limit.rlim_max);
+  return setrlimit(RLIMIT_AS, &limit) == 0;
+}
+
+/// The signal of the timer ends the process.
+bool limit_time(int64_t microseconds) {
+  constexpr int64_t a_second = 1000000;
+  itimerval timer{};
+  timer.it_value.tv_sec = microseconds / a_second;
+  timer.it_value.tv_usec = microseconds % a_second;
+  return setitimer(ITIMER_PROF, &timer, nullptr) == 0;
+}
+
+void allow_timer_signal() {
+  std::signal(SIGPROF, SIG_DFL);
+  sigset_t timer_signal;
+  sigemptyset(&timer_signal);
+  sigaddset(&timer_signal, SIGPROF);
+  sigprocmask(SIG_UNBLOCK, &timer_signal, nullptr);
+}
+
+/// Sends bytes, the first of them with the descriptor; whether all went out.
+bool send_with_descriptor(int socket, const void* bytes, size_t size, int fd) {
+  iovec part{const_cast<void*>(bytes), size};
+  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
+  msghdr message{};
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  cmsghdr* head = CMSG_FIRSTHDR(&message);
+  head->cmsg_level = SOL_SOCKET;
+  head->cmsg_type = SCM_RIGHTS;
+  head->cmsg_len = CMSG_LEN(sizeof(int));
+  std::memcpy(CMSG_DATA(head), &fd, sizeof(fd));
+  ssize_t count = 0;
+  do {
+    count = sendmsg(socket, &message, MSG_NOSIGNAL);
+  } while (count < 0 && errno == EINTR);
+  return count == static_cast<ssize_t>(size);
+}
+
+/// The counterpart; not open when the other side is gone.
+FileDescriptor receive_with_descriptor(int socket, void* bytes, size_t size) {
+  iovec part{bytes, size};
+  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
+  msghdr message{};
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  ssize_t count = 0;
+  do {
+    count = recvmsg(socket, &message, MSG_CMSG_CLOEXEC | MSG_WAITALL);
+  } while (count < 0 && errno == EINTR);
+  const cmsghdr* head = count == static_cast<ssize_t>(size) ? CMSG_FIRSTHDR(&message) : nullptr;
+  int fd = -1;
+  if (head != nullptr && head->cmsg_type == SCM_RIGHTS) {
+    std::memcpy(&fd, CMSG_DATA(head), sizeof(fd));
+  }
+  return FileDescriptor(fd);
+}
+
+bool send_fully(int socket, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (count < 0 && errno == EINTR) {
+      continue;
+    }
+    if (count <= 0) {
+      return false;
+    }
+    bytes.remove_prefix(static_cast<size_t>(count));
+  }
+  return true;
+}
+
+bool send_answer(int socket, const std::string& answer) {
+  const uint64_t size = answer.size();
+  std::array<char, sizeof(size)> head{};
+  std::memcpy(head.data(), &size, sizeof(size));
+  return size <= longest_answer && send_fully(socket, {head.data(), head.size()}) &&
+         send_fully(socket, answer);
+}
+
+std::optional<std::string> receive_answer(int socket) {
+  uint64_t size = 0;
+  std::array<char, sizeof(size)> head{};
+  if (read_fully(socket, head.data(), head.size()) != head.size()) {
+    return std::nullopt;
+  }
+  std::memcpy(&size, head.data(), sizeof(size));
+  if (size > longest_answer) {
+    return std::nullopt;
+  }
+  std::string answer(size, '\0');
+  if (read_fully(socket, answer.data(), size) != size) {
+    return std::nullopt;
+  }
+  return answer;
+}
+
+/// Answers one question; false when there are no more.
+bool answer_next(int socket, HelperProcess::Work work) {
+  QuestionHead head{};
+  const FileDescriptor file = receive_with_descriptor(socket, &head, sizeof(head));
+  std::string question(file.is_open() ? head.size : 0, '\0');
+  if (!file.is_open() || read_fully(socket, question.data(), question.size()) != question.size() ||
+      !limit_time(head.processor_time)) {
+    return false;
+  }
+  const std::string answer = work(file.get(), question);
+  return limit_time(0) && send_answer(socket, answer);
+}
+
+/// The helper's whole life. It dies quietly: what it has to say of its death helps nobody.
+[[noreturn]] void answer_and_end(int socket, HelperProcess::Work work, size_t memory) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  const rlimit no_core{};
+  setrlimit(RLIMIT_CORE, &no_core);
+  // A reader of the run's output must not wait for this process's end.
+  const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    dup2(nowhere, fd);
+  }
+  std::set_new_handler(nullptr);  // the run's own would speak of it
+  allow_timer_signal();
+  if (limit_memory(memory)) {
+    try {
+      while (answer_next(socket, work)) {
+      }
+    } catch (const std::exception&) {
+      // Most likely out of memory, as it may be here: the end is the answer.
+    }
+  }
+  _exit(EXIT_SUCCESS);
+}
+
+}  // namespace
+
+bool HelperProcess::start() {
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    return false;
+  }
+  FileDescriptor own(ends[0]);
+  FileDescriptor others(ends[1]);
+  process_ = fork();
+  if (process_ == 0) {
+    own.reset();
+    answer_and_end(others.get(), work_, memory_);
+  }
+  socket_.reset(own.release());
+  return process_ > 0;
+}
+
+/// Whether the process had already ended because its time was up.
+bool HelperProcess::end() {
+  int status = 0;
+  socket_.reset();
+  if (process_ > 0) {
+    kill(process_, SIGKILL);
+    while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+    }
+  }
+  process_ = -1;
+  return WIFSIGNALED(status) && WTERMSIG(status) == SIGPROF;
+}
+
+std::optional<std::string> HelperProcess::ask(int fd, const std::string& question,
+                                              std::chrono::microseconds processor_time) {
+  const bool is_fresh = process_ < 0;
+  std::optional<std::string> answer = ask_once(fd, question, processor_time);
+  if (!answer && !end() && !is_fresh) {
+    // What earlier questions left of the process must not decide.
+    answer = ask_once(fd, question, processor_time);
+    if (!answer) {
+      end();
+    }
+  }
+  return answer;
+}
+
+std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& question,
+                                                   std::chrono::microseconds processor_time) {
+  const QuestionHead head{question.size(), processor_time.count()};
+  if ((process_ < 0 && !start()) || !send_with_descriptor(socket_.get(), &head, sizeof(head), fd) ||
+      !send_fully(socket_.get(), question)) {
+    return std::nullopt;
+  }
+  return receive_answer(socket_.get());
+}

@@ -1,0 +1,145 @@
+#include "platform/standalone/id3v2_tag.hpp"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr size_t header_size = 10;  // of a tag and of a frame alike
+constexpr size_t id_size = 4;
+
+bool is_id_character(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+/// The flag of version 2.3 or that of version 2.4.
+bool is_marked_as_compressed(std::string_view frame) {
+  constexpr unsigned flags = 0x80U | 0x08U;
+  return (static_cast<unsigned char>(frame[header_size - 1]) & flags) != 0;
+}
+
+bool may_be_compressed(std::string_view frame) {
+  const std::string_view id = frame.substr(0, id_size);
+  // The first byte of its size is 0, as no tag is looked at here that has 16 MiB.
+  return frame.size() >= header_size && frame[id_size] == '\0' && is_marked_as_compressed(frame) &&
+         std::all_of(id.begin(), id.end(), is_id_character);
+}
+
+unsigned byte_at(std::string_view text, size_t place) {
+  return static_cast<unsigned char>(text[place]);
+}
+
+/// A number of `count` bytes, of which each counts `bits` bits.
+size_t number_at(std::string_view text, size_t place, size_t count, unsigned bits) {
+  size_t number = 0;
+  for (size_t i = 0; i < count; ++i) {
+    number = (number << bits) | byte_at(text, place + i);
+  }
+  return number;
+}
+
+/// How the frames of a version are written.
+struct FrameForm {
+  size_t id_size;
+  size_t header_size;
+  std::string_view picture;
+  std::string_view genre;
+};
+
+constexpr FrameForm short_form = {3, 6, "PIC", "TCO"};
+constexpr FrameForm long_form = {4, 10, "APIC", "TCON"};
+
+int version_of(std::string_view header) {
+  return header[3];
+}
+
+const FrameForm& form_of(std::string_view header) {
+  return version_of(header) == 2 ? short_form : long_form;
+}
+
+bool is_frame_id(std::string_view tag, size_t place, const FrameForm& form) {
+  const std::string_view id = place < tag.size() ? tag.substr(place, form.id_size) : "";
+  return id.size() == form.id_size && std::all_of(id.begin(), id.end(), is_id_character);
+}
+
+/// The size of the frame at `place`, header included, whose header is there. Nothing where version
+/// 2.4 leaves open which of two numbers it is: some programs write them as in version 2.3.
+std::optional<size_t> frame_size(std::string_view tag, size_t place, int version) {
+  if (version == 2) {
+    return short_form.header_size + number_at(tag, place + 3, 3, 8);
+  }
+  const size_t plain = long_form.header_size + number_at(tag, place + id_size, 4, 8);
+  if (version == 3) {
+    return plain;
+  }
+  const std::string_view bytes = tag.substr(place + id_size, 4);
+  const bool is_synchsafe = std::all_of(
+      bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  const size_t synchsafe = long_form.header_size + number_at(tag, place + id_size, 4, 7);
+  const bool fits = is_synchsafe && (place + synchsafe == tag.size() ||
+                                     is_frame_id(tag, place + synchsafe, long_form));
+  const bool is_last = is_synchsafe && place + synchsafe < tag.size() &&
+                       tag[place + synchsafe] == '\0' &&
+                       !is_frame_id(tag, place + plain, long_form);
+  return fits || is_last ? std::optional(synchsafe) : std::nullopt;
+}
+
+/// Whether the genre frame at the front is long enough to take time out of proportion.
+bool is_long_genre_list(std::string_view frame, const FrameForm& form) {
+  constexpr size_t longest = 2048;
+  const size_t digits = form.header_size == short_form.header_size ? 3 : 4;
+  return frame.size() >= form.id_size + digits &&
+         number_at(frame, form.id_size, digits, 8) > longest;
+}
+
+}  // namespace
+
+bool is_id3v2_header(std::string_view block) {
+  return block.size() == header_size && block.starts_with("ID3");
+}
+
+bool id3v2_header_is_unusual(std::string_view header) {
+  return header[5] != 0;
+}
+
+bool id3v2_may_unfold(std::string_view header, std::string_view tag) {
+  constexpr std::string_view chapter_ids[] = {"CHAP", "CTOC"};
+  for (const std::string_view id : chapter_ids) {
+    if (tag.find(id) != std::string_view::npos) {
+      return true;
+    }
+  }
+  const FrameForm& form = form_of(header);
+  for (size_t i = tag.find(form.genre); i < tag.size(); i = tag.find(form.genre, i + 1)) {
+    if (is_long_genre_list(tag.substr(i), form)) {
+      return true;
+    }
+  }
+  for (size_t i = tag.find('\0', id_size); i < tag.size(); i = tag.find('\0', i + 1)) {
+    if (may_be_compressed(tag.substr(i - id_size))) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void remove_id3v2_pictures(std::string_view header, std::string& tag) {
+  const FrameForm& form = form_of(header);
+  std::string kept;
+  size_t place = 0;
+  while (is_frame_id(tag, place, form) && tag.size() - place >= form.header_size) {
+    const std::optional<size_t> size = frame_size(tag, place, version_of(header));
+    if (!size || *size > tag.size() - place) {
+      break;
+    }
+    if (!std::string_view(tag).substr(place).starts_with(form.picture)) {
+      kept.append(tag, place, *size);
+    }
+    place += *size;
+  }
+  if (kept.size() < place) {
+    kept.append(tag, place);
+    tag = std::move(kept);
+  }
+}
