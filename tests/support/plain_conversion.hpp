@@ -55,6 +55,10 @@ inline int64_t date_and_clock_of(const std::tm& base, uint64_t position) {
 
 /// For schedules whose unit begins with a time that clocks show.
 inline time_t plain_time_of(const Schedule& schedule, uint64_t position) {
+  constexpr uint64_t most_months = 1073741823;  // no year reaches so far
+  if (position / 2678400 > most_months) {
+    return -1;
+  }
   const time_t unit_start = schedule.unit_start;
   std::tm unit{};
   localtime_r(&unit_start, &unit);
