@@ -49,7 +49,12 @@ struct DefaultItems {
   std::array<std::string, default_slots> own;
   std::string rest;
 
-  const std::string& operator[](size_t day) const { return own[day].empty() ? rest : own[day]; }
+  const std::string& operator[](size_t day) const {
+    if (own[day].empty()) {
+      return rest;
+    }
+    return own[day];
+  }
 };
 
 /// By start.

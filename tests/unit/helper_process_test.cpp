@@ -21,8 +21,10 @@ constexpr auto a_while = std::chrono::milliseconds(300);
 std::string work(int fd, const std::string& question) {
   const size_t size = question.size() > 1 ? std::strtoul(question.c_str() + 1, nullptr, 10) : 0;
   switch (question.empty() ? 'e' : question.front()) {
-    case 'x':  // a text of that size
-      return std::string(size, 'x');
+    case 'x': {  // a text of that size
+      std::string text(size, 'x');
+      return text;
+    }
     case 'm': {  // takes that much memory
       const std::string large(size, 'm');
       return large.substr(size - 1);
