@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/clock.hpp"
@@ -120,11 +121,11 @@ GracenoteRow row_of(const std::string& path, const MetadataMap& metadata) {
   row.hosts = first_value(metadata, "hosts");
   row.guests = first_value(metadata, "guests");
   row.producers = first_value(metadata, "producers");
-  row.genre = find_value(metadata, "genre").value_or(row.genre);
+  row.genre = find_value(metadata, "genre").value_or(std::move(row.genre));
   row.hd = is_hd(metadata);
   row.cc = is_yes(first_value(metadata, "cc"));
   row.dvs = is_yes(first_value(metadata, "dvs"));
-  row.rating = find_value(metadata, "rating").value_or(row.rating);
+  row.rating = find_value(metadata, "rating").value_or(std::move(row.rating));
   return row;
 }
 

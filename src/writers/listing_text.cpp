@@ -41,7 +41,7 @@ void trim_blanks(std::string& text) {
   text = std::string(strip_blanks(text));
 }
 
-std::optional<std::string> find_value(const MetadataMap& metadata, const std::string& name) {
+std::optional<std::string> find_value(const MetadataMap& metadata, std::string_view name) {
   const auto found = metadata.find(name);
   return found != metadata.end() ? std::optional(found->second) : std::nullopt;
 }

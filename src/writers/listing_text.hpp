@@ -16,7 +16,7 @@ std::string csv_quote(std::string text);
 void trim_blanks(std::string& text);
 
 /// The value of a name, if the item has one; it may be empty.
-std::optional<std::string> find_value(const MetadataMap& metadata, const std::string& name);
+std::optional<std::string> find_value(const MetadataMap& metadata, std::string_view name);
 
 /// The value of the first of these names that the item has, else empty.
 template <typename... Names>

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
-/// An item's metadata by name, in ascending order of the names.
-using MetadataMap = std::map<std::string, std::string>;
+/// An item's metadata by name, in ascending order of the names; searched without making a text.
+using MetadataMap = std::map<std::string, std::string, std::less<>>;
 
 /// Collects entries in the order in which they are read.
 struct MetadataCollector {
