@@ -76,44 +76,49 @@ void allow_timer_signal() {
   sigprocmask(SIG_UNBLOCK, &timer_signal, nullptr);
 }
 
-/// Sends bytes, the first of them with the descriptor; whether all went out.
-bool send_with_descriptor(int socket, const void* bytes, size_t size, int fd) {
-  iovec part{const_cast<void*>(bytes), size};
+/// A message of some bytes, with room for a descriptor that goes with them.
+struct Message {
+  Message(void* bytes, size_t size) : part{bytes, size} {
+    header.msg_iov = &part;
+    header.msg_iovlen = 1;
+    header.msg_control = control.data();
+    header.msg_controllen = control.size();
+  }
+  Message(const Message&) = delete;
+  Message& operator=(const Message&) = delete;
+
+  iovec part;
   alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
-  msghdr message{};
-  message.msg_iov = &part;
-  message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
-  cmsghdr* head = CMSG_FIRSTHDR(&message);
-  head->cmsg_level = SOL_SOCKET;
-  head->cmsg_type = SCM_RIGHTS;
-  head->cmsg_len = CMSG_LEN(sizeof(int));
-  std::memcpy(CMSG_DATA(head), &fd, sizeof(fd));
+  msghdr header{};
+};
+
+/// Whether the head went out as a whole, and the descriptor with it.
+bool send_head(int socket, QuestionHead head, int fd) {
+  Message message(&head, sizeof(head));
+  cmsghdr* rights = CMSG_FIRSTHDR(&message.header);
+  rights->cmsg_level = SOL_SOCKET;
+  rights->cmsg_type = SCM_RIGHTS;
+  rights->cmsg_len = CMSG_LEN(sizeof(int));
+  std::memcpy(CMSG_DATA(rights), &fd, sizeof(fd));
   ssize_t count = 0;
   do {
-    count = sendmsg(socket, &message, MSG_NOSIGNAL);
+    count = sendmsg(socket, &message.header, MSG_NOSIGNAL);
   } while (count < 0 && errno == EINTR);
-  return count == static_cast<ssize_t>(size);
+  return count == static_cast<ssize_t>(sizeof(head));
 }
 
-/// The counterpart; not open when the other side is gone.
-FileDescriptor receive_with_descriptor(int socket, void* bytes, size_t size) {
-  iovec part{bytes, size};
-  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
-  msghdr message{};
-  message.msg_iov = &part;
-  message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
+/// The descriptor that comes with a head; not open when the other side is gone.
+FileDescriptor receive_head(int socket, QuestionHead& head) {
+  Message message(&head, sizeof(head));
   ssize_t count = 0;
   do {
-    count = recvmsg(socket, &message, MSG_CMSG_CLOEXEC | MSG_WAITALL);
+    count = recvmsg(socket, &message.header, MSG_CMSG_CLOEXEC | MSG_WAITALL);
   } while (count < 0 && errno == EINTR);
-  const cmsghdr* head = count == static_cast<ssize_t>(size) ? CMSG_FIRSTHDR(&message) : nullptr;
+  const bool is_whole = count == static_cast<ssize_t>(sizeof(head));
+  const cmsghdr* rights = is_whole ? CMSG_FIRSTHDR(&message.header) : nullptr;
   int fd = -1;
-  if (head != nullptr && head->cmsg_type == SCM_RIGHTS) {
-    std::memcpy(&fd, CMSG_DATA(head), sizeof(fd));
+  if (rights != nullptr && rights->cmsg_type == SCM_RIGHTS) {
+    std::memcpy(&fd, CMSG_DATA(rights), sizeof(fd));
   }
   return FileDescriptor(fd);
 }
@@ -160,7 +165,7 @@ std::optional<std::string> receive_answer(int socket) {
 /// Answers one question; false when there are no more.
 bool answer_next(int socket, HelperProcess::Work work) {
   QuestionHead head{};
-  const FileDescriptor file = receive_with_descriptor(socket, &head, sizeof(head));
+  const FileDescriptor file = receive_head(socket, head);
   std::string question(file.is_open() ? head.size : 0, '\0');
   if (!file.is_open() || read_fully(socket, question.data(), question.size()) != question.size() ||
       !limit_time(head.processor_time)) {
@@ -241,7 +246,7 @@ std::optional<std::string> HelperProcess::ask(int fd, const std::string& questio
 std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& question,
                                                    std::chrono::microseconds processor_time) {
   const QuestionHead head{question.size(), processor_time.count()};
-  if ((process_ < 0 && !start()) || !send_with_descriptor(socket_.get(), &head, sizeof(head), fd) ||
+  if ((process_ < 0 && !start()) || !send_head(socket_.get(), head, fd) ||
       !send_fully(socket_.get(), question)) {
     return std::nullopt;
   }
