@@ -81,6 +81,17 @@ TEST(Id3v2Tag, WhatIsNoWholePictureStays) {
   EXPECT_EQ(without_pictures(4, frame("APIC", "x") + cut_off), cut_off);
 }
 
+TEST(Id3v2Tag, NothingGoesFromATagThatAnyFlagChanges) {
+  for (const char flags : {'\x80', '\x40', '\x10'}) {
+    std::string unusual = header(3);
+    unusual[5] = flags;
+    const std::string whole = plain_frame("APIC", picture) + plain_frame("TIT2", title);
+    std::string tag = whole;
+    remove_id3v2_pictures(unusual, tag);
+    EXPECT_EQ(tag, whole);
+  }
+}
+
 TEST(Id3v2Tag, ASizeThatMayBeReadInTwoWaysEndsTheSearch) {
   // Written as in version 2.3, as some programs do; read by seven bits it ends amid the picture.
   const std::string tag = plain_frame("APIC", picture) + frame("TIT2", title);

@@ -125,6 +125,9 @@ bool id3v2_may_unfold(std::string_view header, std::string_view tag) {
 }
 
 void remove_id3v2_pictures(std::string_view header, std::string& tag) {
+  if (id3v2_header_is_unusual(header)) {
+    return;
+  }
   const FrameForm& form = form_of(header);
   std::string kept;
   size_t place = 0;

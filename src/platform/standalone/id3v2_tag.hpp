@@ -12,8 +12,8 @@ bool is_id3v2_header(std::string_view block);
 /// Whether the header announces a tag whose frames are not to be seen as they stand.
 bool id3v2_header_is_unusual(std::string_view header);
 
-/// Takes the pictures out of the tag behind the header. Where a frame's size may be read in two
-/// ways, it and what follows it stay.
+/// Takes the pictures out of the tag behind the header, if its frames stand there as they are.
+/// Where a frame's size may be read in two ways, it and what follows it stay.
 void remove_id3v2_pictures(std::string_view header, std::string& tag);
 
 /// Whether the tag behind the header may hold frames that unfold when they are read: compressed
