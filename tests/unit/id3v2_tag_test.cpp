@@ -96,6 +96,14 @@ TEST(Id3v2Tag, ASizeThatMayBeReadInTwoWaysEndsTheSearch) {
   // Written as in version 2.3, as some programs do; read by seven bits it ends amid the picture.
   const std::string tag = plain_frame("APIC", picture) + frame("TIT2", title);
   EXPECT_EQ(without_pictures(4, tag), tag);
+  // By seven bits this one has 172 bytes, and what stands there is neither a frame nor padding.
+  const std::string short_one = plain_frame("APIC", std::string(300, 'x')) + frame("TIT2", title);
+  EXPECT_EQ(without_pictures(4, short_one), short_one);
+  // A byte of more than seven bits makes it no such number, wherever that would lead.
+  const std::string amid = std::string(128, 'x') + "TIT2" + std::string(252, 'x');
+  EXPECT_EQ(without_pictures(4, plain_frame("APIC", amid)), plain_frame("APIC", amid));
+  const std::string blank = std::string(128, 'x') + std::string(256, '\0');
+  EXPECT_EQ(without_pictures(4, plain_frame("APIC", blank)), plain_frame("APIC", blank));
   // The last frame, with padding behind it that could be either's.
   const std::string last = frame("APIC", std::string(200, 'x')) + std::string(500, '\0');
   EXPECT_EQ(without_pictures(4, last), std::string(500, '\0'));

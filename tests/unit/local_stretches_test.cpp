@@ -1,0 +1,77 @@
+#include "platform/local_stretches.hpp"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace {
+
+constexpr int64_t hour = 3600;
+
+/// Clocks an hour ahead of UTC until 1000 hours, then an hour behind it: two hours come twice.
+constexpr std::array<LocalStretch, 2> put_back = {{
+    {0, 1000 * hour - 1, hour, hour, 0, "A"},
+    {1000 * hour, 2000 * hour, -hour, -hour, 0, "B"},
+}};
+
+/// From the second to the first: two hours are skipped.
+constexpr std::array<LocalStretch, 2> put_forward = {{
+    {0, 1000 * hour - 1, -hour, -hour, 0, "A"},
+    {1000 * hour, 2000 * hour, hour, hour, 0, "B"},
+}};
+
+TEST(LocalStretches, OfTwoTimesTheOneWithTheNearerOffsetCounts) {
+  constexpr int64_t twice = 1000 * hour;
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, hour), 999 * hour);
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, -hour), 1001 * hour);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, hour), 999 * hour);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, -hour), 1001 * hour);
+}
+
+TEST(LocalStretches, OfTwoTimesWithOffsetsAsNearTheEarlierCounts) {
+  constexpr int64_t twice = 1000 * hour;
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, 0), 999 * hour);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, 0), 999 * hour);
+}
+
+TEST(LocalStretches, TheFirstAndTheLastSecondThatComeTwiceDo) {
+  EXPECT_EQ(time_of_civil(put_back, 999 * hour - 1, 0, -hour), 998 * hour - 1);
+  EXPECT_EQ(time_of_civil(put_back, 999 * hour, 0, -hour), 1000 * hour);
+  EXPECT_EQ(time_of_civil(put_back, 1001 * hour - 1, 0, hour), 1000 * hour - 1);
+  EXPECT_EQ(time_of_civil(put_back, 1001 * hour, 0, hour), 1002 * hour);
+}
+
+TEST(LocalStretches, WhatIsSkippedHasNoTimeAndIsCountedOn) {
+  EXPECT_EQ(time_of_civil(put_forward, 999 * hour - 1, 0, 0), 1000 * hour - 1);
+  EXPECT_EQ(time_of_civil(put_forward, 999 * hour, 0, 0), std::nullopt);
+  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour - 1, 0, 0), std::nullopt);
+  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour, 0, 0), 1000 * hour);
+  EXPECT_EQ(normalised_time_of_civil(put_forward, 1000 * hour, 0), 1001 * hour);
+  EXPECT_EQ(normalised_time_of_civil(put_forward, -2 * hour, 0), std::nullopt);
+}
+
+TEST(LocalStretches, TheDaylightSavingStateComesBeforeTheOffset) {
+  std::array<LocalStretch, 2> summer = put_back;
+  summer[0].is_daylight_saving = 1;
+  EXPECT_EQ(time_of_civil(summer, 1000 * hour, 1, -hour), 999 * hour);
+  EXPECT_EQ(time_of_civil(summer, 1000 * hour, 0, hour), 1001 * hour);
+  EXPECT_EQ(time_of_civil(summer, 500 * hour, 0, -hour), 499 * hour);
+}
+
+TEST(LocalStretches, CivilSecondsCarryMonthsAndDays) {
+  std::tm tm{};
+  tm.tm_year = 70;
+  tm.tm_mday = 1;
+  EXPECT_EQ(civil_seconds(tm), 0);
+  tm.tm_mon = 14;  // March of 1971
+  tm.tm_mday = 32;
+  tm.tm_hour = 1;
+  tm.tm_min = 2;
+  tm.tm_sec = 3;
+  EXPECT_EQ(civil_seconds(tm), (365 + 31 + 28 + 31) * 24 * hour + hour + 123);
+  tm.tm_mon = -1;  // December of 1969
+  tm.tm_mday = 31;
+  EXPECT_EQ(civil_seconds(tm), -24 * hour + hour + 123);
+}
+
+}  // namespace
