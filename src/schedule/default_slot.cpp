@@ -26,12 +26,12 @@ std::optional<int> slot_in(std::optional<long> number, int first, int last) {
                                                        : std::nullopt;
 }
 
-/// A day that is counted from 1. The slots of the longest unit are accepted in every type.
+/// A day that is counted from 1, with a digit directly behind the letters. The slots of the longest
+/// unit are accepted in every type.
 std::optional<int> counted_slot(const char* key, std::string_view letters) {
-  const bool has_digit =
-      std::string_view(key).size() > letters.size() && is_digit(key[letters.size()]);
-  const std::optional<int> number = slot_in(take_number(key, letters), 1, default_slots);
-  return has_digit && number ? std::optional(*number - 1) : std::nullopt;
+  const char* rest = key;
+  const std::optional<int> number = slot_in(take_number(rest, letters), 1, default_slots);
+  return number && is_digit(key[letters.size()]) ? std::optional(*number - 1) : std::nullopt;
 }
 
 std::optional<int> day_of_year_slot(const char* key) {
