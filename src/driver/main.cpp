@@ -10,25 +10,30 @@
 #include "driver/patch_subschedules.hpp"
 #include "driver/print_document.hpp"
 #include "driver/report_error.hpp"
+#include "driver/report_limits.hpp"
 #include "driver/report_window.hpp"
+#include "platform/activity.hpp"
 #include "platform/calendar.hpp"
 #include "platform/output.hpp"
 #include "platform/run_limits.hpp"
 #include "schedule/block_announce.hpp"
+#include "schedule/run_options.hpp"
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
-  report_lack_of_memory();
-  limit_run();
+  report_failures();
+  limit_memory();
   if (!parse_options(argc, argv)) {
     return EXIT_FAILURE;
   }
+  report_limits();
   if (!settle_local_zone()) {
     report_errorf("Unable to read the time zone: %s", std::strerror(errno));
   }
   if (!locate_schedule()) {
     return EXIT_FAILURE;
   }
+  const Activity activity("working on", run_options.schedule_path.c_str());
   Schedule schedule;
   load_schedule(schedule);
   merge_play_log(schedule);

@@ -1,6 +1,7 @@
 #include "driver/merge_play_log.hpp"
 
 #include "metadata/play_log.hpp"
+#include "platform/activity.hpp"
 #include "platform/metadata_context.hpp"
 #include "schedule/run_options.hpp"
 
@@ -32,6 +33,7 @@ PlayLog read_play_log_of(Schedule& schedule) {
 }  // namespace
 
 void merge_play_log(Schedule& schedule) {
+  const Activity activity("reading the play log of");
   const PlayLog play_log = read_play_log_of(schedule);
   for (const auto& [timestamp, entry] : play_log) {
     ScheduleItem& item = *item_at(schedule, timestamp);

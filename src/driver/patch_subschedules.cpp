@@ -11,8 +11,9 @@ constexpr int most_levels = 10;
 }  // namespace
 
 void patch_all_subschedules(Schedule& schedule) {
+  PreparedSubschedules subschedules;
   for (int level = 0; level < most_levels; ++level) {
-    if (!patch_in_subschedules(schedule)) {
+    if (!patch_in_subschedules(schedule, subschedules)) {
       return;
     }
   }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/activity.hpp"
 #include "platform/metadata_context.hpp"
 
 namespace {
@@ -81,6 +82,7 @@ void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*
   if (item.is_block) {
     return;
   }
+  const Activity activity("reading the metadata of", path);
   context = metadata_v4_context_create();
   if (!bind_context(context, path)) {
     return;

@@ -131,7 +131,7 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
   if (context == nullptr || context->directory < 0) {
     return;
   }
-  FileDescriptor opened = open_regular_file(context->directory, file_name);
+  FileDescriptor opened = open_optional_file(context->directory, file_name);
   if (!opened.is_open()) {
     return;
   }

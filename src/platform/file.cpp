@@ -5,7 +5,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string>
 #include <utility>
+
+#include "platform/run_failure.hpp"
 
 namespace {
 
@@ -51,8 +54,11 @@ void FileDescriptor::reset(int fd) {
 FileDescriptor open_regular_file(int directory, const char* path, Links links) {
   const bool follows = links == Links::followed;
   struct stat status {};
-  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0 ||
-      !S_ISREG(status.st_mode)) {
+  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0) {
+    return FileDescriptor();
+  }
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
     return FileDescriptor();
   }
   constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
@@ -60,6 +66,15 @@ FileDescriptor open_regular_file(int directory, const char* path, Links links) {
   // Something else may have taken the file's place since.
   if (file.is_open() && (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) {
     file.reset();
+    errno = EINVAL;
+  }
+  return file;
+}
+
+FileDescriptor open_optional_file(int directory, const char* path) {
+  FileDescriptor file = open_regular_file(directory, path);
+  if (!file.is_open()) {
+    fail_run_if_short(std::string("open ") + path);
   }
   return file;
 }

@@ -27,8 +27,12 @@ enum class Links { followed, refused };
 
 /// Opens a regular file for reading, by its path relative to a directory handle (or AT_FDCWD). What
 /// is no regular file is not opened, as opening alone may wait or set a device going. Not open on
-/// failure.
+/// failure, with errno set.
 FileDescriptor open_regular_file(int directory, const char* path, Links links = Links::followed);
+
+/// The same for a file that the run can do without. Where it is only the machine that lacks what it
+/// takes to open the file, the run fails (run_failure.hpp).
+FileDescriptor open_optional_file(int directory, const char* path);
 
 // Each of these goes on after an interruption, and fails with errno set.
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <new>
 
-#ifndef __SANITIZE_ADDRESS__  // which brings its own
+#ifndef NV8X_ADDRESS_SANITIZER  // which brings its own
 
 extern "C" {
 

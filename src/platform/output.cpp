@@ -10,16 +10,20 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "platform/file.hpp"
 
 namespace {
 
 constexpr size_t large_text = 64 * 1024;
+constexpr size_t most_held_back = 64 * 1024 * 1024;
 
 std::array<char, large_text> buffer;
 size_t buffered = 0;
-bool is_begun = false;
+std::string held_back;
+bool holds_back = false;
+volatile std::sig_atomic_t is_begun = 0;
 
 [[noreturn]] void fail_output(int error) {
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
@@ -31,7 +35,7 @@ void write_out(std::string_view text) {
   if (text.empty()) {
     return;
   }
-  is_begun = true;
+  is_begun = 1;
   if (!write_fully(STDOUT_FILENO, text)) {
     fail_output(errno);
   }
@@ -53,9 +57,23 @@ void prepare_standard_streams() {
     }
   }
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void hold_output_back() {
+  holds_back = true;
 }
 
 void print_output(std::string_view text) {
+  if (holds_back) {
+    if (text.size() <= most_held_back - held_back.size()) {
+      held_back += text;
+      return;
+    }
+    holds_back = false;
+    write_out(held_back);
+    std::string().swap(held_back);
+  }
   if (text.size() > buffer.size() - buffered) {
     write_out_buffer();
   }
@@ -79,10 +97,10 @@ void write_output_when_large(std::string& text) {
 }
 
 void finish_output() {
+  write_out(held_back);
   write_out_buffer();
 }
 
-bool take_back_output() {
-  buffered = 0;
-  return !is_begun;
+bool is_output_begun() {
+  return is_begun != 0;
 }

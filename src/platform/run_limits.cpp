@@ -1,30 +1,48 @@
 #include "platform/run_limits.hpp"
 
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <csignal>
+#include <ctime>
 
 namespace {
 
-constexpr rlim_t most_data = 4UL * 1024 * 1024 * 1024;  // bytes
-constexpr rlim_t most_cpu = 600;                        // seconds
-
-template <typename Resource>
-void lower_limit(Resource resource, rlim_t most) {
-  rlimit limit{};
-  if (getrlimit(resource, &limit) == 0) {
-    limit.rlim_cur = std::min(limit.rlim_cur, most);
-    setrlimit(resource, &limit);
+/// Sends SIGXCPU shortly before the run has taken that many seconds.
+void set_alarm_before(rlim_t seconds) {
+  constexpr long most_of_a_second = 950000000;  // nanoseconds
+  sigevent event{};
+  event.sigev_notify = SIGEV_SIGNAL;
+  event.sigev_signo = SIGXCPU;
+  timer_t timer{};
+  if (timer_create(CLOCK_PROCESS_CPUTIME_ID, &event, &timer) == 0) {
+    itimerspec time{};
+    time.it_value.tv_sec = static_cast<time_t>(std::max<rlim_t>(seconds, 1) - 1);
+    time.it_value.tv_nsec = most_of_a_second;
+    timer_settime(timer, 0, &time, nullptr);
   }
 }
 
 }  // namespace
 
-void limit_run() {
-  std::signal(SIGXCPU, SIG_DFL);  // whatever the parent made of it
-  lower_limit(RLIMIT_CPU, most_cpu);
-#ifndef __SANITIZE_ADDRESS__  // the sanitizer claims terabytes that it does not use
-  lower_limit(RLIMIT_DATA, most_data);
+void limit_memory() {
+#ifndef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
+  constexpr rlim_t most_data = 4UL * 1024 * 1024 * 1024;
+  rlimit limit{};
+  if (getrlimit(RLIMIT_DATA, &limit) == 0) {
+    limit.rlim_cur = std::min(limit.rlim_cur, most_data);
+    setrlimit(RLIMIT_DATA, &limit);
+  }
 #endif
+}
+
+rlim_t limit_processor_time(rlim_t seconds) {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_CPU, &limit) != 0) {
+    return seconds;
+  }
+  limit.rlim_cur = std::min(limit.rlim_cur, seconds);
+  setrlimit(RLIMIT_CPU, &limit);
+  if (limit.rlim_max <= limit.rlim_cur) {
+    set_alarm_before(limit.rlim_max);
+  }
+  return limit.rlim_cur;
 }

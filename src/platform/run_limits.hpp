@@ -1,6 +1,12 @@
 #pragma once
 
-/// Sets what a run may cost at most, whatever it is given to read: 4 GiB of data in memory and ten
-/// minutes of processor time, or less where the system already grants less. Memory is then refused
-/// and the signal of the limit on processor time ends the run.
-void limit_run();
+#include <sys/resource.h>
+
+/// Lets the run take 4 GiB of data in memory at most, whatever it is given to read, or less where
+/// the system already grants less. More is refused.
+void limit_memory();
+
+/// Lets the run take that many seconds of processor time, or fewer where the system grants fewer;
+/// then comes SIGXCPU, also before the system would kill the run without a word. The limit that
+/// holds.
+rlim_t limit_processor_time(rlim_t seconds);

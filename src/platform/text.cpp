@@ -1,6 +1,7 @@
 #include "platform/text.hpp"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace {
 
@@ -17,6 +18,16 @@ std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
 }
 
 }  // namespace
+
+std::string format_text(const char* format, std::va_list arguments) {
+  std::va_list again;
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(nullptr, 0, format, again);
+  va_end(again);
+  std::string text(length > 0 ? static_cast<size_t>(length) : 0, '\0');
+  std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+  return text;
+}
 
 std::string lower_case(std::string_view text) {
   std::string lower(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdarg>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +36,9 @@ constexpr char to_lower(char c) {
 constexpr char to_upper(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
+
+/// What vprintf would print.
+[[gnu::format(printf, 1, 0)]] std::string format_text(const char* format, std::va_list arguments);
 
 std::string lower_case(std::string_view text);
 std::string upper_case(std::string_view text);

@@ -1,8 +1,10 @@
 #include "schedule/block_announce.hpp"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
+#include "platform/activity.hpp"
 #include "platform/invariant.hpp"
 
 namespace {
@@ -24,25 +26,30 @@ Items::iterator item_at_or_before(Items& items, uint64_t start) {
 }
 
 /// Whether a programme, not a filler, begins or ends inside the block. One that runs through the
-/// whole block does not count.
-bool holds_programme(Items& items, const ScheduleBlock& block) {
-  for (auto sit = item_at_or_before(items, block.start);
-       sit != items.end() && sit->first < block.end; ++sit) {
-    const ScheduleItem& item = sit->second;
-    const bool begins_inside = block.start <= item.start && item.start < block.end;
-    const bool ends_inside = block.start < item.end && item.end <= block.end;
-    if (!item.is_default && (begins_inside || ends_inside)) {
-      return true;
-    }
+/// whole block does not count. Blocks come by their start: all items from the last one's start up
+/// to `fillers_end` are fillers, and are not gone through again for a block that overlaps it.
+bool holds_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
+  const auto first = item_at_or_before(items, block.start);
+  const ScheduleItem& item = first->second;
+  if (item.start < block.start && !item.is_default && block.start < item.end &&
+      item.end <= block.end) {
+    return true;
   }
-  return false;
+  fillers_end = std::max(fillers_end, block.start);
+  auto sit = items.lower_bound(fillers_end);
+  while (sit != items.end() && sit->first < block.end && sit->second.is_default) {
+    ++sit;
+  }
+  const bool is_found = sit != items.end() && sit->first < block.end;
+  fillers_end = std::max(fillers_end, is_found ? sit->first : block.end);
+  return is_found;
 }
 
-bool is_announced_as_one(Items& items, const ScheduleBlock& block) {
+bool is_announced_as_one(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
   if (block.announce == "items") {
     return false;
   }
-  return block.announce == "block" || !holds_programme(items, block);
+  return block.announce == "block" || !holds_programme(items, block, fillers_end);
 }
 
 /// Keeps of an item that runs past the block's end what lies behind it.
@@ -93,10 +100,12 @@ void substitute(Items& items, const ScheduleBlock& block) {
 }  // namespace
 
 bool block_announce_subst(Schedule& schedule) {
+  const Activity activity("announcing the blocks of");
+  uint64_t fillers_end = 0;
   for (const auto& [start, block] : schedule.blocks) {
     const bool has_time = as_signed(block.start) >= 0 && as_signed(block.end) >= 0 &&
                           as_signed(block.start) < as_signed(block.end);
-    if (has_time && is_announced_as_one(schedule.schedule, block)) {
+    if (has_time && is_announced_as_one(schedule.schedule, block, fillers_end)) {
       substitute(schedule.schedule, block);
     }
   }

@@ -1,9 +1,10 @@
 #include "schedule/repair.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 
+#include "platform/activity.hpp"
+#include "platform/diagnostics.hpp"
 #include "platform/invariant.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/watchdog.hpp"
@@ -31,8 +32,8 @@ uint64_t skip_item(const ScheduleItem& item, uint64_t cursor) {
     return item.end;
   }
   if (run_options.debug_patch) {
-    std::fprintf(stderr, "  warning: start greater than end %lu-%lu, item range %lu-%lu: %s\n",
-                 cursor, item.end, item.start, item.end, item.item.c_str());
+    print_diagnostic("  warning: start greater than end %lu-%lu, item range %lu-%lu: %s\n", cursor,
+                     item.end, item.start, item.end, item.item.c_str());
   }
   return std::max(cursor, item.end + 1);
 }
@@ -57,8 +58,8 @@ void remove_reversed_items(Schedule& schedule) {
       continue;
     }
     if (run_options.debug_patch) {
-      std::fprintf(stderr, "WARNING: item %s\n", item.item.c_str());
-      std::fprintf(stderr, "       start > end (%lu > %lu)\n", item.start, item.end);
+      print_diagnostic("WARNING: item %s\n", item.item.c_str());
+      print_diagnostic("       start > end (%lu > %lu)\n", item.start, item.end);
     }
     it = schedule.schedule.erase(it);
   }
@@ -75,7 +76,7 @@ bool fix_schedule_file(Schedule& schedule) {
     INVARIANT(next->second.start == next->first,
               "(unsigned long long)next->start == (unsigned long long)scin->first");
     if (as_signed(next->second.start) < as_signed(current->second.end)) {
-      std::fprintf(stderr, "Clipping overlapping item\n");
+      print_diagnostic("Clipping overlapping item\n");
       current->second.end = next->second.start;
     }
   }
@@ -84,8 +85,9 @@ bool fix_schedule_file(Schedule& schedule) {
 
 bool patch_schedule_default_items(Schedule& schedule) {
   if (run_options.debug_patch) {
-    std::fprintf(stderr, "Patching default items into 0-%lu\n", schedule.unit_length);
+    print_diagnostic("Patching default items into 0-%lu\n", schedule.unit_length);
   }
+  const Activity activity("filling gaps of");
   arm_watchdog();
   uint64_t cursor = 0;
   auto next = schedule.schedule.begin();
@@ -107,7 +109,7 @@ bool patch_schedule_default_items(Schedule& schedule) {
       run_end = std::min(run_end, item.start);
     }
     if (run_options.debug_patch) {
-      std::fprintf(stderr, "  consideration: %lu-%lu\n", cursor, run_end);
+      print_diagnostic("  consideration: %lu-%lu\n", cursor, run_end);
     }
     if (run_end > cursor) {
       patch_gap(schedule, next, cursor, run_end);

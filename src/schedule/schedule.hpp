@@ -1,9 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/schedule_types.hpp"
 
@@ -43,17 +44,18 @@ struct ScheduleBlock {
 };
 
 /// The default item of each day of the unit, by its number. A day without one of its own reads as
-/// the rest does: filling in what few units have days for would cost a short run a tenth of its
-/// time.
+/// the rest does; until a day is given one there is no room for any, as few schedules need it.
 struct DefaultItems {
-  std::array<std::string, default_slots> own;
+  std::vector<std::string> own;
   std::string rest;
 
   const std::string& operator[](size_t day) const {
-    if (own[day].empty()) {
-      return rest;
-    }
-    return own[day];
+    return own.empty() || own[day].empty() ? rest : own[day];
+  }
+
+  void set(size_t day, std::string_view item) {
+    own.resize(default_slots);
+    own[day] = item;
   }
 };
 

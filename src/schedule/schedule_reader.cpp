@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -11,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/activity.hpp"
+#include "platform/diagnostics.hpp"
 #include "platform/line_reader.hpp"
 #include "platform/parse_time.hpp"
 #include "platform/schedule_lines.hpp"
@@ -90,7 +91,7 @@ void read_defaults_section(Schedule& schedule, LineReader& file, std::string_vie
     }
     // The schedule's type gives the form of the keys, even in a section of another type.
     if (const std::optional<int> slot = default_slot_of_key(schedule.type, entry->name)) {
-      schedule.defaults.own[static_cast<size_t>(*slot)] = entry->value;
+      schedule.defaults.set(static_cast<size_t>(*slot), entry->value);
     }
   });
 }
@@ -148,8 +149,8 @@ void read_item_section(Schedule& schedule, LineReader& file) {
 }
 
 void skip_section(LineReader& file, std::string_view name) {
-  std::fprintf(stderr, "WARNING: Unknown section '%.*s' in schedule file\n",
-               static_cast<int>(name.size()), name.data());
+  print_diagnostic("WARNING: Unknown section '%.*s' in schedule file\n",
+                   static_cast<int>(name.size()), name.data());
   read_nested_section(file, [](std::string_view) {});
 }
 
@@ -189,12 +190,11 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
   if (!opened.is_open()) {
     return false;
   }
+  const Activity activity("reading", path);
   LineReader file(std::move(opened), longest_schedule_line);
   schedule.schedule.clear();
   schedule.type.clear();
-  for (std::string& item : schedule.defaults.own) {
-    item.clear();
-  }
+  schedule.defaults.own.clear();
   std::string_view text;
   while (read_line(file, text)) {
     const ScheduleLine line = classify_schedule_line(text);
@@ -213,8 +213,8 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
     }
   }
   if (file.error() != 0) {
-    std::fprintf(stderr, "WARNING: Schedule file %s, cannot be read further, %s\n", path,
-                 std::strerror(file.error()));
+    print_diagnostic("WARNING: Schedule file %s, cannot be read further, %s\n", path,
+                     std::strerror(file.error()));
   }
   complete(schedule);
   return true;

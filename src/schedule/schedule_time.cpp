@@ -68,17 +68,18 @@ time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seco
 }
 
 UnitClock::UnitClock(const Schedule& schedule) : schedule_(schedule) {
-  const time_t unit_start = schedule.unit_start;
-  has_base_ = localtime_r(&unit_start, &base_) != nullptr;
-  unit_offset_ = base_.tm_gmtoff;
-  if (has_base_ && schedule.type == "endless") {
-    const std::optional<time_t> first = endless_base(unit_offset_);
-    has_base_ = first && localtime_r(&*first, &base_) != nullptr;
+  beginning_.time = schedule.unit_start;
+  beginning_.exists = localtime_r(&beginning_.time, &base_) != nullptr;
+  beginning_.unit_offset = base_.tm_gmtoff;
+  if (beginning_.exists && schedule.type == "endless") {
+    const std::optional<time_t> first = endless_base(beginning_.unit_offset);
+    beginning_.time = first.value_or(0);
+    beginning_.exists = first && localtime_r(&*first, &base_) != nullptr;
   }
 }
 
 time_t UnitClock::time_of(uint64_t schedule_seconds) {
-  if (!has_base_) {
+  if (!beginning_.exists) {
     return 0;
   }
   const uint64_t day_number = schedule_seconds / seconds_per_day;
@@ -114,5 +115,5 @@ UnitClock::Day UnitClock::look_at_day(uint64_t day_number) const {
 
 time_t UnitClock::time_on(const Day& day, uint64_t second_of_day) const {
   const int64_t civil = day.civil + static_cast<int64_t>(second_of_day);
-  return time_of_civil(day.stretches, civil, base_.tm_isdst, unit_offset_).value_or(-1);
+  return time_of_civil(day.stretches, civil, base_.tm_isdst, beginning_.unit_offset).value_or(-1);
 }

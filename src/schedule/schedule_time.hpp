@@ -41,7 +41,16 @@ class UnitClock {
   const std::tm* breakdown(time_t t) { return local_.breakdown(t); }
 
   /// Seconds east of UTC at the unit's start.
-  long unit_offset() const { return unit_offset_; }
+  long unit_offset() const { return beginning_.unit_offset; }
+
+  /// What the times of positions depend on, beside the zone.
+  struct Beginning {
+    time_t time = 0;       ///< of position 0
+    bool exists = false;   ///< whether that has a local time
+    long unit_offset = 0;  ///< seconds
+    bool operator==(const Beginning&) const = default;
+  };
+  const Beginning& beginning() const { return beginning_; }
 
  private:
   /// A day of the padded calendar.
@@ -54,9 +63,8 @@ class UnitClock {
   time_t time_on(const Day& day, uint64_t second_of_day) const;
 
   const Schedule& schedule_;
-  std::tm base_{};         ///< local time of position 0
-  bool has_base_ = false;  ///< whether it has one
-  long unit_offset_ = 0;
+  Beginning beginning_;
+  std::tm base_{};  ///< local time of position 0
   LocalClock local_;
   std::vector<Day> days_;
 };

@@ -1,19 +1,17 @@
 #include "schedule/subschedules.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
+#include "platform/activity.hpp"
+#include "platform/diagnostics.hpp"
 #include "platform/metadata_context.hpp"
 #include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
 #include "schedule/run_options.hpp"
-#include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
@@ -36,6 +34,7 @@ std::string file_type_in(metadata_v4_metadata_context* set) {
 }
 
 std::string file_type_of(const std::string& path) {
+  const Activity activity("reading the metadata of", path.c_str());
   std::string file_type;
   metadata_v4_context* context = metadata_v4_context_create();
   if (bind_context(context, path.c_str())) {
@@ -62,34 +61,6 @@ bool is_schedule_file(const std::string& path, KnownPaths& known_paths) {
   return is_schedule;
 }
 
-/// Makes the record of the last subschedule a fresh one. Its thousands of default items keep their
-/// storage for the next: a week may hand hundreds of items to one schedule.
-void forget(Schedule& subschedule) {
-  subschedule.blocks.clear();
-  subschedule.global_default.clear();
-  subschedule.unit_days = 0;
-  subschedule.unit_length = 0;
-}
-
-/// Reads and completes a subschedule. Its own blocks are never announced; instead, those of the
-/// outer schedule are looked at once more, as what an earlier subschedule brought may have
-/// changed what they hold.
-bool prepare(Schedule& subschedule, const char* path, Schedule& outer) {
-  forget(subschedule);
-  if (!read_schedule_file(subschedule, path)) {
-    return false;
-  }
-  remove_reversed_items(subschedule);
-  if (!fix_schedule_file(subschedule)) {
-    return false;
-  }
-  if (!patch_schedule_default_items(subschedule)) {
-    return false;
-  }
-  block_announce_subst(outer);
-  return true;
-}
-
 /// The length of the outer schedule's unit, by its type.
 uint64_t unit_length_of(const Schedule& schedule) {
   const ScheduleType* type = find_schedule_type(schedule.type);
@@ -102,25 +73,57 @@ uint64_t position_in_outer(UnitClock& outer, UnitClock& subschedule, uint64_t po
   return t == -1 ? no_time : outer.schedule_seconds_of(t);
 }
 
-/// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
-void copy_items(Schedule& outer, UnitClock& outer_clock, const Schedule& subschedule,
-                uint64_t begin, uint64_t end, uint64_t round_end) {
-  UnitClock subschedule_clock(subschedule);
+Placements place_items(const Schedule& subschedule, UnitClock& clock, const Schedule& outer,
+                       UnitClock& outer_clock) {
+  Placements placements{clock.beginning(), {}, {}, {}};
+  uint64_t latest_end = 0;
   for (const auto& [start, item] : subschedule.schedule) {
-    const uint64_t a = position_in_outer(outer_clock, subschedule_clock, item.start);
-    uint64_t b = position_in_outer(outer_clock, subschedule_clock, item.end);
+    const uint64_t a = position_in_outer(outer_clock, clock, item.start);
+    uint64_t b = position_in_outer(outer_clock, clock, item.end);
     if (a == no_time || b == no_time) {
       continue;
     }
     if (a > b) {
       b += unit_length_of(outer);  // it runs past the end of the outer unit
     }
-    const uint64_t from = std::max(a, begin);
-    const uint64_t to = std::min({end, round_end, b});
-    if (round_end <= a || b <= begin || from >= to) {
+    placements.in_order.push_back({&item, a, b});
+    latest_end = std::max(latest_end, b);
+    placements.latest_ends.push_back(latest_end);
+  }
+  placements.first_starts.resize(placements.in_order.size());
+  uint64_t first_start = no_time;
+  for (size_t i = placements.in_order.size(); i-- > 0;) {
+    first_start = std::min(first_start, placements.in_order[i].start);
+    placements.first_starts[i] = first_start;
+  }
+  return placements;
+}
+
+/// Those of the subschedule's current unit. They are worked out anew when it is another unit.
+const Placements& placements_of(PreparedSubschedule& prepared, const Schedule& outer,
+                                UnitClock& outer_clock) {
+  UnitClock clock(prepared.schedule);
+  if (!prepared.placements || prepared.placements->beginning != clock.beginning()) {
+    prepared.placements = place_items(prepared.schedule, clock, outer, outer_clock);
+  }
+  return *prepared.placements;
+}
+
+/// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
+/// Where the outer unit is the shorter one, placements run through it again and again.
+void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end) {
+  const auto& [beginning, in_order, latest_ends, first_starts] = placements;
+  // Only those between have a chance: all before end too early, all behind start too late.
+  const auto first = std::ranges::upper_bound(latest_ends, begin) - latest_ends.begin();
+  const auto last = std::ranges::lower_bound(first_starts, end) - first_starts.begin();
+  for (auto index = first; index < last; ++index) {
+    const Placement& placement = in_order[static_cast<size_t>(index)];
+    const uint64_t from = std::max(placement.start, begin);
+    const uint64_t to = std::min(placement.end, end);
+    if (from >= to) {
       continue;
     }
-    ScheduleItem copy = item;
+    ScheduleItem copy = *placement.item;
     copy.start = from;
     copy.end = to;
     outer.schedule.insert_or_assign(from, std::move(copy));
@@ -128,8 +131,9 @@ void copy_items(Schedule& outer, UnitClock& outer_clock, const Schedule& subsche
 }
 
 /// Fills the span of an item that has been taken out, one unit of the subschedule after the other.
-void fill_span(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule,
+void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& prepared,
                const ScheduleItem& item) {
+  Schedule& subschedule = prepared.schedule;
   uint64_t position = item.start;
   while (position < item.end) {
     const time_t t = outer_clock.time_of(position);
@@ -139,32 +143,38 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule,
     // The round ends with the last second of the subschedule's unit, not behind it.
     uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
     if (round_end <= position) {
-      std::fprintf(stderr, "WARNING: schedule wraparound.\n");
+      print_diagnostic("WARNING: schedule wraparound.\n");
       const uint64_t unit_length = unit_length_of(outer);
       if (unit_length == 0) {
         std::abort();
       }
       round_end += unit_length;
       if (round_end <= position) {
-        std::fprintf(stderr, "Um, even after correction\n");
+        print_diagnostic("Um, even after correction\n");
         return;
       }
     }
-    copy_items(outer, outer_clock, subschedule, position, item.end, round_end);
+    copy_items(outer, placements_of(prepared, outer, outer_clock), position,
+               std::min(item.end, round_end));
     position = round_end;
   }
 }
 
-/// Replaces the item with that key by what the schedule in its file airs. `subschedule` is a record
-/// to work in, and `resume_at` becomes the position at which to go on with the walk. False, with
-/// the item in its place, when that schedule cannot be prepared.
-bool patch_in(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule, uint64_t key,
-              uint64_t& resume_at) {
+/// Replaces the item with that key by what the schedule in its file airs; `resume_at` becomes the
+/// position at which to go on with the walk. False, with the item in its place, when that schedule
+/// cannot be prepared.
+bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& subschedules,
+              uint64_t key, uint64_t& resume_at) {
   const std::string path = outer.schedule.at(key).item;
+  const Activity activity("patching in", path.c_str());
   resume_at = key + 1;
-  if (!prepare(subschedule, path.c_str(), outer)) {
+  PreparedSubschedule* prepared = subschedules.prepared(path);
+  if (prepared == nullptr) {
     return false;
   }
+  // The blocks of a subschedule are never announced; instead, those of the outer schedule are
+  // looked at once more, as what an earlier subschedule brought may have changed what they hold.
+  block_announce_subst(outer);
   // Announcing a block may have taken the item away, or put the block into its place.
   const auto found = outer.schedule.find(key);
   if (found == outer.schedule.end() || found->second.item != path) {
@@ -173,20 +183,20 @@ bool patch_in(Schedule& outer, UnitClock& outer_clock, Schedule& subschedule, ui
   }
   const ScheduleItem item = std::move(found->second);
   outer.schedule.erase(found);
-  fill_span(outer, outer_clock, subschedule, item);
+  fill_span(outer, outer_clock, *prepared, item);
   resume_at = item.end;
   return true;
 }
 
 }  // namespace
 
-bool patch_in_subschedules(Schedule& schedule) {
+bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules) {
   if (run_options.debug_patch) {
-    std::fprintf(stderr, "patching in subschedules\n");
+    print_diagnostic("patching in subschedules\n");
   }
+  const Activity activity("looking for subschedules in");
   arm_watchdog();
   UnitClock clock(schedule);
-  std::unique_ptr<Schedule> subschedule;  // most schedules need none
   KnownPaths known_paths;
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
@@ -196,10 +206,7 @@ bool patch_in_subschedules(Schedule& schedule) {
     }
     // Only keys last: what is patched in and the blocks around it move the items.
     uint64_t resume_at = 0;
-    if (!subschedule) {
-      subschedule = std::make_unique<Schedule>();
-    }
-    is_patched = patch_in(schedule, clock, *subschedule, it->first, resume_at) || is_patched;
+    is_patched = patch_in(schedule, clock, subschedules, it->first, resume_at) || is_patched;
     it = schedule.schedule.lower_bound(resume_at);
   }
   cancel_watchdog();

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "schedule/prepared_subschedules.hpp"
 #include "schedule/schedule.hpp"
 
 /// Replaces each item whose file is itself a schedule by what that schedule airs within the item's
 /// span, one level deep; the rest of what it names is a matter of the next call. True when there
 /// was such an item. Arms the watchdog, and cancels it at the end.
-bool patch_in_subschedules(Schedule& schedule);
+bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules);

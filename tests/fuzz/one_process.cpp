@@ -13,6 +13,9 @@ std::string printed;
 void prepare_standard_streams() {
 }
 
+void hold_output_back() {
+}
+
 void print_output(std::string_view text) {
   printed += text;
 }
@@ -27,6 +30,10 @@ void write_output_when_large(std::string& text) {
 }
 
 void finish_output() {
+}
+
+bool is_output_begun() {
+  return false;
 }
 
 void report_error(const char* message) {

@@ -143,7 +143,7 @@ bool read_corrupted(const std::string& path, size_t step) {
   const long memory = peak_memory() - memory_before;
   std::printf("%s: %ld readings, the longest took %.3f s, %ld KiB more memory\n", name.c_str(),
               totals.readings, totals.longest, memory);
-#ifdef __SANITIZE_ADDRESS__
+#ifdef NV8X_ADDRESS_SANITIZER
   const bool is_small = true;  // the sanitizer keeps what was freed
 #else
   const bool is_small = memory <= most_memory;

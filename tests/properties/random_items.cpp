@@ -62,8 +62,8 @@ std::unique_ptr<Schedule> random_frame(Random& random) {
   schedule->unit_length = type.unit_length;
   const bool is_uniform = random.chance(30);
   const std::string uniform = random_default(random);
-  for (std::string& item : schedule->defaults.own) {
-    item = is_uniform ? uniform : random_default(random);
+  for (size_t day = 0; day < default_slots; ++day) {
+    schedule->defaults.set(day, is_uniform ? uniform : random_default(random));
   }
   return schedule;
 }

@@ -7,12 +7,14 @@
 #include <memory>
 
 #include "properties/local_times.hpp"
+#include "properties/plain_subschedules.hpp"
 #include "properties/quiet.hpp"
 #include "properties/random_items.hpp"
 #include "properties/repair_checks.hpp"
 #include "properties/scratch_folder.hpp"
 #include "properties/seeds.hpp"
 #include "schedule/block_announce.hpp"
+#include "schedule/run_options.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/unit_times.hpp"
 #include "support/zone.hpp"
@@ -100,9 +102,10 @@ std::string complaint_about_surroundings(const Schedule& before, const Schedule&
 /// Patches in until nothing changes, as often as the driver does.
 std::string complaint_about_patching(Schedule& outer) {
   const KeptErrors errors;
+  PreparedSubschedules subschedules;
   for (int level = 0; level < 10; ++level) {
     const auto before = std::make_unique<Schedule>(outer);
-    const bool is_patched = patch_in_subschedules(outer);
+    const bool is_patched = patch_in_subschedules(outer, subschedules);
     std::string complaint = complaint_about_keys(outer);
     if (complaint.empty() && outer.blocks.empty()) {
       complaint = complaint_about_surroundings(*before, outer);
@@ -139,6 +142,69 @@ TEST(SubscheduleProperties, PatchedItemsStayInTheirSpanAndTheOthersAsTheyAre) {
     }
     const std::string complaint = complaint_about_patching(*outer);
     return complaint.empty() ? "" : name + " " + std::to_string(report_time) + ": " + complaint;
+  });
+}
+
+/// What a pass over the schedule says and whether it patched something in.
+struct PassResult {
+  bool is_patched;
+  std::string said;
+};
+
+template <typename Pass>
+PassResult run_pass(Pass pass) {
+  KeptErrors errors;
+  const bool is_patched = pass();
+  return {is_patched, errors.text()};
+}
+
+/// Random outer schedules of all types whose default items and programmes name schedules, which
+/// name each other, with blocks over them.
+std::unique_ptr<Schedule> random_channel(Random& random, const ScratchFolder& folder) {
+  write_random_files(random, folder);
+  for (const char* file : files) {
+    if (random.chance(30)) {
+      const ScheduleType& type = random.pick(schedule_types().first(random.chance(80) ? 4 : 5));
+      folder.write(file, "*" + std::string(type.text) +
+                             "\nglobal default = " + folder.path_of(random.pick(files)) + "\n");
+    }
+  }
+  auto outer = random_outer(random, folder);
+  for (const ScheduleItem& item : random_items(random, outer->unit_length)) {
+    if (random.chance(20)) {
+      static constexpr std::array<const char*, 3> announces = {"block", "items", ""};
+      outer->blocks[item.start] = {item.start, item.end, "Block", random.pick(announces)};
+    }
+  }
+  return outer;
+}
+
+TEST(SubscheduleProperties, EachScheduleIsPreparedOnceAndNothingShowsIt) {
+  const ScratchFolder folder;
+  for_each_seed(60, [&](uint64_t seed) -> std::string {
+    Random random(seed);
+    const std::string name = random_zone(random);
+    const Zone zone(name.c_str());
+    const auto outer = random_channel(random, folder);
+    compute_unit_times(*outer, random_report_time(random));
+    run_options.debug_patch = random.chance(30);
+    block_announce_subst(*outer);
+    const auto plain = std::make_unique<Schedule>(*outer);
+    PreparedSubschedules subschedules;
+    std::string complaint;
+    for (int level = 0; level < 2 && complaint.empty(); ++level) {
+      const PassResult result =
+          run_pass([&] { return patch_in_subschedules(*outer, subschedules); });
+      const PassResult expected = run_pass([&] { return patch_in_subschedules_plainly(*plain); });
+      if (result.is_patched != expected.is_patched || result.said != expected.said ||
+          !is_same_listing(*outer, *plain)) {
+        complaint = name + ", level " + std::to_string(level) + ": said\n" + result.said +
+                    "instead of\n" + expected.said + "items\n" + listing_of(*outer) +
+                    "instead of\n" + listing_of(*plain);
+      }
+    }
+    run_options.debug_patch = false;
+    return complaint;
   });
 }
 
@@ -205,7 +271,8 @@ TEST(SubscheduleProperties, AWeekAirsADayAsItsFileSays) {
     const auto before = std::make_unique<Schedule>(*outer);
     {
       const KeptErrors errors;
-      patch_in_subschedules(*outer);
+      PreparedSubschedules subschedules;
+      patch_in_subschedules(*outer, subschedules);
     }
     return is_same_listing(*outer, *expected)
                ? ""

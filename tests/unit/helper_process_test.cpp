@@ -100,7 +100,7 @@ TEST_F(Helper, IsReplacedWhenItWasEndedFromOutside) {
   EXPECT_NE(*other, *process);
 }
 
-#ifndef __SANITIZE_ADDRESS__
+#ifndef NV8X_ADDRESS_SANITIZER
 TEST_F(Helper, GrantsTheSameMemoryWhateverCameBefore) {
   EXPECT_EQ(ask("m" + std::to_string(memory / 2)), "m");
   EXPECT_FALSE(ask("m" + std::to_string(2 * memory)));

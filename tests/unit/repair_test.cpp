@@ -47,9 +47,9 @@ TEST_F(Patch, KeepsDaysApartWhileTheUnitCountsNoDays) {
 TEST_F(Patch, RunsOverDaysWithTheSameDefaultOnceTheUnitCountsThem) {
   Schedule schedule = three_days();
   schedule.unit_days = 3;
-  schedule.defaults.own[0] = "a";
-  schedule.defaults.own[1] = "a";
-  schedule.defaults.own[2] = "b";
+  schedule.defaults.set(0, "a");
+  schedule.defaults.set(1, "a");
+  schedule.defaults.set(2, "b");
   patch_schedule_default_items(schedule);
   EXPECT_EQ(listing(schedule), "0-172800 a*\n172800-259200 b*\n");
 }
@@ -57,7 +57,7 @@ TEST_F(Patch, RunsOverDaysWithTheSameDefaultOnceTheUnitCountsThem) {
 TEST_F(Patch, RunsOverDaysWithoutDefaultUpToTheFirstThatHasOne) {
   Schedule schedule = three_days();
   schedule.unit_days = 3;
-  schedule.defaults.own[2] = "b";
+  schedule.defaults.set(2, "b");
   patch_schedule_default_items(schedule);
   EXPECT_EQ(listing(schedule), "0-172800 *\n172800-259200 b*\n");
 }

@@ -26,7 +26,7 @@ std::set<std::string_view> ungrouped_names(const FileMetadata& metadata) {
 }  // namespace
 
 std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std::string& name) {
-  const FileDescriptor file = open_regular_file(directory, name.c_str());
+  const FileDescriptor file = open_optional_file(directory, name.c_str());
   if (!file.is_open()) {
     return nullptr;
   }

@@ -19,14 +19,10 @@
 #include <new>
 #include <utility>
 
-namespace {
+#include "platform/run_failure.hpp"
+#include "platform/signals.hpp"
 
-// The address sanitizer claims terabytes that it does not use.
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool is_sanitized = true;
-#else
-constexpr bool is_sanitized = false;
-#endif
+namespace {
 
 constexpr uint64_t longest_answer = 1024UL * 1024;
 
@@ -38,7 +34,7 @@ struct QuestionHead {
 
 /// Bytes of address space that this process has, or 0 when the system does not say.
 size_t claimed_memory() {
-  const FileDescriptor file = open_regular_file(AT_FDCWD, "/proc/self/statm");
+  const FileDescriptor file = open_optional_file(AT_FDCWD, "/proc/self/statm");
   std::array<char, 64> text{};
   if (!file.is_open() || read_fully(file.get(), text.data(), text.size() - 1) == 0) {
     return 0;
@@ -46,17 +42,17 @@ size_t claimed_memory() {
   return std::strtoul(text.data(), nullptr, 10) * static_cast<size_t>(sysconf(_SC_PAGESIZE));
 }
 
-bool limit_memory(size_t more) {
-  if (is_sanitized) {
-    return true;
-  }
-  const size_t claimed = claimed_memory();
+bool limit_address_space([[maybe_unused]] size_t bytes) {
+#ifdef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
+  return true;
+#else
   rlimit limit{};
-  if (claimed == 0 || getrlimit(RLIMIT_AS, &limit) != 0) {
+  if (getrlimit(RLIMIT_AS, &limit) != 0) {
     return false;
   }
-  limit.rlim_cur = std::min<rlim_t>(claimed + more, limit.rlim_max);
+  limit.rlim_cur = std::min<rlim_t>(bytes, limit.rlim_max);
   return setrlimit(RLIMIT_AS, &limit) == 0;
+#endif
 }
 
 /// The signal of the timer ends the process.
@@ -66,14 +62,6 @@ bool limit_time(int64_t microseconds) {
   timer.it_value.tv_sec = microseconds / a_second;
   timer.it_value.tv_usec = microseconds % a_second;
   return setitimer(ITIMER_PROF, &timer, nullptr) == 0;
-}
-
-void allow_timer_signal() {
-  std::signal(SIGPROF, SIG_DFL);
-  sigset_t timer_signal;
-  sigemptyset(&timer_signal);
-  sigaddset(&timer_signal, SIGPROF);
-  sigprocmask(SIG_UNBLOCK, &timer_signal, nullptr);
 }
 
 /// A message of some bytes, with room for a descriptor that goes with them.
@@ -92,7 +80,7 @@ struct Message {
   msghdr header{};
 };
 
-/// Whether the head went out as a whole, and the descriptor with it.
+/// Whether the head went out as a whole, and the descriptor with it; errno is set if not.
 bool send_head(int socket, QuestionHead head, int fd) {
   Message message(&head, sizeof(head));
   cmsghdr* rights = CMSG_FIRSTHDR(&message.header);
@@ -176,18 +164,20 @@ bool answer_next(int socket, HelperProcess::Work work) {
 }
 
 /// The helper's whole life. It dies quietly: what it has to say of its death helps nobody.
-[[noreturn]] void answer_and_end(int socket, HelperProcess::Work work, size_t memory) {
+[[noreturn]] void answer_and_end(int socket, int nowhere, HelperProcess::Work work,
+                                 size_t address_space) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   const rlimit no_core{};
   setrlimit(RLIMIT_CORE, &no_core);
   // A reader of the run's output must not wait for this process's end.
-  const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     dup2(nowhere, fd);
   }
   std::set_new_handler(nullptr);  // the run's own would speak of it
-  allow_timer_signal();
-  if (limit_memory(memory)) {
+  for (const int signal : {SIGPROF, SIGALRM, SIGXCPU}) {
+    set_signal_action(signal, SIG_DFL);
+  }
+  if (limit_address_space(address_space)) {
     try {
       while (answer_next(socket, work)) {
       }
@@ -198,22 +188,34 @@ bool answer_next(int socket, HelperProcess::Work work) {
   _exit(EXIT_SUCCESS);
 }
 
+[[noreturn]] void fail_start() {
+  fail_run(std::string("Unable to start a process to read tags in: ") + std::strerror(errno));
+}
+
 }  // namespace
 
 bool HelperProcess::start() {
-  std::array<int, 2> ends{};
-  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+  const size_t claimed = claimed_memory();
+  if (claimed == 0) {
     return false;
+  }
+  const FileDescriptor nowhere(::open("/dev/null", O_RDWR | O_CLOEXEC));
+  std::array<int, 2> ends{};
+  if (!nowhere.is_open() || socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    fail_start();
   }
   FileDescriptor own(ends[0]);
   FileDescriptor others(ends[1]);
   process_ = fork();
+  if (process_ < 0) {
+    fail_start();
+  }
   if (process_ == 0) {
     own.reset();
-    answer_and_end(others.get(), work_, memory_);
+    answer_and_end(others.get(), nowhere.get(), work_, claimed + memory_);
   }
   socket_.reset(own.release());
-  return process_ > 0;
+  return true;
 }
 
 /// Whether the process had already ended because its time was up.
@@ -246,8 +248,14 @@ std::optional<std::string> HelperProcess::ask(int fd, const std::string& questio
 std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& question,
                                                    std::chrono::microseconds processor_time) {
   const QuestionHead head{question.size(), processor_time.count()};
-  if ((process_ < 0 && !start()) || !send_head(socket_.get(), head, fd) ||
-      !send_fully(socket_.get(), question)) {
+  if (process_ < 0 && !start()) {
+    return std::nullopt;
+  }
+  if (!send_head(socket_.get(), head, fd)) {
+    fail_run_if_short("hand " + question + " to the process that reads tags");
+    return std::nullopt;
+  }
+  if (!send_fully(socket_.get(), question)) {
     return std::nullopt;
   }
   return receive_answer(socket_.get());

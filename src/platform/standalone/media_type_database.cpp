@@ -2,6 +2,11 @@
 
 #include <magic.h>
 
+#include <cerrno>
+#include <cstring>
+
+#include "platform/run_failure.hpp"
+
 extern unsigned char media_type_rules[];  // media_types.magic, compiled by file(1) for the build
 extern const size_t media_type_rules_size;
 
@@ -16,29 +21,35 @@ struct Database {
   int flags;
 };
 
-template <typename Load>
-Database open_database(int flags, Load load) {
+magic_set* open_magic(int flags) {
   magic_set* magic = magic_open(flags);
-  if (magic != nullptr && load(magic) != 0) {
+  if (magic == nullptr) {
+    fail_run(std::string("Unable to open libmagic: ") + std::strerror(errno));
+  }
+  return magic;
+}
+
+/// What comes before the rules (tar archives, JSON and the like) counts as it does for the large
+/// database; what comes after them is left to that.
+Database open_small() {
+  constexpr int flags = MAGIC_MIME_TYPE | MAGIC_NO_CHECK_TEXT;
+  magic_set* magic = open_magic(flags);
+  void* rules = media_type_rules;
+  size_t size = media_type_rules_size;
+  if (magic_load_buffers(magic, &rules, &size, 1) != 0) {
     magic_close(magic);
     magic = nullptr;
   }
   return {magic, flags};
 }
 
-/// What comes before the rules (tar archives, JSON and the like) counts as it does for the large
-/// database; what comes after them is left to that.
-Database open_small() {
-  return open_database(MAGIC_MIME_TYPE | MAGIC_NO_CHECK_TEXT, [](magic_set* magic) {
-    void* rules = media_type_rules;
-    size_t size = media_type_rules_size;
-    return magic_load_buffers(magic, &rules, &size, 1);
-  });
-}
-
 Database open_large() {
-  return open_database(MAGIC_MIME_TYPE,
-                       [](magic_set* magic) { return magic_load(magic, nullptr); });
+  constexpr int flags = MAGIC_MIME_TYPE;
+  magic_set* magic = open_magic(flags);
+  if (magic_load(magic, nullptr) != 0) {
+    fail_run(std::string("Unable to load libmagic's database: ") + magic_error(magic));
+  }
+  return {magic, flags};
 }
 
 /// Whether libmagic cannot take the head for text in any encoding, which it would find out at the

@@ -11,6 +11,6 @@
 /// than the one it was compiled for cannot read it.
 std::string known_media_type(std::string_view head);
 
-/// What the large database makes of the head; application/octet-stream when it does not know it, or
-/// there is none.
+/// What the large database makes of the head; application/octet-stream when it does not know it.
+/// Without the database the run fails: a wrong type could take an item out of every listing.
 std::string libmagic_type(std::string_view head);

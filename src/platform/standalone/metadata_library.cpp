@@ -13,6 +13,7 @@
 
 #include "platform/file.hpp"
 #include "platform/metadata_v4.h"
+#include "platform/run_failure.hpp"
 #include "platform/standalone/file_metadata.hpp"
 #include "platform/text.hpp"
 
@@ -74,6 +75,9 @@ Directory open_directory(std::string_view path) {
   const std::string name(path);
   auto directory = std::make_shared<const FileDescriptor>(
       ::open(name.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
+  if (!directory->is_open()) {
+    fail_run_if_short("open " + name);
+  }
   directories.emplace(name, directory);
   return directory;
 }

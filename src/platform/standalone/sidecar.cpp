@@ -62,7 +62,7 @@ bool is_group_line(std::string_view text) {
 FileMetadata read_sidecar(int directory, const std::string& media_name) {
   FileMetadata metadata;
   const std::string name = media_name + ".metadata";
-  const FileDescriptor file = open_regular_file(directory, name.c_str());
+  const FileDescriptor file = open_optional_file(directory, name.c_str());
   if (!file.is_open()) {
     return metadata;
   }

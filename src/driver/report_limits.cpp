@@ -1,0 +1,87 @@
+#include "driver/report_limits.hpp"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <csignal>
+#include <string_view>
+
+#include "driver/error_response.hpp"
+#include "platform/activity.hpp"
+#include "platform/file.hpp"
+#include "platform/output.hpp"
+#include "platform/run_limits.hpp"
+#include "platform/signals.hpp"
+#include "schedule/run_options.hpp"
+#include "schedule/watchdog.hpp"
+
+namespace {
+
+constexpr rlim_t most_processor_time = 600;  // seconds
+constexpr rlim_t most_processor_time_of_cgi = 60;
+
+rlim_t processor_time_limit = 0;
+
+/// A text in a place of its own: in a handler of signals no memory can be asked for.
+class FixedText {
+ public:
+  void append(std::string_view text) {
+    text = text.substr(0, text_.size() - length_);
+    std::ranges::copy(text, text_.data() + length_);
+    length_ += text.size();
+  }
+
+  void append_number(rlim_t number) {
+    std::array<char, 24> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    append(std::string_view(digits.data(), static_cast<size_t>(end - digits.data())));
+  }
+
+  std::string_view view() const { return {text_.data(), length_}; }
+
+ private:
+  std::array<char, 8 * 1024> text_{};
+  size_t length_ = 0;
+};
+
+FixedText message;
+
+void append_activity() {
+  const Activity* activity = current_activity();
+  if (activity == nullptr) {
+    return;
+  }
+  for (const char* text : {" while ", activity->doing(), " ", activity->file()}) {
+    message.append(text);
+  }
+}
+
+/// Says which limit it was, and lets the signal do what it does by default.
+void end_at_limit(int signal) {
+  // A reader of the message that does not read must not keep the run.
+  constexpr unsigned time_to_write = 5;  // seconds
+  std::signal(SIGALRM, SIG_DFL);
+  alarm(time_to_write);
+  const bool is_response = run_options.cgi && !is_output_begun();
+  const bool is_watchdog = signal == SIGALRM;
+  message.append(is_response ? error_response_header : "Error: ");
+  message.append(is_watchdog ? "Time limit of " : "Processor time limit of ");
+  message.append_number(is_watchdog ? watchdog_seconds : processor_time_limit);
+  message.append(" seconds reached");
+  append_activity();
+  message.append("\n");
+  write_fully(is_response ? STDOUT_FILENO : STDERR_FILENO, message.view());
+  std::raise(signal);
+}
+
+}  // namespace
+
+void report_limits() {
+  set_signal_action(SIGALRM, end_at_limit);
+  set_signal_action(SIGXCPU, end_at_limit);
+  processor_time_limit =
+      limit_processor_time(run_options.cgi ? most_processor_time_of_cgi : most_processor_time);
+}

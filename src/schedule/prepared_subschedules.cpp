@@ -1,0 +1,55 @@
+#include "schedule/prepared_subschedules.hpp"
+
+#include <cstdio>
+#include <utility>
+
+#include "platform/diagnostics.hpp"
+#include "platform/run_failure.hpp"
+#include "schedule/repair.hpp"
+#include "schedule/schedule_reader.hpp"
+#include "schedule/watchdog.hpp"
+
+namespace {
+
+/// With their placements some 200 MB. Who names more schedules than that has them read again.
+constexpr size_t most_kept_items = 500000;
+
+bool prepare(Schedule& schedule, const std::string& path) {
+  if (!read_schedule_file(schedule, path.c_str())) {
+    fail_run_if_short("open schedule file " + path);
+    return false;
+  }
+  remove_reversed_items(schedule);
+  return fix_schedule_file(schedule) && patch_schedule_default_items(schedule);
+}
+
+PreparedSubschedule prepare(const std::string& path) {
+  PreparedSubschedule prepared;
+  const DiagnosticsRecord record;
+  prepared.is_prepared = prepare(prepared.schedule, path);
+  prepared.schedule.defaults = DefaultItems();  // which are in the gaps now
+  prepared.said = record.text();
+  return prepared;
+}
+
+}  // namespace
+
+PreparedSubschedule* PreparedSubschedules::prepared(const std::string& path) {
+  auto found = by_path_.find(path);
+  if (found != by_path_.end()) {
+    arm_watchdog();  // as filling its gaps did
+    const std::string& said = found->second.said;
+    std::fwrite(said.data(), 1, said.size(), stderr);
+  } else {
+    PreparedSubschedule fresh = prepare(path);
+    constexpr size_t bytes_like_an_item = 400;
+    const size_t items = fresh.schedule.schedule.size() + fresh.said.size() / bytes_like_an_item;
+    if (kept_items_ + items > most_kept_items) {
+      by_path_.clear();
+      kept_items_ = 0;
+    }
+    kept_items_ += items;
+    found = by_path_.emplace(path, std::move(fresh)).first;
+  }
+  return found->second.is_prepared ? &found->second : nullptr;
+}
