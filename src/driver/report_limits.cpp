@@ -70,7 +70,7 @@ void end_at_limit(int signal) {
   message.append(is_response ? error_response_header : "Error: ");
   message.append(is_watchdog ? "Time limit of " : "Processor time limit of ");
   message.append_number(is_watchdog ? watchdog_seconds : processor_time_limit);
-  message.append(" seconds reached");
+  message.append(" s reached");
   append_activity();
   message.append("\n");
   write_fully(is_response ? STDOUT_FILENO : STDERR_FILENO, message.view());

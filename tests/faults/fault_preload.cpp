@@ -5,13 +5,14 @@
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
 // The kinds are open, read (with pread), stat, mmap, malloc (all that takes memory), write, close,
-// fsync, rename and unlink. Allocations fail in programs that link the project's own allocation
+// fsync, rename, unlink, fork, socketpair, sendmsg, send and recvmsg. Allocations fail in programs that link the project's own allocation
 // functions. Calls that the C library makes for itself pass by: those are strace's.
 // All goes by system call from here, as looking the real functions up would take memory.
 
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/mman.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -41,7 +42,7 @@ long first_failing = 0;
 bool all_that_follow = false;
 int fault_errno = 0;
 const char* report_path = nullptr;
-long calls = 0;
+long* calls = nullptr;  // shared with the processes that the program forks
 
 [[gnu::constructor]] void read_environment() {
   const char* fault = std::getenv("FAULT");
@@ -56,6 +57,11 @@ long calls = 0;
   fault_errno =
       wanted_errno != nullptr ? static_cast<int>(std::strtol(wanted_errno, nullptr, 10)) : EIO;
   report_path = std::getenv("FAULT_REPORT");
+  constexpr int no_file = -1;
+  calls = static_cast<long*>(
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): a system call gives a number
+      reinterpret_cast<void*>(syscall(SYS_mmap, nullptr, sizeof(*calls), PROT_READ | PROT_WRITE,
+                                      MAP_SHARED | MAP_ANONYMOUS, no_file, 0)));
   fault_kind_length = static_cast<size_t>(number - fault);
   fault_kind = fault;
 }
@@ -66,12 +72,12 @@ bool is_due(const char* kind) {
       std::strncmp(fault_kind, kind, fault_kind_length) != 0) {
     return false;
   }
-  ++calls;
-  if (calls == first_failing && report_path != nullptr) {
+  ++*calls;
+  if (*calls == first_failing && report_path != nullptr) {
     const long report = syscall(SYS_openat, AT_FDCWD, report_path, O_CREAT | O_WRONLY, 0600);
     syscall(SYS_close, report);
   }
-  return calls == first_failing || (all_that_follow && calls > first_failing);
+  return *calls == first_failing || (all_that_follow && *calls > first_failing);
 }
 
 /// The same for calls that fail as a whole; errno is set when they do.
@@ -234,6 +240,28 @@ int renameat(int old_directory, const char* old_path, int directory, const char*
 
 int unlinkat(int directory, const char* path, int flags) {
   return fails("unlink") ? -1 : static_cast<int>(syscall(SYS_unlinkat, directory, path, flags));
+}
+
+pid_t fork() {
+  return fails("fork") ? -1 : _Fork();
+}
+
+int socketpair(int domain, int type, int protocol, int* ends) {
+  return fails("socketpair")
+             ? -1
+             : static_cast<int>(syscall(SYS_socketpair, domain, type, protocol, ends));
+}
+
+ssize_t sendmsg(int socket, const msghdr* message, int flags) {
+  return fails("sendmsg") ? -1 : syscall(SYS_sendmsg, socket, message, flags);
+}
+
+ssize_t send(int socket, const void* bytes, size_t size, int flags) {
+  return fails("send") ? -1 : syscall(SYS_sendto, socket, bytes, size, flags, nullptr, 0);
+}
+
+ssize_t recvmsg(int socket, msghdr* message, int flags) {
+  return fails("recvmsg") ? -1 : syscall(SYS_recvmsg, socket, message, flags);
 }
 
 // The program's own allocation functions call those of the C library by these names.
