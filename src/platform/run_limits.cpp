@@ -21,26 +21,28 @@ void set_alarm_before(rlim_t seconds) {
   }
 }
 
+/// The limit that holds from now on.
+template <typename Resource>
+rlimit set_unless_given(Resource resource, rlim_t most) {
+  rlimit limit{most, most};
+  if (getrlimit(resource, &limit) == 0 && limit.rlim_cur == RLIM_INFINITY) {
+    limit.rlim_cur = std::min(most, limit.rlim_max);
+    setrlimit(resource, &limit);
+  }
+  return limit;
+}
+
 }  // namespace
 
 void limit_memory() {
 #ifndef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
   constexpr rlim_t most_data = 4UL * 1024 * 1024 * 1024;
-  rlimit limit{};
-  if (getrlimit(RLIMIT_DATA, &limit) == 0) {
-    limit.rlim_cur = std::min(limit.rlim_cur, most_data);
-    setrlimit(RLIMIT_DATA, &limit);
-  }
+  set_unless_given(RLIMIT_DATA, most_data);
 #endif
 }
 
 rlim_t limit_processor_time(rlim_t seconds) {
-  rlimit limit{};
-  if (getrlimit(RLIMIT_CPU, &limit) != 0) {
-    return seconds;
-  }
-  limit.rlim_cur = std::min(limit.rlim_cur, seconds);
-  setrlimit(RLIMIT_CPU, &limit);
+  const rlimit limit = set_unless_given(RLIMIT_CPU, seconds);
   if (limit.rlim_max <= limit.rlim_cur) {
     set_alarm_before(limit.rlim_max);
   }
