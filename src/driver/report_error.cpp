@@ -33,7 +33,8 @@ void print_error(const char* message) {
 /// What the library calls when there is no memory to be had. Nothing here asks for any, and
 /// nothing is taken down: a container may be half changed.
 [[noreturn]] void end_without_memory() {
-  print_error("Out of memory");
+  constexpr const char* message = "Out of memory";
+  print_error(message);
   std::_Exit(EXIT_FAILURE);
 }
 

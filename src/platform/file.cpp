@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <string>
 #include <utility>
 
 #include "platform/run_failure.hpp"
@@ -74,7 +73,7 @@ FileDescriptor open_regular_file(int directory, const char* path, Links links) {
 FileDescriptor open_optional_file(int directory, const char* path) {
   FileDescriptor file = open_regular_file(directory, path);
   if (!file.is_open()) {
-    fail_run_if_short(std::string("open ") + path);
+    fail_run_if_short("Unable to open %s: %s", path);
   }
   return file;
 }

@@ -16,7 +16,7 @@ constexpr size_t most_kept_items = 500000;
 
 bool prepare(Schedule& schedule, const std::string& path) {
   if (!read_schedule_file(schedule, path.c_str())) {
-    fail_run_if_short("open schedule file " + path);
+    fail_run_if_short("Unable to open %s: %s", path.c_str());
     return false;
   }
   remove_reversed_items(schedule);

@@ -5,9 +5,10 @@
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
 // The kinds are open, read (with pread), stat, mmap, malloc (all that takes memory), write, close,
-// fsync, rename, unlink, fork, socketpair, sendmsg, send and recvmsg. Allocations fail in programs that link the project's own allocation
-// functions. Calls that the C library makes for itself pass by: those are strace's.
-// All goes by system call from here, as looking the real functions up would take memory.
+// fsync, rename, unlink, fork, socketpair, sendmsg, send and recvmsg. Allocations fail in programs
+// that link the project's own allocation functions. Calls that the C library makes for itself pass
+// by: those are strace's. All goes by system call from here, as looking the real functions up would
+// take memory.
 
 #include <fcntl.h>
 #include <malloc.h>

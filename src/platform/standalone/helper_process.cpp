@@ -189,7 +189,7 @@ bool answer_next(int socket, HelperProcess::Work work) {
 }
 
 [[noreturn]] void fail_start() {
-  fail_run(std::string("Unable to start a process to read tags in: ") + std::strerror(errno));
+  fail_run("Unable to start a process to read tags in: %s", std::strerror(errno));
 }
 
 }  // namespace
@@ -252,7 +252,7 @@ std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& qu
     return std::nullopt;
   }
   if (!send_head(socket_.get(), head, fd)) {
-    fail_run_if_short("hand " + question + " to the process that reads tags");
+    fail_run_if_short("Unable to hand %s to the process that reads tags: %s", question.c_str());
     return std::nullopt;
   }
   if (!send_fully(socket_.get(), question)) {

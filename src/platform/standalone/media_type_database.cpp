@@ -25,7 +25,7 @@ struct Database {
 magic_set* open_magic(int flags) {
   magic_set* magic = magic_open(flags);
   if (magic == nullptr) {
-    fail_run(std::string("Unable to open libmagic: ") + std::strerror(errno));
+    fail_run("Unable to open libmagic: %s", std::strerror(errno));
   }
   return magic;
 }
@@ -47,7 +47,8 @@ Database open_small() {
 /// False for the large database means that it is not there; one that MAGIC names may hold what it
 /// likes.
 bool knows_usual_types(magic_set* magic) {
-  constexpr std::string_view picture("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\1\0\0\0\1\x8\0\0\0\0", 29);
+  constexpr std::string_view picture("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\1\0\0\0\1\x8\0\0\0\0",
+                                     29);
   const char* type = magic_buffer(magic, picture.data(), picture.size());
   return std::getenv("MAGIC") != nullptr ||
          (type != nullptr && type == std::string_view("image/png"));
@@ -61,8 +62,8 @@ Database open_large() {
   // Where it cannot open or map the database, libmagic goes by the few rules of the machine's own
   // beside it, and takes that for success.
   if (!is_loaded || error != nullptr || !knows_usual_types(magic)) {
-    fail_run(std::string("Unable to load libmagic's database: ") +
-             (error != nullptr ? error : "it cannot be opened"));
+    fail_run("Unable to load libmagic's database: %s",
+             error != nullptr ? error : "it cannot be opened");
   }
   return {magic, flags};
 }
