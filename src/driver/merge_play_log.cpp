@@ -1,5 +1,7 @@
 #include "driver/merge_play_log.hpp"
 
+#include <utility>
+
 #include "metadata/play_log.hpp"
 #include "platform/activity.hpp"
 #include "platform/metadata_context.hpp"
@@ -34,11 +36,11 @@ PlayLog read_play_log_of(Schedule& schedule) {
 
 void merge_play_log(Schedule& schedule) {
   const Activity activity("reading the play log of");
-  const PlayLog play_log = read_play_log_of(schedule);
-  for (const auto& [timestamp, entry] : play_log) {
+  PlayLog play_log = read_play_log_of(schedule);
+  for (auto& [timestamp, entry] : play_log) {
     ScheduleItem& item = *item_at(schedule, timestamp);
     if (item.item == entry.path) {
-      item.metadata = entry.metadata;
+      item.metadata = std::move(entry.metadata);
     }
   }
 }
