@@ -1,4 +1,4 @@
-#include "platform/clock.hpp"
+#include "platform/system/clock.hpp"
 
 /// The report time of all input: the listings print the three weeks from today, and the rows of
 /// the input must be among them whenever the benchmarks run.

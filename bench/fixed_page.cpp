@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/file.hpp"
+#include "platform/system/file.hpp"
 
 int main() {
   constexpr std::string_view header = "Content-Type: text/html\n\n";

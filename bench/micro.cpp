@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/calendar.hpp"
-#include "platform/parse_time.hpp"
 #include "platform/standalone/media_type_database.hpp"
+#include "platform/time/calendar.hpp"
+#include "platform/time/parse_time.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"

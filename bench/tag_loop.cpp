@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "platform/file.hpp"
+#include "platform/system/file.hpp"
 
 int main(int argc, char** argv) {
   const magic_t magic = magic_open(MAGIC_MIME_TYPE);

@@ -1,4 +1,4 @@
-#include "driver/load_schedule.hpp"
+#include "driver/run_steps.hpp"
 
 #include "driver/report_error.hpp"
 #include "schedule/repair.hpp"

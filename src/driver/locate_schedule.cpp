@@ -1,4 +1,4 @@
-#include "driver/locate_schedule.hpp"
+#include "driver/run_steps.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,8 +12,8 @@
 #include <utility>
 
 #include "driver/report_error.hpp"
-#include "platform/line_reader.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/line_reader.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {

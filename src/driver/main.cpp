@@ -3,19 +3,14 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "driver/load_schedule.hpp"
-#include "driver/locate_schedule.hpp"
-#include "driver/merge_play_log.hpp"
 #include "driver/options.hpp"
-#include "driver/patch_subschedules.hpp"
-#include "driver/print_document.hpp"
 #include "driver/report_error.hpp"
 #include "driver/report_limits.hpp"
-#include "driver/report_window.hpp"
-#include "platform/activity.hpp"
-#include "platform/calendar.hpp"
-#include "platform/output.hpp"
-#include "platform/run_limits.hpp"
+#include "driver/run_steps.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/output.hpp"
+#include "platform/system/run_limits.hpp"
+#include "platform/time/calendar.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
 
@@ -35,11 +30,11 @@ int main(int argc, char** argv) {
   }
   const Activity activity("working on", run_options.schedule_path.c_str());
   Schedule schedule;
-  load_schedule(schedule);
+  load_schedule(schedule);  // arms the watchdog
   merge_play_log(schedule);
   const ReportWindow window = report_window(schedule);
   block_announce_subst(schedule);
-  patch_all_subschedules(schedule);
+  patch_all_subschedules(schedule);  // cancels it
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());
   print_document(schedule, window);

@@ -1,10 +1,10 @@
-#include "driver/merge_play_log.hpp"
+#include "driver/run_steps.hpp"
 
 #include <utility>
 
 #include "metadata/play_log.hpp"
-#include "platform/activity.hpp"
-#include "platform/metadata_context.hpp"
+#include "platform/metadata_handles.hpp"
+#include "platform/system/activity.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {
@@ -23,12 +23,10 @@ ScheduleItem* item_at(Schedule& schedule, int64_t timestamp) {
 /// is none to be read.
 PlayLog read_play_log_of(Schedule& schedule) {
   PlayLog play_log;
-  metadata_v4_context* context = metadata_v4_context_create();
-  if (bind_context(context, run_options.schedule_path.c_str())) {
-    read_play_log(context, play_log,
+  if (const FileContext context = bind_file_context(run_options.schedule_path.c_str())) {
+    read_play_log(context.get(), play_log,
                   [&](int64_t timestamp) { return item_at(schedule, timestamp) != nullptr; });
   }
-  metadata_v4_context_destroy(context);
   return play_log;
 }
 

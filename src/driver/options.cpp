@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "driver/output_formats.hpp"
-#include "platform/clock.hpp"
+#include "platform/system/clock.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "driver/patch_subschedules.hpp"
+#include "driver/run_steps.hpp"
 
 #include <cstdio>
 

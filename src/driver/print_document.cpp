@@ -1,10 +1,10 @@
-#include "driver/print_document.hpp"
+#include "driver/run_steps.hpp"
 
 #include <string_view>
 
 #include "driver/output_formats.hpp"
-#include "platform/activity.hpp"
-#include "platform/output.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/output.hpp"
 #include "schedule/run_options.hpp"
 
 void print_document(Schedule& schedule, const ReportWindow& window) {

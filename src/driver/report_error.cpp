@@ -8,11 +8,10 @@
 #include <new>
 #include <string>
 
-#include "driver/error_response.hpp"
-#include "platform/file.hpp"
-#include "platform/output.hpp"
-#include "platform/run_failure.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/system/output.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {

@@ -12,3 +12,7 @@
 
 /// Makes failures below the driver, and a run that finds no memory, end in the same way.
 void report_failures();
+
+/// What stands before the message of an error in CGI mode.
+inline constexpr const char* error_response_header =
+    "Content-Type: text/plain\nX-Quorin disposition: Error\n\n";

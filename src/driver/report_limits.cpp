@@ -9,12 +9,11 @@
 #include <csignal>
 #include <string_view>
 
-#include "driver/error_response.hpp"
-#include "platform/activity.hpp"
-#include "platform/file.hpp"
-#include "platform/output.hpp"
-#include "platform/run_limits.hpp"
-#include "platform/signals.hpp"
+#include "driver/report_error.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/file.hpp"
+#include "platform/system/output.hpp"
+#include "platform/system/run_limits.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/watchdog.hpp"
 
@@ -36,7 +35,7 @@ class FixedText {
 
   void append_number(rlim_t number) {
     std::array<char, 24> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     append(std::string_view(digits.data(), static_cast<size_t>(end - digits.data())));
   }
 

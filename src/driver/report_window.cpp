@@ -1,8 +1,8 @@
-#include "driver/report_window.hpp"
+#include "driver/run_steps.hpp"
 
 #include <algorithm>
 
-#include "platform/calendar.hpp"
+#include "platform/time/calendar.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {

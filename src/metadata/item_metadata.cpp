@@ -4,8 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/activity.hpp"
-#include "platform/metadata_context.hpp"
+#include "platform/system/activity.hpp"
 
 namespace {
 
@@ -30,16 +29,19 @@ constexpr std::array<TextField, 7> text_fields = {{
     {"description", &ItemMetadata::description},
 }};
 
-metadata_v4_metadata_context* set_from_play_log(const ScheduleItem& item) {
-  metadata_v4_metadata_context* set = metadata_v4_metadata_context_create();
-  if (set == nullptr) {
-    return nullptr;
-  }
-  constexpr int32_t no_group = -1;
-  metadata_v4_metadata_context_add_name_value_pair(set, source_name, 0, source_value, 0, no_group);
-  for (const auto& [name, value] : item.metadata) {
-    metadata_v4_metadata_context_add_name_value_pair(set, name.c_str(), 0, value.c_str(), 0,
-                                                     no_group);
+MetadataSet set_from_play_log(const ScheduleItem& item) {
+  MetadataSet set(metadata_v4_metadata_context_create());
+  const auto add = [&](const char* name, const char* value) {
+    constexpr size_t up_to_its_nul = 0;
+    constexpr int32_t no_group = -1;
+    metadata_v4_metadata_context_add_name_value_pair(set.get(), name, up_to_its_nul, value,
+                                                     up_to_its_nul, no_group);
+  };
+  if (set != nullptr) {
+    add(source_name, source_value);
+    for (const auto& [name, value] : item.metadata) {
+      add(name.c_str(), value.c_str());
+    }
   }
   return set;
 }
@@ -52,7 +54,7 @@ int32_t announce_of(const char* value) {
 }
 
 void extract_entry(ItemMetadata& metadata, const metadata_v4_entry& entry) {
-  if (entry.name == nullptr || entry.value == nullptr) {
+  if (!is_whole(entry)) {
     return;
   }
   const std::string_view name = entry.name;
@@ -75,50 +77,31 @@ bool is_announced_by_itself(const ItemMetadata& metadata, const ScheduleItem& it
 
 }  // namespace
 
-void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*& context,
-                        const char* path, const ScheduleItem& item) {
-  set = metadata_v4_metadata_context_destroy(set);
-  context = metadata_v4_context_destroy(context);
+OpenedMetadata open_item_metadata(const ScheduleItem& item) {
   if (item.is_block) {
-    return;
+    return {};
   }
-  const Activity activity("reading the metadata of", path);
-  context = metadata_v4_context_create();
-  if (!bind_context(context, path)) {
-    return;
+  const Activity activity("reading the metadata of", item.item.c_str());
+  OpenedMetadata opened{bind_file_context(item.item.c_str()), nullptr};
+  if (opened.context != nullptr) {
+    opened.set =
+        item.metadata.empty() ? read_metadata_set(opened.context) : set_from_play_log(item);
   }
-  set = item.metadata.empty() ? metadata_v4_metadata_context_from_file(context, 0, nullptr)
-                              : set_from_play_log(item);
+  return opened;
 }
 
-void extract_entries(ItemMetadata& metadata, metadata_v4_metadata_context* set) {
+ItemMetadata extract_item_metadata(const MetadataSet& set) {
+  ItemMetadata metadata;
   for_each_entry(set, [&](const metadata_v4_entry& entry) { extract_entry(metadata, entry); });
+  return metadata;
 }
 
-int32_t derive_announce(const ItemMetadata& metadata, bool is_default, const ScheduleItem& item) {
+int32_t derive_announce(const ItemMetadata& metadata, const ScheduleItem& item) {
   if (item.is_block) {
     return item.block_announce ? 1 : 0;
   }
   if (metadata.announce >= 0) {
     return metadata.announce;
   }
-  return !is_default && is_announced_by_itself(metadata, item) ? 1 : 0;
-}
-
-void extract_item_metadata(ItemMetadata& metadata, metadata_v4_metadata_context* set,
-                           bool is_default, const ScheduleItem& item) {
-  extract_entries(metadata, set);
-  metadata.announce = derive_announce(metadata, is_default, item);
-}
-
-void ItemMetadataSlots::release() {
-  set = metadata_v4_metadata_context_destroy(set);
-  context = metadata_v4_context_destroy(context);
-}
-
-ItemMetadata read_item_metadata(ItemMetadataSlots& slots, const ScheduleItem& item) {
-  ItemMetadata metadata;
-  open_item_metadata(slots.set, slots.context, item.item.c_str(), item);
-  extract_item_metadata(metadata, slots.set, item.is_default, item);
-  return metadata;
+  return !item.is_default && is_announced_by_itself(metadata, item) ? 1 : 0;
 }

@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+#include <functional>
 #include <string>
+#include <unordered_map>
+#include <utility>
 
-#include "platform/metadata_v4.h"
+#include "platform/metadata_handles.hpp"
 #include "schedule/schedule.hpp"
 
 /// What every writer shows of an item beside its times and path.
@@ -18,47 +22,63 @@ struct ItemMetadata {
   std::string title;
 };
 
-/// Opens the metadata of an item: what aired with it, if the play log knows, else what its media
-/// file says. Both slots are emptied first; the set stays null for a block item and for a file
-/// without metadata.
-void open_item_metadata(metadata_v4_metadata_context*& set, metadata_v4_context*& context,
-                        const char* path, const ScheduleItem& item);
+/// The metadata of an item: what aired with it, if the play log knows, else what its media file
+/// says. The set is null for a block item and for a file without metadata.
+struct OpenedMetadata {
+  FileContext context;  ///< outlives the set
+  MetadataSet set;
+};
+OpenedMetadata open_item_metadata(const ScheduleItem& item);
 
-/// Fills in what the entries of a set say; `set` may be null.
-void extract_entries(ItemMetadata& metadata, metadata_v4_metadata_context* set);
+/// What the entries of a set (or null) say of the item; `announce` stays unknown unless they do.
+ItemMetadata extract_item_metadata(const MetadataSet& set);
 
 /// Whether an item is announced: a block as it says itself, any other as its metadata says or, when
 /// that says nothing, if it has an event id, a label or a video or audio file and is no default
 /// item. 0 or 1.
-int32_t derive_announce(const ItemMetadata& metadata, bool is_default, const ScheduleItem& item);
+int32_t derive_announce(const ItemMetadata& metadata, const ScheduleItem& item);
 
-/// Both for one item: fills in all that is known of it.
-void extract_item_metadata(ItemMetadata& metadata, metadata_v4_metadata_context* set,
-                           bool is_default, const ScheduleItem& item);
+/// What a writer makes of an item's metadata, made once for each media file: a schedule airs the
+/// same clip hundreds of times. Items that aired, and blocks, have metadata of their own, made one
+/// by one. `make` may look at nothing of the item but its path.
+template <typename Made>
+class MetadataPerFile {
+ public:
+  using Make = std::function<Made(const std::string& path, const MetadataSet& set)>;
 
-/// The two slots of a writer, released when it is done.
-struct ItemMetadataSlots {
-  ItemMetadataSlots() = default;
-  ItemMetadataSlots(const ItemMetadataSlots&) = delete;
-  ItemMetadataSlots& operator=(const ItemMetadataSlots&) = delete;
-  ~ItemMetadataSlots() { release(); }
+  explicit MetadataPerFile(Make make) : make_(std::move(make)) {}
 
-  void release();
-
-  metadata_v4_metadata_context* set = nullptr;
-  metadata_v4_context* context = nullptr;
-};
-
-/// Opens and extracts in one go, as every writer does for each item that it prints.
-ItemMetadata read_item_metadata(ItemMetadataSlots& slots, const ScheduleItem& item);
-
-/// Calls visit(entry) for each entry that the set (or null) really holds, in index order.
-template <typename Visit>
-void for_each_entry(metadata_v4_metadata_context* set, Visit visit) {
-  const int32_t count = set != nullptr ? set->entry_count : 0;
-  for (int32_t index = 0; index < count; ++index) {
-    if (const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set, index)) {
-      visit(*entry);
+  /// Valid until the next item is asked for.
+  const Made& of(const ScheduleItem& item) {
+    const bool is_from_file = !item.is_block && item.metadata.empty();
+    const auto known = is_from_file ? files_.find(item.item) : files_.end();
+    if (known != files_.end()) {
+      return known->second;
     }
+    const OpenedMetadata opened = open_item_metadata(item);
+    own_ = make_(item.item, opened.set);
+    if (is_from_file && files_.size() < most_files && text_length(opened.set) <= longest_text) {
+      return files_.emplace(item.item, own_).first->second;
+    }
+    return own_;
   }
-}
+
+ private:
+  // Keep what is remembered within a few megabytes.
+  static constexpr size_t most_files = 4096;
+  static constexpr size_t longest_text = 2048;
+
+  static size_t text_length(const MetadataSet& set) {
+    size_t length = 0;
+    for_each_entry(set, [&](const metadata_v4_entry& entry) {
+      for (const char* text : {entry.name, entry.value}) {
+        length += text != nullptr ? std::strlen(text) : 0;
+      }
+    });
+    return length;
+  }
+
+  Make make_;
+  std::unordered_map<std::string, Made> files_;
+  Made own_;  ///< of the last item that has its own
+};

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/json_text.hpp"
-#include "platform/line_reader.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/json_text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/line_reader.hpp"
 
 namespace {
 

@@ -29,6 +29,7 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log);
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
                    const std::function<bool(int64_t)>& is_wanted);
 
-/// Replaces the play log in the context's directory as a whole. A write that fails leaves the log
+/// For the playout system, which keeps the log; this program changes no file. Replaces the play
+/// log in the context's directory as a whole. A write that fails leaves the log
 /// that is there untouched.
 void write_play_log(const metadata_v4_context* context, const PlayLog& play_log);

@@ -4,12 +4,12 @@
 #include <ctime>
 #include <optional>
 
-#include "platform/local_stretches.hpp"
+#include "platform/time/local_stretches.hpp"
 #include "schedule/schedule_time.hpp"
 
 namespace {
 
-constexpr int64_t a_day = static_cast<int64_t>(seconds_per_day);
+constexpr int64_t a_day = seconds_per_day;
 
 /// A local date as a number that grows from day to day.
 int64_t date_number(const std::tm& tm) {

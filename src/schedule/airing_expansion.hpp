@@ -12,5 +12,5 @@
 std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item);
 
 /// Cuts an item there: one piece for each calendar day, in order. Advances the item's start to that
-/// of the last.
+/// of the last. For users of the library: the listings go by the cuts and copy no item.
 std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item);

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/activity.hpp"
-#include "platform/invariant.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/invariant.hpp"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/schedule_types.hpp"
-#include "platform/text.hpp"
-#include "platform/written_date.hpp"
+#include "platform/syntax/schedule_types.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/time/written_time.hpp"
 
 namespace {
 
@@ -55,25 +55,24 @@ std::optional<int> dated_slot(const char* key) {
 
 }  // namespace
 
-std::optional<int> default_slot_of_key(std::string_view type, std::string_view name) {
+std::optional<int> default_slot_of_key(std::string_view type_text, std::string_view name) {
   const std::string key(name);
-  if (type == "daily") {
-    return key == "day" ? std::optional(0) : std::nullopt;
-  }
-  if (type == "weekly") {
-    return find_weekday(key);
-  }
-  if (type == "monthly") {
-    return counted_slot(key.c_str(), "dom");
-  }
-  if (type == "interval") {
-    return counted_slot(key.c_str(), "doi");
-  }
-  if (type == "yearly") {
-    return day_of_year_slot(key.c_str());
-  }
-  if (type == "endless") {
-    return dated_slot(key.c_str());
+  const ScheduleType* type = find_schedule_type(type_text);
+  switch (type != nullptr ? type->day_name : DayName::none) {
+    case DayName::none:
+      break;
+    case DayName::only_day:
+      return key == "day" ? std::optional(0) : std::nullopt;
+    case DayName::weekday:
+      return find_weekday(key);
+    case DayName::day_of_month:
+      return counted_slot(key.c_str(), "dom");
+    case DayName::day_of_year:
+      return day_of_year_slot(key.c_str());
+    case DayName::date:
+      return dated_slot(key.c_str());
+    case DayName::number:
+      return counted_slot(key.c_str(), "doi");
   }
   return std::nullopt;
 }

@@ -3,8 +3,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/diagnostics.hpp"
-#include "platform/run_failure.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/watchdog.hpp"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/activity.hpp"
-#include "platform/diagnostics.hpp"
-#include "platform/invariant.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/invariant.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/watchdog.hpp"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/schedule_types.hpp"
+#include "platform/syntax/schedule_types.hpp"
 
 // One channel's playout schedule in memory.
 //

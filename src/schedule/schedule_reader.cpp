@@ -10,12 +10,12 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/activity.hpp"
-#include "platform/diagnostics.hpp"
-#include "platform/line_reader.hpp"
-#include "platform/parse_time.hpp"
-#include "platform/schedule_lines.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/line_reader.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/time/parse_time.hpp"
 #include "schedule/default_slot.hpp"
 #include "schedule/schedule_time.hpp"
 
@@ -68,7 +68,7 @@ uint64_t read_time(const Schedule& schedule, std::string_view text) {
     return no_time;
   }
   // Rounding applies to a missing unit's no_time as well, which then becomes 0: playout does so.
-  return broken_down_to_schedule_seconds(schedule.type, broken_down) +
+  return broken_down_to_schedule_seconds(find_schedule_type(schedule.type), broken_down) +
          (microseconds >= half_a_second ? 1 : 0);
 }
 
@@ -177,7 +177,7 @@ void read_name_value_line(Schedule& schedule, std::string_view text) {
 /// Settles what the file may leave open once it is read.
 void complete(Schedule& schedule) {
   if (schedule.type.empty()) {
-    schedule.type = "weekly";
+    schedule.type = default_schedule_type;
   }
   schedule.defaults.rest = schedule.global_default;
   schedule.unit_length = find_schedule_type(schedule.type)->unit_length;

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "platform/file.hpp"
+#include "platform/system/file.hpp"
 #include "schedule/schedule.hpp"
 
 /// Reads a schedule file: its type, default items, blocks and items, all times turned into
-/// schedule seconds. Items and default slots of `schedule` are replaced; what the file gets wrong
-/// is skipped. False, with nothing changed, only when the file cannot be opened. A read error is
+/// schedule seconds. `schedule` is a fresh record; of one that was used, type, items and default
+/// slots are replaced, and blocks and the global default survive. What the file gets wrong is
+/// skipped. False, with nothing changed, only when the file cannot be opened. A read error is
 /// the end of the file, with a warning on standard error.
 bool read_schedule_file(Schedule& schedule, const char* path, Links links = Links::followed);

@@ -4,7 +4,7 @@
 #include <limits>
 #include <optional>
 
-#include "platform/civil_date.hpp"
+#include "platform/time/civil_date.hpp"
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr uint64_t most_months = std::numeric_limits<int>::max() / 2;
 /// Local midnight of 1 January 2020, where endless schedules begin.
 std::optional<time_t> endless_base(long unit_offset) {
   constexpr int64_t first_day = days_from_civil(first_schedule_year, 1, 1);
-  constexpr int64_t midnight = first_day * static_cast<int64_t>(seconds_per_day);
+  constexpr int64_t midnight = first_day * int64_t{seconds_per_day};
   return normalised_time_of_civil(stretches_around(midnight, midnight), midnight, unit_offset);
 }
 
@@ -26,33 +26,36 @@ int64_t advance(std::tm base, uint64_t day_number) {
   return civil_seconds(base);
 }
 
+/// Which day of a unit it is, from 0. Years before the first count as the first.
+uint64_t day_of_unit(DayName day_name, const std::tm& broken_down) {
+  const int day_of_month = broken_down.tm_mday - 1;
+  const int day_of_year = broken_down.tm_mon * days_per_month + day_of_month;
+  const int year = std::max(broken_down.tm_year - (first_schedule_year - 1900), 0);
+  switch (day_name) {
+    case DayName::weekday:
+      return static_cast<uint64_t>(broken_down.tm_wday);
+    case DayName::day_of_month:
+      return static_cast<uint64_t>(day_of_month);
+    case DayName::day_of_year:
+      return static_cast<uint64_t>(day_of_year);
+    case DayName::date:
+      return static_cast<uint64_t>(year) * days_per_year + static_cast<uint64_t>(day_of_year);
+    case DayName::none:
+    case DayName::only_day:
+    case DayName::number:
+      break;
+  }
+  return 0;
+}
+
 }  // namespace
 
-uint64_t broken_down_to_schedule_seconds(std::string_view type, const std::tm& broken_down) {
+uint64_t broken_down_to_schedule_seconds(const ScheduleType* type, const std::tm& broken_down) {
+  if (type == nullptr || type->unit_length == 0) {
+    return no_time;
+  }
   const int clock = broken_down.tm_hour * 3600 + broken_down.tm_min * 60 + broken_down.tm_sec;
-  const auto second_of_day = static_cast<uint64_t>(clock);
-  const auto day_of_month = static_cast<uint64_t>(broken_down.tm_mday - 1);
-  const auto month = static_cast<uint64_t>(broken_down.tm_mon);
-  if (type == "daily") {
-    return second_of_day;
-  }
-  if (type == "weekly") {
-    return static_cast<uint64_t>(broken_down.tm_wday) * seconds_per_day + second_of_day;
-  }
-  const uint64_t second_of_month = day_of_month * seconds_per_day + second_of_day;
-  if (type == "monthly") {
-    return second_of_month;
-  }
-  const uint64_t second_of_year = month * seconds_per_month + second_of_month;
-  if (type == "yearly") {
-    return second_of_year;
-  }
-  if (type == "endless") {
-    constexpr int first_year = first_schedule_year - 1900;
-    const auto year = static_cast<uint64_t>(std::max(broken_down.tm_year, first_year) - first_year);
-    return year * seconds_per_year + second_of_year;
-  }
-  return no_time;
+  return day_of_unit(type->day_name, broken_down) * seconds_per_day + static_cast<uint64_t>(clock);
 }
 
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t) {
@@ -60,18 +63,18 @@ uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t) {
   if (localtime_r(&t, &broken_down) == nullptr) {
     return no_time;
   }
-  return broken_down_to_schedule_seconds(schedule.type, broken_down);
+  return broken_down_to_schedule_seconds(find_schedule_type(schedule.type), broken_down);
 }
 
 time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds) {
   return UnitClock(schedule).time_of(schedule_seconds);
 }
 
-UnitClock::UnitClock(const Schedule& schedule) : schedule_(schedule) {
+UnitClock::UnitClock(const Schedule& schedule) : type_(find_schedule_type(schedule.type)) {
   beginning_.time = schedule.unit_start;
   beginning_.exists = localtime_r(&beginning_.time, &base_) != nullptr;
   beginning_.unit_offset = base_.tm_gmtoff;
-  if (beginning_.exists && schedule.type == "endless") {
+  if (beginning_.exists && type_ != nullptr && type_->day_name == DayName::date) {
     const std::optional<time_t> first = endless_base(beginning_.unit_offset);
     beginning_.time = first.value_or(0);
     beginning_.exists = first && localtime_r(&*first, &base_) != nullptr;
@@ -101,15 +104,13 @@ time_t UnitClock::time_of(uint64_t schedule_seconds) {
 
 uint64_t UnitClock::schedule_seconds_of(time_t t) {
   const std::tm* broken_down = local_.breakdown(t);
-  return broken_down != nullptr ? broken_down_to_schedule_seconds(schedule_.type, *broken_down)
-                                : no_time;
+  return broken_down != nullptr ? broken_down_to_schedule_seconds(type_, *broken_down) : no_time;
 }
 
 UnitClock::Day UnitClock::look_at_day(uint64_t day_number) const {
   Day day;
   day.civil = advance(base_, day_number);
-  day.stretches =
-      stretches_around(day.civil, day.civil + static_cast<int64_t>(seconds_per_day) - 1);
+  day.stretches = stretches_around(day.civil, day.civil + int64_t{seconds_per_day} - 1);
   return day;
 }
 

@@ -5,16 +5,17 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/local_clock.hpp"
-#include "platform/local_stretches.hpp"
+#include "platform/time/local_clock.hpp"
+#include "platform/time/local_stretches.hpp"
 #include "schedule/schedule.hpp"
 
 // Conversions between schedule seconds and calendar time (seconds since the Unix epoch, broken
 // down in local time).
 
 /// Schedule seconds of a broken-down local time in a schedule of that type: the part of it that
-/// repeats with the type's unit. Years before 2020 count as 2020. no_time for a type without unit.
-uint64_t broken_down_to_schedule_seconds(std::string_view type, const std::tm& broken_down);
+/// repeats with the type's unit. Years before 2020 count as 2020. no_time without a type, or for
+/// one without unit.
+uint64_t broken_down_to_schedule_seconds(const ScheduleType* type, const std::tm& broken_down);
 
 /// Schedule seconds of a calendar time, or no_time when it has no local time or the type no unit.
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
@@ -62,7 +63,7 @@ class UnitClock {
   Day look_at_day(uint64_t day_number) const;
   time_t time_on(const Day& day, uint64_t second_of_day) const;
 
-  const Schedule& schedule_;
+  const ScheduleType* type_;  ///< null: an unknown one
   Beginning beginning_;
   std::tm base_{};  ///< local time of position 0
   LocalClock local_;

@@ -7,9 +7,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/activity.hpp"
-#include "platform/diagnostics.hpp"
-#include "platform/metadata_context.hpp"
+#include "platform/metadata_handles.hpp"
+#include "platform/system/activity.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_time.hpp"
@@ -18,31 +18,19 @@
 
 namespace {
 
-/// The last ungrouped "file type" of a set, which may be null.
-std::string file_type_in(metadata_v4_metadata_context* set) {
-  std::string file_type;
-  const int32_t count = set != nullptr ? set->entry_count : 0;
-  for (int32_t index = 0; index < count; ++index) {
-    const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set, index);
-    if (entry != nullptr && entry->name != nullptr && entry->value != nullptr &&
-        entry->name == std::string_view("file type") &&
-        metadata_v4_metadata_context_read_group_name(set, entry->group) == nullptr) {
-      file_type = entry->value;
-    }
-  }
-  return file_type;
-}
-
+/// The last ungrouped "file type" of the file's metadata.
 std::string file_type_of(const std::string& path) {
   const Activity activity("reading the metadata of", path.c_str());
   std::string file_type;
-  metadata_v4_context* context = metadata_v4_context_create();
-  if (bind_context(context, path.c_str())) {
-    metadata_v4_metadata_context* set = metadata_v4_metadata_context_from_file(context, 0, nullptr);
-    file_type = file_type_in(set);
-    metadata_v4_metadata_context_destroy(set);
+  if (const FileContext context = bind_file_context(path.c_str())) {
+    const MetadataSet set = read_metadata_set(context);
+    for_each_entry(set, [&](const metadata_v4_entry& entry) {
+      if (is_whole(entry) && entry.name == std::string_view("file type") &&
+          group_name(set, entry) == nullptr) {
+        file_type = entry.value;
+      }
+    });
   }
-  metadata_v4_context_destroy(context);
   return file_type;
 }
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
 
 namespace {
 

@@ -6,11 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/clock.hpp"
-#include "platform/output.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_time.hpp"
-#include "writers/append.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/listing_text.hpp"
 #include "writers/time_text.hpp"
@@ -21,12 +18,6 @@ constexpr size_t short_description_length = 100;
 
 using Row = const GracenoteRow&;
 
-/// A column: its header and, for a row, its text.
-struct Column {
-  const char* header;
-  std::string (*text)(const GracenoteRow& row);
-};
-
 std::string nothing(Row) {
   return {};
 }
@@ -36,7 +27,7 @@ std::string flag(bool is_set) {
 }
 
 // Every text is quoted but the station's.
-constexpr std::array<Column, 22> columns = {{
+constexpr auto columns = std::to_array<ListingColumn<GracenoteRow>>({
     {"Call Letters", [](Row) { return run_options.station_id; }},
     {"Air Date", [](Row row) { return csv_quote(time_to_date(row.start)); }},
     {"Air Time", [](Row row) { return csv_quote(time_to_clock(row.start)); }},
@@ -60,7 +51,7 @@ constexpr std::array<Column, 22> columns = {{
     {"CC", [](Row row) { return flag(row.cc); }},
     {"DVS", [](Row row) { return flag(row.dvs); }},
     {"Parental Rating", [](Row row) { return csv_quote(row.rating); }},
-}};
+});
 
 constexpr std::array<std::string GracenoteRow::*, 2> joined_texts = {
     &GracenoteRow::title, &GracenoteRow::description_short};
@@ -86,31 +77,10 @@ void set_description(GracenoteRow& row, const std::string& description) {
   }
 }
 
-void set_durations(std::vector<GracenoteRow>& rows) {
-  for (GracenoteRow& row : rows) {
-    row.duration = row.start < row.end ? static_cast<int32_t>(lasts(row) / 60) : 0;
-  }
+void set_duration(GracenoteRow& row) {
+  row.duration = row.start < row.end ? static_cast<int32_t>(lasts(row) / 60) : 0;
 }
 
-void append_header(std::string& out) {
-  const char* separator = "";
-  for (const Column& column : columns) {
-    append(out, separator, column.header);
-    separator = ",";
-  }
-  append(out, "\n");
-}
-
-void append_row(std::string& out, const GracenoteRow& row) {
-  const char* separator = "";
-  for (const Column& column : columns) {
-    append(out, separator, column.text(row));
-    separator = ",";
-  }
-  append(out, "\n");
-}
-
-/// All but the times.
 GracenoteRow row_of(const std::string& path, const MetadataMap& metadata) {
   GracenoteRow row;
   row.title = listing_title(metadata, path);
@@ -129,6 +99,8 @@ GracenoteRow row_of(const std::string& path, const MetadataMap& metadata) {
   return row;
 }
 
+constexpr Listing<GracenoteRow> listing = {columns, "\n", joined_texts, row_of, set_duration};
+
 }  // namespace
 
 GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
@@ -140,18 +112,5 @@ GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
 }
 
 void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end) {
-  const ListingHorizon horizon(current_time());
-  std::vector<GracenoteRow> rows =
-      collect_rows<GracenoteRow>(schedule, window_start, window_end, row_of, joined_texts);
-  clean_rows(rows);
-  set_durations(rows);
-  std::string out;
-  append_header(out);
-  for (const GracenoteRow& row : rows) {
-    if (horizon.shows(row)) {
-      append_row(out, row);
-      write_output_when_large(out);
-    }
-  }
-  write_output(out);
+  print_listing(schedule, window_start, window_end, listing);
 }

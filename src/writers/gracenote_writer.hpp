@@ -28,7 +28,8 @@ struct GracenoteRow {
   std::string rating = "None";
 };
 
-/// The row of one piece of an item with that metadata.
+/// The row of one piece of an item with that metadata. For users of the library: the listing makes
+/// a row once for each file.
 GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
                                 const MetadataMap& metadata);
 

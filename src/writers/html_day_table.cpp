@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/invariant.hpp"
-#include "platform/output.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/invariant.hpp"
+#include "platform/system/output.hpp"
 #include "writers/append.hpp"
 #include "writers/html_page.hpp"
 #include "writers/time_text.hpp"
@@ -105,7 +105,7 @@ constexpr std::string_view yearly_script[] = {
 
 /// How the days of a type of schedule are linked with each other.
 struct AnchorRules {
-  std::string_view type;
+  DayName day_name;
   std::string (*anchor)(const AnchorDay& day);
   Neighbour (*previous)(const AnchorDay& day);
   Neighbour (*next)(const AnchorDay& day);
@@ -113,16 +113,18 @@ struct AnchorRules {
 };
 
 const std::array<AnchorRules, 5> anchor_rules = {{
-    {"daily", no_anchor, no_neighbour, no_neighbour, {}},
-    {"weekly", weekly_anchor, day_before_in_week, day_after_in_week, weekly_script},
-    {"monthly", monthly_anchor, day_before_in_month, day_after_in_month, monthly_script},
-    {"yearly", yearly_anchor, day_before_in_year, day_after_in_year, yearly_script},
-    {"endless", endless_anchor, day_before_in_year, day_after_in_year, {}},
+    {DayName::only_day, no_anchor, no_neighbour, no_neighbour, {}},
+    {DayName::weekday, weekly_anchor, day_before_in_week, day_after_in_week, weekly_script},
+    {DayName::day_of_month, monthly_anchor, day_before_in_month, day_after_in_month,
+     monthly_script},
+    {DayName::day_of_year, yearly_anchor, day_before_in_year, day_after_in_year, yearly_script},
+    {DayName::date, endless_anchor, day_before_in_year, day_after_in_year, {}},
 }};
 
-const AnchorRules* find_rules(std::string_view type) {
+const AnchorRules* find_rules(std::string_view type_text) {
+  const ScheduleType* type = find_schedule_type(type_text);
   for (const AnchorRules& rules : anchor_rules) {
-    if (rules.type == type) {
+    if (type != nullptr && rules.day_name == type->day_name) {
       return &rules;
     }
   }

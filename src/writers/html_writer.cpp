@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "metadata/item_metadata.hpp"
-#include "platform/calendar.hpp"
-#include "platform/invariant.hpp"
-#include "platform/output.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/invariant.hpp"
+#include "platform/system/output.hpp"
+#include "platform/time/calendar.hpp"
 #include "schedule/run_options.hpp"
 #include "writers/append.hpp"
 #include "writers/html_day_table.hpp"
@@ -33,7 +33,7 @@ std::tm local_time(UnitClock& clock, time_t t, const char* expression) {
 void append_head(std::string& out, const Schedule& schedule, UnitClock& clock) {
   const std::tm tm = local_time(clock, static_cast<time_t>(run_options.report_time), "tm != NULL");
   append(out, page_opening);
-  append_xml_escaped(out, schedule.type.c_str());
+  append_xml_escaped(out, schedule.type);
   append(out, " schedule (as of ");
   append_date_and_time(out, tm);
   append(out, " ", tm.tm_zone, ")", page_style_opening);
@@ -64,7 +64,7 @@ void append_heading_date(std::string& out, UnitClock& clock, time_t t,
 void append_heading(std::string& out, const Schedule& schedule, UnitClock& clock,
                     time_t window_start, time_t window_end) {
   append(out, "    <h1 class=\"schedhead\"><span class=\"schedheadtype neversplit\">");
-  append_xml_escaped(out, upper_case(schedule.type).c_str());
+  append_xml_escaped(out, upper_case(schedule.type));
   append(out, " SCHEDULE</span><br><span class=\"schedheaddate\">\n");
   append_heading_date(out, clock, window_start, " ");
   append(out, " - ");
@@ -120,16 +120,16 @@ void append_text_cell(std::string& out, const ScheduleItem& item, const ItemMeta
   const std::string_view rating = file_name_of(metadata.rating);
   if (!rating.empty()) {
     append(out, "<span class=\"schedrating\">");
-    append_xml_escaped(out, rating.data());
+    append_xml_escaped(out, rating);
     append(out, "</span>");
   }
   append(out, "<span class=\"schedprogram\" id=\"program\">");
-  append_xml_escaped(out, display_name(item, metadata).c_str());
+  append_xml_escaped(out, display_name(item, metadata));
   append(out, "</span>");
   const std::string& summary = metadata.summary.empty() ? metadata.description : metadata.summary;
   if (!summary.empty()) {
     append(out, "<br><div class=\"schedsummary\">");
-    append_xml_escaped(out, summary.c_str());
+    append_xml_escaped(out, summary);
     append(out, "</div>");
   }
   append(out, cell_closing);
@@ -184,7 +184,8 @@ void append_days(std::string& out, const Schedule& schedule, UnitClock& clock, t
   time_t current_day = 0;
   DayStart day_start;
   SecondsRule seconds;
-  ItemMetadataSlots slots;
+  MetadataPerFile<ItemMetadata> metadata_per_file(
+      [](const std::string&, const MetadataSet& set) { return extract_item_metadata(set); });
   walk_items(schedule, clock, window_start, window_end, [&](const ScheduleItem& item, time_t t) {
     const std::tm start = local_time(clock, t, "ptm != NULL");
     const time_t day = day_start.of(t, start);
@@ -192,12 +193,11 @@ void append_days(std::string& out, const Schedule& schedule, UnitClock& clock, t
       append(out, is_table_open ? "    </table>\n" : "");
       append_day_table_opening(out, schedule, day);
     }
-    const ItemMetadata metadata = read_item_metadata(slots, item);
-    if (metadata.announce >= 1) {
+    const ItemMetadata& metadata = metadata_per_file.of(item);
+    if (derive_announce(metadata, item) >= 1) {
       const std::tm end = local_time(clock, clock.time_of(item.end), "ptm != NULL");
       append_row(out, item, metadata, start, end, seconds);
     }
-    slots.release();
     current_day = day;
     is_table_open = true;
     write_output_when_large(out);

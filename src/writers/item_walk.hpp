@@ -11,7 +11,8 @@ constexpr bool time_in_window(time_t t, time_t window_start, time_t window_end) 
 }
 
 /// Whether an item that starts at `start` schedule seconds belongs to the report window. An item
-/// is shown whole or not at all, by its start alone.
+/// is shown whole or not at all, by its start alone. For users of the library, who look at one
+/// item.
 bool item_in_window(const Schedule& schedule, time_t window_start, time_t window_end,
                     uint64_t start);
 

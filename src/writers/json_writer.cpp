@@ -7,14 +7,14 @@
 #include <string>
 #include <string_view>
 
-#include "platform/json_text.hpp"
-#include "platform/output.hpp"
-#include "platform/text.hpp"
+#include "metadata/item_metadata.hpp"
+#include "platform/syntax/json_text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/output.hpp"
 #include "schedule/run_options.hpp"
 #include "writers/append.hpp"
 #include "writers/item_walk.hpp"
 #include "writers/metadata_map.hpp"
-#include "writers/rendered_metadata.hpp"
 #include "writers/time_text.hpp"
 
 // Members stand in ascending order of their keys, wherever they are written.
@@ -63,7 +63,8 @@ void append_report_time(std::string& out) {
 }
 
 /// A text that the document cannot do without. What lacks it is no metadata at all: rather no
-/// document than a wrong one.
+/// document than a wrong one. The words are those with which the C++ library refuses to make a text
+/// of a null pointer; they have always ended such a run.
 const char* required(const char* text) {
   if (text == nullptr) {
     throw std::logic_error("basic_string::_M_construct null not valid");
@@ -71,7 +72,14 @@ const char* required(const char* text) {
   return text;
 }
 
-void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
+struct ItemTexts {
+  ItemMetadata metadata;
+  std::string object;  ///< the metadata as a JSON object
+};
+
+ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
+  ItemTexts texts{extract_item_metadata(set), {}};
+  std::string& out = texts.object;
   MetadataCollector collector;
   for_each_entry(set, [&](const metadata_v4_entry& entry) {
     collector.add(required(entry.name), required(entry.value));
@@ -86,18 +94,19 @@ void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
     separator = ", ";
   }
   append(out, "}");
+  return texts;
 }
 
 void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, time_t start,
-                 const RenderedMetadata& metadata) {
+                 const ItemTexts& texts) {
   const std::string_view path = item.item;
   append(out, "{\"announce\": ");
-  append_signed(out, metadata.announce);
+  append_signed(out, derive_announce(texts.metadata, item));
   append(out, ", \"default\": ", item.is_default ? "true" : "false", ", \"end_unix\": ");
   append_time(out, clock, clock.time_of(item.end));
   append(out, ", \"label\": ");
   append_json_string(out, item.label);
-  append(out, ", \"metadata\": ", metadata.text, ", \"name\": ");
+  append(out, ", \"metadata\": ", texts.object, ", \"name\": ");
   append_json_string(out, file_name_of(path));
   append(out, ", \"opath\": ");
   append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
@@ -114,12 +123,12 @@ void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
   append(out, "{\"end_unix\": ");
   append_time(out, clock, window_end);
   append(out, ", \"items\": [");
-  MetadataRenderer renderer(append_metadata);
+  MetadataPerFile<ItemTexts> texts_per_file(texts_of);
   const char* separator = "";
   walk_items(schedule, clock, window_start, window_end,
              [&](const ScheduleItem& item, time_t start) {
                append(out, separator);
-               append_item(out, clock, item, start, renderer.of(item));
+               append_item(out, clock, item, start, texts_per_file.of(item));
                separator = ", ";
              });
   append(out, "], \"reporttime\": ");

@@ -5,15 +5,19 @@
 #include <ctime>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "metadata/item_metadata.hpp"
-#include "platform/calendar.hpp"
-#include "platform/text.hpp"
+#include "platform/system/clock.hpp"
+#include "platform/system/output.hpp"
+#include "platform/time/calendar.hpp"
 #include "schedule/airing_expansion.hpp"
 #include "schedule/schedule.hpp"
+#include "writers/append.hpp"
 #include "writers/item_walk.hpp"
+#include "writers/listing_text.hpp"
 #include "writers/metadata_map.hpp"
 
 // The rows of the listing formats: one for each airing and calendar day, cleaned up as listing
@@ -26,7 +30,8 @@ inline constexpr time_t shortest_row = 300;
 /// The days that a listing covers: from the start of today to the end of the day 21 days ahead.
 struct ListingHorizon {
   explicit ListingHorizon(time_t now)
-      : start(calendar_start_of_day(now)), end(calendar_end_of_day(now + 21 * 86400)) {}
+      : start(calendar_start_of_day(now)),
+        end(calendar_end_of_day(now + 21 * time_t{seconds_per_day})) {}
 
   template <typename Row>
   bool shows(const Row& row) const {
@@ -36,17 +41,6 @@ struct ListingHorizon {
   time_t start;
   time_t end;
 };
-
-/// An item's metadata with all names in lower case.
-inline MetadataMap listing_metadata(metadata_v4_metadata_context* set) {
-  MetadataCollector collector;
-  for_each_entry(set, [&](const metadata_v4_entry& entry) {
-    if (entry.name != nullptr && entry.value != nullptr) {
-      collector.add(lower_case(entry.name), entry.value);
-    }
-  });
-  return std::move(collector.map);
-}
 
 /// The nearest whole minute, half a minute up.
 inline time_t rounded_to_minute(UnitClock& clock, time_t t) {
@@ -59,15 +53,40 @@ time_t lasts(const Row& row) {
   return row.end - row.start;
 }
 
-/// Folds a short row into the short row that it follows without a gap; `joined` names the texts of
-/// which the row keeps both. False, with nothing changed, when the two stay apart.
+/// A column: its header and, for a row, its text.
 template <typename Row>
-bool fold_into(Row& row, const Row& next, std::span<std::string Row::*const> joined) {
-  if (lasts(row) >= shortest_row || lasts(next) >= shortest_row || row.end != next.start) {
+struct ListingColumn {
+  const char* header;
+  std::string (*text)(const Row& row);
+};
+
+/// What makes one listing different from the other.
+template <typename Row>
+struct Listing {
+  std::span<const ListingColumn<Row>> columns;
+  std::string_view line_end;
+  std::span<std::string Row::*const> joined_texts;  ///< of which folded rows keep both
+  /// The row of a file with that metadata, all but the times.
+  Row (*make_row)(const std::string& path, const MetadataMap& metadata);
+  void (*finish_row)(Row& row);  ///< called when its times are final; null: nothing is left to do
+};
+
+/// What a listing knows of an item.
+template <typename Row>
+struct ListedItem {
+  ItemMetadata metadata;
+  Row row;  ///< without times
+};
+
+/// Folds the row of a short piece into the short row that it follows without a gap. False, with
+/// nothing changed, when the two stay apart.
+template <typename Row>
+bool fold_into(Row& row, const Row& next, time_t start, time_t end, const Listing<Row>& listing) {
+  if (lasts(row) >= shortest_row || end - start >= shortest_row || row.end != start) {
     return false;
   }
-  row.end = next.end;
-  for (std::string Row::*const text : joined) {
+  row.end = end;
+  for (std::string Row::*const text : listing.joined_texts) {
     if (!(next.*text).empty() && next.*text != row.*text) {
       row.*text += " / " + next.*text;
     }
@@ -75,41 +94,40 @@ bool fold_into(Row& row, const Row& next, std::span<std::string Row::*const> joi
   return true;
 }
 
-/// The rows of all announced items in the report window, in airing order: for each piece of an
-/// item what make_row(path, metadata) makes of it, with the piece's times rounded to whole minutes.
-/// A piece that has no length then makes none, and runs of short rows become one each: a channel of
-/// short clips has a hundred items for each of its rows.
+/// The rows of all announced items in the report window, in airing order, one for each piece of an
+/// item, with the piece's times rounded to whole minutes. A piece that has no length then makes
+/// none, and runs of short rows become one each: a channel of short clips has a hundred items for
+/// each of its rows.
 template <typename Row>
-std::vector<Row> collect_rows(Schedule& schedule, time_t window_start, time_t window_end,
-                              Row (*make_row)(const std::string& path, const MetadataMap&),
-                              std::span<std::string Row::*const> joined) {
+std::vector<Row> collect_rows(const Schedule& schedule, time_t window_start, time_t window_end,
+                              const Listing<Row>& listing) {
   std::vector<Row> rows;
   UnitClock clock(schedule);
-  ItemMetadataSlots slots;
-  const auto add_row = [&](const std::string& path, uint64_t piece_start, uint64_t piece_end) {
+  MetadataPerFile<ListedItem<Row>> listed_per_file(
+      [&listing](const std::string& path, const MetadataSet& set) {
+        return ListedItem<Row>{extract_item_metadata(set),
+                               listing.make_row(path, listing_metadata(set))};
+      });
+  const auto add_row = [&](const Row& timeless, uint64_t piece_start, uint64_t piece_end) {
     const time_t start = rounded_to_minute(clock, clock.time_of(piece_start));
     const time_t end = rounded_to_minute(clock, clock.time_of(piece_end));
-    if (start != end) {
-      Row row = make_row(path, listing_metadata(slots.set));
-      row.start = start;
-      row.end = end;
-      if (rows.empty() || !fold_into(rows.back(), row, joined)) {
-        rows.push_back(std::move(row));
-      }
+    if (start != end && (rows.empty() || !fold_into(rows.back(), timeless, start, end, listing))) {
+      rows.push_back(timeless);
+      rows.back().start = start;
+      rows.back().end = end;
     }
   };
-  const auto add_item = [&](const ScheduleItem& item, time_t /*start*/) {
-    if (read_item_metadata(slots, item).announce >= 1) {
+  walk_items(schedule, clock, window_start, window_end, [&](const ScheduleItem& item, time_t) {
+    const ListedItem<Row>& listed = listed_per_file.of(item);
+    if (derive_announce(listed.metadata, item) >= 1) {
       uint64_t piece_start = item.start;
       for (const uint64_t cut : airing_cuts(clock, item)) {
-        add_row(item.item, piece_start, cut);
+        add_row(listed.row, piece_start, cut);
         piece_start = cut;
       }
-      add_row(item.item, piece_start, item.end);
+      add_row(listed.row, piece_start, item.end);
     }
-    slots.release();
-  };
-  walk_items(schedule, clock, window_start, window_end, add_item);
+  });
   return rows;
 }
 
@@ -146,4 +164,34 @@ void clean_rows(std::vector<Row>& rows) {
   stretch_short_rows(rows);
   std::erase_if(rows, [](const Row& row) { return lasts(row) < shortest_row; });
   close_gaps(rows);
+}
+
+/// Prints the announced items that start in the report window (calendar time): a header line and a
+/// line for each row from today to 21 days ahead.
+template <typename Row>
+void print_listing(const Schedule& schedule, time_t window_start, time_t window_end,
+                   const Listing<Row>& listing) {
+  const ListingHorizon horizon(current_time());
+  std::vector<Row> rows = collect_rows(schedule, window_start, window_end, listing);
+  clean_rows(rows);
+  std::string out;
+  const auto append_line = [&](auto text_of) {
+    const char* separator = "";
+    for (const ListingColumn<Row>& column : listing.columns) {
+      append(out, separator, text_of(column));
+      separator = ",";
+    }
+    append(out, listing.line_end);
+  };
+  append_line([](const ListingColumn<Row>& column) { return column.header; });
+  for (Row& row : rows) {
+    if (horizon.shows(row)) {
+      if (listing.finish_row != nullptr) {
+        listing.finish_row(row);
+      }
+      append_line([&](const ListingColumn<Row>& column) { return column.text(row); });
+      write_output_when_large(out);
+    }
+  }
+  write_output(out);
 }

@@ -1,6 +1,6 @@
 #include "writers/listing_text.hpp"
 
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/syntax/text.hpp"
+
 void MetadataCollector::add(std::string name, const std::string& value) {
   std::string& stored = map[name];
   if (name == previous_name) {
@@ -11,4 +13,14 @@ void MetadataCollector::add(std::string name, const std::string& value) {
     stored = value;
   }
   previous_name = std::move(name);
+}
+
+MetadataMap listing_metadata(const MetadataSet& set) {
+  MetadataCollector collector;
+  for_each_entry(set, [&](const metadata_v4_entry& entry) {
+    if (is_whole(entry)) {
+      collector.add(lower_case(entry.name), entry.value);
+    }
+  });
+  return std::move(collector.map);
 }

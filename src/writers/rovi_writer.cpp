@@ -3,59 +3,51 @@
 #include <array>
 #include <string_view>
 
-#include "platform/clock.hpp"
-#include "platform/output.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_time.hpp"
-#include "writers/append.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/listing_text.hpp"
 #include "writers/time_text.hpp"
 
 namespace {
 
-constexpr std::string_view line_end = "\r\n";
-
-/// A column: its header and, for a row, its text.
-struct Column {
-  const char* header;
-  std::string (*text)(const RoviRow& row, const std::string& station_id);
-};
-
 using Row = const RoviRow&;
-using Station = const std::string&;
+
+std::string nothing(Row) {
+  return {};
+}
 
 std::string number_from(int32_t number, int32_t lowest) {
   return number >= lowest ? std::to_string(number) : std::string();
 }
 
 // Only title and description are quoted; a comma anywhere else goes out as it is.
-constexpr std::array<Column, 21> columns = {{
-    {"Station_ID", [](Row, Station station_id) { return station_id; }},
-    {"Program Start Date", [](Row row, Station) { return time_to_date(row.start); }},
-    {"Program Start Time", [](Row row, Station) { return time_to_clock(row.start); }},
-    {"Program End Time", [](Row row, Station) { return time_to_clock(row.end); }},
-    {"Duration", [](Row row, Station) { return minutes_between(row.start, row.end); }},
-    {"Program Title", [](Row row, Station) { return csv_quote(row.title); }},
-    {"Program Description", [](Row row, Station) { return csv_quote(row.description); }},
+constexpr auto columns = std::to_array<ListingColumn<RoviRow>>({
+    {"Station_ID", [](Row) { return run_options.station_id; }},
+    {"Program Start Date", [](Row row) { return time_to_date(row.start); }},
+    {"Program Start Time", [](Row row) { return time_to_clock(row.start); }},
+    {"Program End Time", [](Row row) { return time_to_clock(row.end); }},
+    {"Duration", [](Row row) { return minutes_between(row.start, row.end); }},
+    {"Program Title", [](Row row) { return csv_quote(row.title); }},
+    {"Program Description", [](Row row) { return csv_quote(row.description); }},
     {"Category",
-     [](Row row, Station) {
+     [](Row row) {
        return genre_display_name(row.category ? row.category->genre : ListingGenre::Other);
      }},
-    {"Sub Category", [](Row, Station) { return subcategory_display_name(); }},
-    {"Time Zone", [](Row, Station) { return std::string("Local"); }},
-    {"Program Type", [](Row row, Station) { return row.program_type; }},
-    {"Episode Title", [](Row row, Station) { return row.episode_title; }},
-    {"Episode Number", [](Row row, Station) { return number_from(row.episode_number, 0); }},
-    {"Image", [](Row, Station) { return std::string(); }},
-    {"Schedule Rating", [](Row row, Station) { return row.schedule_rating; }},
-    {"Airing Type", [](Row row, Station) { return row.airing_type; }},
-    {"Captioning", [](Row row, Station) { return row.captioning; }},
-    {"Credits", [](Row row, Station) { return row.credits; }},
-    {"Release Year", [](Row row, Station) { return number_from(row.release_year, 1); }},
-    {"Language", [](Row row, Station) { return row.language; }},
-    {"Season Number", [](Row row, Station) { return number_from(row.season_number, 1); }},
-}};
+    {"Sub Category", [](Row) { return subcategory_display_name(); }},
+    {"Time Zone", [](Row) { return std::string("Local"); }},
+    {"Program Type", [](Row row) { return row.program_type; }},
+    {"Episode Title", [](Row row) { return row.episode_title; }},
+    {"Episode Number", [](Row row) { return number_from(row.episode_number, 0); }},
+    {"Image", nothing},
+    {"Schedule Rating", [](Row row) { return row.schedule_rating; }},
+    {"Airing Type", [](Row row) { return row.airing_type; }},
+    {"Captioning", [](Row row) { return row.captioning; }},
+    {"Credits", [](Row row) { return row.credits; }},
+    {"Release Year", [](Row row) { return number_from(row.release_year, 1); }},
+    {"Language", [](Row row) { return row.language; }},
+    {"Season Number", [](Row row) { return number_from(row.season_number, 1); }},
+});
 
 constexpr std::array<std::string RoviRow::*, 2> joined_texts = {&RoviRow::title,
                                                                 &RoviRow::description};
@@ -93,16 +85,6 @@ std::string rating_of(const MetadataMap& metadata) {
                                            : rating;
 }
 
-void append_line(std::string& out, const std::vector<std::string>& fields) {
-  const char* separator = "";
-  for (const std::string& field : fields) {
-    append(out, separator, field);
-    separator = ",";
-  }
-  append(out, line_end);
-}
-
-/// All but the times.
 RoviRow row_of(const std::string& path, const MetadataMap& metadata) {
   RoviRow row;
   row.title = listing_title(metadata, path);
@@ -113,6 +95,8 @@ RoviRow row_of(const std::string& path, const MetadataMap& metadata) {
   row.schedule_rating = rating_of(metadata);
   return row;
 }
+
+constexpr Listing<RoviRow> listing = {columns, "\r\n", joined_texts, row_of, nullptr};
 
 }  // namespace
 
@@ -126,29 +110,13 @@ RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const Metad
 std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id) {
   std::vector<std::string> fields;
   fields.reserve(columns.size());
-  for (const Column& column : columns) {
-    fields.push_back(column.text(row, station_id));
+  for (const ListingColumn<RoviRow>& column : columns) {
+    fields.push_back(column.text(row));
   }
+  fields.front() = station_id;
   return fields;
 }
 
 void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end) {
-  const ListingHorizon horizon(current_time());
-  std::vector<RoviRow> rows =
-      collect_rows<RoviRow>(schedule, window_start, window_end, row_of, joined_texts);
-  clean_rows(rows);
-  std::vector<std::string> headers;
-  headers.reserve(columns.size());
-  for (const Column& column : columns) {
-    headers.emplace_back(column.header);
-  }
-  std::string out;
-  append_line(out, headers);
-  for (const RoviRow& row : rows) {
-    if (horizon.shows(row)) {
-      append_line(out, rovi_row_fields(row, run_options.station_id));
-      write_output_when_large(out);
-    }
-  }
-  write_output(out);
+  print_listing(schedule, window_start, window_end, listing);
 }

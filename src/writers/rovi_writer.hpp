@@ -30,10 +30,11 @@ struct RoviRow {
   int32_t season_number = -1;  ///< unused
 };
 
-/// The row of one piece of an item with that metadata.
+/// The row of one piece of an item with that metadata. For users of the library: the listing makes
+/// a row once for each file.
 RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata);
 
-/// The printed texts of a row, in column order.
+/// The printed texts of a row, in column order. For users of the library too.
 std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id);
 
 /// Prints the announced items that start in the report window (calendar time) as a Rovi "LO

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/calendar.hpp"
+#include "platform/time/calendar.hpp"
 
 namespace {
 

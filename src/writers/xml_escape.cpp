@@ -1,6 +1,6 @@
 #include "writers/xml_escape.hpp"
 
-#include <cstring>
+#include <array>
 
 namespace {
 
@@ -19,23 +19,30 @@ const char* entity_of(char c) {
   }
 }
 
+constexpr std::array<bool, 256> has_entity = [] {
+  std::array<bool, 256> table{};
+  for (const char c : {'"', '&', '\'', '<', '>'}) {
+    table[static_cast<unsigned char>(c)] = true;
+  }
+  return table;
+}();
+
 }  // namespace
 
-std::string xml_escape(const char* text) {
+std::string xml_escape(std::string_view text) {
   std::string escaped;
   append_xml_escaped(escaped, text);
   return escaped;
 }
 
-void append_xml_escaped(std::string& out, const char* text) {
-  for (;;) {
-    const size_t plain = std::strcspn(text, "\"&'<>");
-    out.append(text, plain);
-    text += plain;
-    if (*text == '\0') {
-      return;
+void append_xml_escaped(std::string& out, std::string_view text) {
+  const char* plain = text.data();
+  for (const char& c : text) {
+    if (has_entity[static_cast<unsigned char>(c)]) {
+      out.append(plain, &c);
+      out.append(entity_of(c));
+      plain = &c + 1;
     }
-    out.append(entity_of(*text));
-    ++text;
   }
+  out.append(plain, text.data() + text.size());
 }

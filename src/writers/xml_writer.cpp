@@ -3,13 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "platform/invariant.hpp"
-#include "platform/output.hpp"
-#include "platform/text.hpp"
+#include "metadata/item_metadata.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/invariant.hpp"
+#include "platform/system/output.hpp"
 #include "schedule/run_options.hpp"
 #include "writers/append.hpp"
 #include "writers/item_walk.hpp"
-#include "writers/rendered_metadata.hpp"
 #include "writers/xml_escape.hpp"
 
 namespace {
@@ -46,7 +46,7 @@ void append_report_time(std::string& out, UnitClock& clock) {
 void append_head(std::string& out, const Schedule& schedule, UnitClock& clock, time_t window_start,
                  time_t window_end) {
   append(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<schedule>\n  <type>");
-  append_xml_escaped(out, schedule.type.c_str());
+  append_xml_escaped(out, schedule.type);
   append(out, "</type>\n");
   append_report_time(out, clock);
   append_time(out, clock, "  ", "start", window_start);
@@ -57,17 +57,16 @@ void append_head(std::string& out, const Schedule& schedule, UnitClock& clock, t
 void append_item(std::string& out, const ScheduleItem& item, bool announced) {
   append(out, "      <item default=\"", item.is_default ? "1" : "0", "\" announce=\"",
          announced ? "1" : "0", "\">");
-  append_xml_escaped(out, item.item.c_str());
+  append_xml_escaped(out, item.item);
   append(out, "</item>\n      <name>");
-  append_xml_escaped(out, file_name_of(item.item).data());
+  append_xml_escaped(out, file_name_of(item.item));
   append(out, "</name>\n      <label>", item.label, "</label>\n");
 }
 
 /// Only the value is escaped: group and name are the library's own texts.
-void append_entry(std::string& out, metadata_v4_metadata_context* set,
-                  const metadata_v4_entry& entry) {
+void append_entry(std::string& out, const MetadataSet& set, const metadata_v4_entry& entry) {
   append(out, "        <entry");
-  if (const char* group = metadata_v4_metadata_context_read_group_name(set, entry.group)) {
+  if (const char* group = group_name(set, entry)) {
     append(out, " group=\"", group, "\"");
   }
   if (entry.name != nullptr) {
@@ -80,13 +79,20 @@ void append_entry(std::string& out, metadata_v4_metadata_context* set,
   append(out, "</entry>\n");
 }
 
-void append_metadata(std::string& out, metadata_v4_metadata_context* set) {
-  if (set == nullptr) {
-    return;
+struct ItemTexts {
+  ItemMetadata metadata;
+  std::string meta;  ///< the element of that name
+};
+
+ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
+  ItemTexts texts{extract_item_metadata(set), {}};
+  if (set != nullptr) {
+    append(texts.meta, "      <meta>\n");
+    for_each_entry(set,
+                   [&](const metadata_v4_entry& entry) { append_entry(texts.meta, set, entry); });
+    append(texts.meta, "      </meta>\n");
   }
-  append(out, "      <meta>\n");
-  for_each_entry(set, [&](const metadata_v4_entry& entry) { append_entry(out, set, entry); });
-  append(out, "      </meta>\n");
+  return texts;
 }
 
 }  // namespace
@@ -95,14 +101,14 @@ void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
   UnitClock clock(schedule);
   append_head(out, schedule, clock, window_start, window_end);
-  MetadataRenderer renderer(append_metadata);
+  MetadataPerFile<ItemTexts> texts_per_file(texts_of);
   const auto append_entry_of = [&](const ScheduleItem& item, time_t start) {
-    const RenderedMetadata metadata = renderer.of(item);
+    const ItemTexts& texts = texts_per_file.of(item);
     append(out, "    <entry>\n");
     append_time(out, clock, "      ", "start", start);
     append_time(out, clock, "      ", "end", clock.time_of(item.end));
-    append_item(out, item, metadata.announce > 0);
-    append(out, metadata.text, "    </entry>\n");
+    append_item(out, item, derive_announce(texts.metadata, item) > 0);
+    append(out, texts.meta, "    </entry>\n");
     write_output_when_large(out);
   };
   walk_items(schedule, clock, window_start, window_end, append_entry_of);

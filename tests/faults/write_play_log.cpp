@@ -8,7 +8,7 @@
 #include <string>
 
 #include "metadata/play_log.hpp"
-#include "platform/file.hpp"
+#include "platform/system/file.hpp"
 
 int main() {
   std::set_new_handler([] { std::_Exit(EXIT_FAILURE); });

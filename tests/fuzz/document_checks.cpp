@@ -19,10 +19,9 @@ constexpr size_t rovi_columns = 21;
 template <typename Visit>
 void for_each_shown_entry(const Schedule& schedule, Visit visit) {
   for (const auto& [start, item] : schedule.schedule) {
-    ItemMetadataSlots slots;
-    open_item_metadata(slots.set, slots.context, item.item.c_str(), item);
-    for_each_entry(slots.set, [&](const metadata_v4_entry& entry) {
-      const char* group = metadata_v4_metadata_context_read_group_name(slots.set, entry.group);
+    const OpenedMetadata opened = open_item_metadata(item);
+    for_each_entry(opened.set, [&](const metadata_v4_entry& entry) {
+      const char* group = group_name(opened.set, entry);
       visit(entry, group != nullptr ? group : "");
     });
   }

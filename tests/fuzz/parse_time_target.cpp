@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fuzz/fuzz_target.hpp"
-#include "platform/parse_time.hpp"
+#include "platform/time/parse_time.hpp"
 
 namespace {
 

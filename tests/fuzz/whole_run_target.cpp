@@ -11,12 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "driver/load_schedule.hpp"
-#include "driver/merge_play_log.hpp"
 #include "driver/options.hpp"
-#include "driver/patch_subschedules.hpp"
-#include "driver/print_document.hpp"
-#include "driver/report_window.hpp"
+#include "driver/run_steps.hpp"
 #include "fuzz/document_checks.hpp"
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"

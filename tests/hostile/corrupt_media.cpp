@@ -18,7 +18,7 @@
 
 #include "platform/standalone/embedded_tags.hpp"
 #include "platform/standalone/mime_type.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "platform/metadata_context.hpp"
+#include "platform/metadata_handles.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/run_options.hpp"
@@ -19,18 +19,13 @@ bool is_schedule_file(const std::string& path) {
     return false;
   }
   std::string file_type;
-  metadata_v4_context* context = metadata_v4_context_create();
-  if (bind_context(context, path.c_str())) {
-    metadata_v4_metadata_context* set = metadata_v4_metadata_context_from_file(context, 0, nullptr);
-    for (int32_t i = 0; set != nullptr && i < set->entry_count; ++i) {
-      const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set, i);
-      if (entry->name == std::string_view("file type")) {
-        file_type = entry->value;
+  if (const FileContext context = bind_file_context(path.c_str())) {
+    for_each_entry(read_metadata_set(context), [&](const metadata_v4_entry& entry) {
+      if (entry.name == std::string_view("file type")) {
+        file_type = entry.value;
       }
-    }
-    metadata_v4_metadata_context_destroy(set);
+    });
   }
-  metadata_v4_context_destroy(context);
   return find_schedule_type_of_mime_type(file_type) != nullptr;
 }
 

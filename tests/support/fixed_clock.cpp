@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "platform/clock.hpp"
+#include "platform/system/clock.hpp"
 
 time_t current_time() {
   const char* now = std::getenv("NOW");

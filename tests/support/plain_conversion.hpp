@@ -7,7 +7,7 @@
 #include <string>
 #include <tuple>
 
-#include "platform/civil_date.hpp"
+#include "platform/time/civil_date.hpp"
 #include "schedule/schedule.hpp"
 
 // The calendar time of a schedule position, worked out from nothing: every offset that the zone has

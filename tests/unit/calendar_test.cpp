@@ -1,4 +1,4 @@
-#include "platform/calendar.hpp"
+#include "platform/time/calendar.hpp"
 
 #include <gtest/gtest.h>
 

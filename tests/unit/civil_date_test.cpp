@@ -1,4 +1,4 @@
-#include "platform/civil_date.hpp"
+#include "platform/time/civil_date.hpp"
 
 #include <gtest/gtest.h>
 

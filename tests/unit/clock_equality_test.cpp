@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/local_clock.hpp"
-#include "platform/local_stretches.hpp"
+#include "platform/time/local_clock.hpp"
+#include "platform/time/local_stretches.hpp"
 #include "properties/random.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"

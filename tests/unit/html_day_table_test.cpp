@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/output.hpp"
+#include "platform/system/output.hpp"
 #include "support/zone.hpp"
 
 namespace {

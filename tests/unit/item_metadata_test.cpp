@@ -10,10 +10,10 @@ TEST(ItemMetadata, ABlockIsAnnouncedByItsOwnMarkAlone) {
   item.label = "Late Club";
   ItemMetadata metadata;
   metadata.announce = 1;
-  EXPECT_EQ(derive_announce(metadata, false, item), 0);
+  EXPECT_EQ(derive_announce(metadata, item), 0);
   item.block_announce = true;
   metadata.announce = 0;
-  EXPECT_EQ(derive_announce(metadata, false, item), 1);
+  EXPECT_EQ(derive_announce(metadata, item), 1);
 }
 
 }  // namespace

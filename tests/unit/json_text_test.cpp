@@ -1,4 +1,4 @@
-#include "platform/json_text.hpp"
+#include "platform/syntax/json_text.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/line_reader.hpp"
+#include "platform/system/line_reader.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

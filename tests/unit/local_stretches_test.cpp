@@ -1,4 +1,4 @@
-#include "platform/local_stretches.hpp"
+#include "platform/time/local_stretches.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/parse_time.hpp"
+#include "platform/time/parse_time.hpp"
 
 #include <gtest/gtest.h>
 

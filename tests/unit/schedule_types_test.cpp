@@ -1,4 +1,4 @@
-#include "platform/schedule_types.hpp"
+#include "platform/syntax/schedule_types.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
 
 #include <gtest/gtest.h>
 

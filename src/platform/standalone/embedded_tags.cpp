@@ -15,7 +15,7 @@
 #include "platform/standalone/helper_process.hpp"
 #include "platform/standalone/media_stream.hpp"
 #include "platform/standalone/packed_tags.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <set>
 #include <utility>
 
-#include "platform/file.hpp"
 #include "platform/standalone/embedded_tags.hpp"
 #include "platform/standalone/mime_type.hpp"
 #include "platform/standalone/sidecar.hpp"
+#include "platform/system/file.hpp"
 
 namespace {
 

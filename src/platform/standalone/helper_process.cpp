@@ -19,8 +19,8 @@
 #include <new>
 #include <utility>
 
-#include "platform/run_failure.hpp"
-#include "platform/signals.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/system/run_limits.hpp"
 
 namespace {
 

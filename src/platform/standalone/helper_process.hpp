@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/file.hpp"
+#include "platform/system/file.hpp"
 
 /// A process beside the run in which files are read that may crash, spin or fill the memory of what
 /// reads them. It is forked when it is first asked, answers one question after the other, and is

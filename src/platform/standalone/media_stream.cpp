@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/file.hpp"
 #include "platform/standalone/id3v2_tag.hpp"
+#include "platform/system/file.hpp"
 
 namespace {
 

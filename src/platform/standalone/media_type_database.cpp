@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/run_failure.hpp"
+#include "platform/system/messages.hpp"
 
 extern unsigned char media_type_rules[];  // media_types.magic, compiled by file(1) for the build
 extern const size_t media_type_rules_size;

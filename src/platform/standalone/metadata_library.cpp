@@ -11,11 +11,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/file.hpp"
 #include "platform/metadata_v4.h"
-#include "platform/run_failure.hpp"
 #include "platform/standalone/file_metadata.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
 
 namespace {
 

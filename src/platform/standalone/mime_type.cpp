@@ -2,11 +2,11 @@
 
 #include <optional>
 
-#include "platform/file.hpp"
-#include "platform/schedule_lines.hpp"
-#include "platform/schedule_types.hpp"
 #include "platform/standalone/media_type_database.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/schedule_types.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
 
 namespace {
 
@@ -127,7 +127,7 @@ std::string_view sniff_schedule(std::string_view content) {
       }
     }
   }
-  return has_item ? find_schedule_type("weekly")->mime_type : std::string_view();
+  return has_item ? find_schedule_type(default_schedule_type)->mime_type : std::string_view();
 }
 
 bool is_transport_stream(std::string_view content) {

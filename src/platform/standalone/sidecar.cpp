@@ -6,8 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "platform/file.hpp"
-#include "platform/text.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
 
 namespace {
 

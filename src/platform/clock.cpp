@@ -1,5 +1,0 @@
-#include "platform/clock.hpp"
-
-time_t current_time() {
-  return std::time(nullptr);
-}

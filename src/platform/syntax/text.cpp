@@ -1,0 +1,65 @@
+#include "platform/syntax/text.hpp"
+
+#include <algorithm>
+
+namespace {
+
+std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
+  if (separator == std::string_view::npos) {
+    return std::nullopt;
+  }
+  const NameValue pair{strip_blanks(line.substr(0, separator)),
+                       strip_blanks(line.substr(separator + 1))};
+  if (pair.name.empty() || pair.value.empty()) {
+    return std::nullopt;
+  }
+  return pair;
+}
+
+}  // namespace
+
+std::string lower_case(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), to_lower);
+  return lower;
+}
+
+std::string upper_case(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), to_upper);
+  return upper;
+}
+
+std::string_view file_name_of(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);  // npos + 1 is 0: no "/", the whole path
+}
+
+std::optional<NameValue> divide_name_equ_value_pair(std::string_view line) {
+  return divide_at(line, line.find('='));
+}
+
+std::optional<NameValue> divide_name_equ_value_pair_compat_maybe_loose(std::string_view line,
+                                                                       char first) {
+  if (first == '=' || is_blank(first)) {
+    line.remove_prefix(std::min(line.find_first_not_of("= \t"), line.size()));
+  }
+  const size_t equals = line.find('=');
+  return divide_at(line, equals != std::string_view::npos ? equals : line.find(':'));
+}
+
+std::optional<DefaultsEntry> schedule_defaults_name_equ_value_and_clarifier(std::string_view line) {
+  const std::optional<NameValue> pair = divide_name_equ_value_pair(line);
+  if (!pair) {
+    return std::nullopt;
+  }
+  DefaultsEntry entry{pair->name, pair->value, {}};
+  const size_t open = entry.name.rfind('[');
+  if (entry.name.back() == ']' && open != std::string_view::npos) {
+    entry.clarifier = strip_blanks(entry.name.substr(open + 1, entry.name.size() - open - 2));
+    entry.name = strip_blanks(entry.name.substr(0, open));
+  }
+  if (entry.name.empty()) {
+    return std::nullopt;
+  }
+  return entry;
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The playout system's text helpers. All of them work on bytes; blanks are spaces and tabs.
+// The views they return point into the text they were given.
+
+struct NameValue {
+  std::string_view name;
+  std::string_view value;
+};
+
+struct DefaultsEntry {
+  std::string_view name;
+  std::string_view value;
+  std::string_view clarifier;  ///< text of a `[clarifier]` behind the name, or empty
+};
+
+constexpr bool is_blank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+constexpr bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// The byte in lower case, as in the "C" locale: only A to Z change.
+constexpr char to_lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// The byte in upper case, as in the "C" locale: only a to z change.
+constexpr char to_upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+std::string lower_case(std::string_view text);
+std::string upper_case(std::string_view text);
+
+constexpr std::string_view skip_blanks(std::string_view text) {
+  while (!text.empty() && is_blank(text.front())) {
+    text.remove_prefix(1);
+  }
+  return text;
+}
+
+/// The text without the blanks at both ends; other white space stays.
+constexpr std::string_view strip_blanks(std::string_view text) {
+  text = skip_blanks(text);
+  while (!text.empty() && is_blank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+/// Takes every trailing line feed and carriage return off the line.
+constexpr std::string_view chomp(std::string_view line) {
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
+    line.remove_suffix(1);
+  }
+  return line;
+}
+
+/// The text behind the last "/", or the whole text when it holds none.
+std::string_view file_name_of(std::string_view path);
+
+/// Splits "name = value" at the first "=", blanks around both sides removed. Nothing when there
+/// is no "=" or a side is empty.
+std::optional<NameValue> divide_name_equ_value_pair(std::string_view line);
+
+/// The same for top-level lines of a schedule file, which older files write as "=name=value" or
+/// "name: value". `first` is the line's first character.
+std::optional<NameValue> divide_name_equ_value_pair_compat_maybe_loose(std::string_view line,
+                                                                       char first);
+
+/// The same for lines of a defaults section, "name [clarifier] = value".
+std::optional<DefaultsEntry> schedule_defaults_name_equ_value_and_clarifier(std::string_view line);

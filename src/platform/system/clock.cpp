@@ -1,0 +1,5 @@
+#include "platform/system/clock.hpp"
+
+time_t current_time() {
+  return std::time(nullptr);
+}

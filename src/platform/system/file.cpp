@@ -1,0 +1,109 @@
+#include "platform/system/file.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/system/messages.hpp"
+
+namespace {
+
+template <typename Call>
+ssize_t uninterrupted(Call call) {
+  ssize_t count = 0;
+  do {
+    count = call();
+  } while (count < 0 && errno == EINTR);
+  return count;
+}
+
+/// Calls read(number of bytes there) until `size` bytes are there or it gives no more.
+template <typename Read>
+std::optional<size_t> read_until_full(size_t size, Read read) {
+  size_t total = 0;
+  while (total < size) {
+    const ssize_t count = uninterrupted([&] { return read(total); });
+    if (count < 0) {
+      return std::nullopt;
+    }
+    if (count == 0) {
+      break;
+    }
+    total += static_cast<size_t>(count);
+  }
+  return total;
+}
+
+}  // namespace
+
+int FileDescriptor::release() {
+  return std::exchange(fd_, -1);
+}
+
+void FileDescriptor::reset(int fd) {
+  if (fd_ >= 0 && fd_ != fd) {
+    ::close(fd_);
+  }
+  fd_ = fd;
+}
+
+FileDescriptor open_regular_file(int directory, const char* path, Links links) {
+  const bool follows = links == Links::followed;
+  struct stat status {};
+  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0) {
+    return FileDescriptor();
+  }
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
+    return FileDescriptor();
+  }
+  constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  FileDescriptor file(::openat(directory, path, follows ? flags : flags | O_NOFOLLOW));
+  // Something else may have taken the file's place since.
+  if (file.is_open() && (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) {
+    file.reset();
+    errno = EINVAL;
+  }
+  return file;
+}
+
+FileDescriptor open_optional_file(int directory, const char* path) {
+  FileDescriptor file = open_regular_file(directory, path);
+  if (!file.is_open()) {
+    fail_run_if_short("Unable to open %s: %s", path);
+  }
+  return file;
+}
+
+std::optional<size_t> read_some(int fd, char* bytes, size_t size) {
+  const ssize_t count = uninterrupted([&] { return ::read(fd, bytes, size); });
+  return count < 0 ? std::nullopt : std::optional(static_cast<size_t>(count));
+}
+
+std::optional<size_t> read_fully(int fd, char* bytes, size_t size) {
+  return read_until_full(size, [&](size_t done) { return ::read(fd, bytes + done, size - done); });
+}
+
+std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offset) {
+  return read_until_full(size, [&](size_t done) {
+    return ::pread(fd, bytes + done, size - done, offset + static_cast<long>(done));
+  });
+}
+
+bool write_fully(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = uninterrupted([&] { return ::write(fd, bytes.data(), bytes.size()); });
+    if (count < 0) {
+      return false;
+    }
+    if (count == 0) {
+      errno = EIO;  // or it would go on for ever
+      return false;
+    }
+    bytes.remove_prefix(static_cast<size_t>(count));
+  }
+  return true;
+}

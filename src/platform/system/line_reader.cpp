@@ -1,0 +1,54 @@
+#include "platform/system/line_reader.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace {
+
+constexpr size_t buffer_size = 64 * 1024;
+
+}  // namespace
+
+LineReader::LineReader(FileDescriptor file, size_t longest_piece)
+    : file_(std::move(file)),
+      longest_piece_(longest_piece),
+      buffer_size_(std::max(buffer_size, longest_piece)),
+      buffer_(std::make_unique_for_overwrite<char[]>(buffer_size_)) {
+}
+
+bool LineReader::read(std::string_view& piece) {
+  size_t searched = 0;
+  for (;;) {
+    const size_t available = std::min(end_ - begin_, longest_piece_);
+    const char* start = buffer_.get() + begin_;
+    const void* line_feed = std::memchr(start + searched, '\n', available - searched);
+    size_t length = available;
+    if (line_feed != nullptr) {
+      length = static_cast<size_t>(static_cast<const char*>(line_feed) - start) + 1;
+    } else if (available < longest_piece_ && !at_end_) {
+      searched = available;
+      refill();
+      continue;
+    }
+    if (length == 0 || error_ != 0) {
+      return false;
+    }
+    begin_ += length;
+    piece = std::string_view(start, length);
+    piece = piece.substr(0, piece.find('\0'));
+    return true;
+  }
+}
+
+void LineReader::refill() {
+  std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
+  end_ -= begin_;
+  begin_ = 0;
+  const std::optional<size_t> count =
+      read_some(file_.get(), buffer_.get() + end_, buffer_size_ - end_);
+  error_ = count ? 0 : errno;
+  end_ += count.value_or(0);
+  at_end_ = count.value_or(0) == 0;
+}

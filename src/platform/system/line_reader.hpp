@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+#include "platform/system/file.hpp"
+
+/// Reads a file line by line as C's fgets would into a buffer of longest_piece + 1 bytes.
+class LineReader {
+ public:
+  LineReader(FileDescriptor file, size_t longest_piece);
+
+  /// Sets `piece` to the next line with its line feed, or to the next `longest_piece` bytes of a
+  /// longer line. As for any C string, a NUL byte ends the piece, and what follows it up to there
+  /// is lost. The view stays valid until the next call. False at the end of the file or on a read
+  /// error; the piece that the error broke off is lost.
+  bool read(std::string_view& piece);
+
+  /// The errno of the read that failed; 0 as long as none did. To be asked once `read` is false.
+  int error() const { return error_; }
+
+ private:
+  void refill();
+
+  FileDescriptor file_;
+  size_t longest_piece_;
+  size_t buffer_size_;
+  std::unique_ptr<char[]> buffer_;
+  size_t begin_ = 0;
+  size_t end_ = 0;
+  bool at_end_ = false;
+  int error_ = 0;
+};

@@ -1,0 +1,67 @@
+#include "platform/system/messages.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+std::string* record = nullptr;
+
+void print_error(const char* message) {
+  std::fprintf(stderr, "Error: %s\n", message);
+}
+
+FailureReporter report = print_error;
+
+}  // namespace
+
+std::string format_text(const char* format, std::va_list arguments) {
+  std::va_list again;
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(nullptr, 0, format, again);
+  va_end(again);
+  std::string text(length > 0 ? static_cast<size_t>(length) : 0, '\0');
+  std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+  return text;
+}
+
+void print_diagnostic(const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const std::string text = format_text(format, arguments);
+  va_end(arguments);
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  if (record != nullptr) {
+    *record += text;
+  }
+}
+
+DiagnosticsRecord::DiagnosticsRecord() {
+  record = &text_;
+}
+
+DiagnosticsRecord::~DiagnosticsRecord() {
+  record = nullptr;
+}
+
+void set_failure_reporter(FailureReporter reporter) {
+  report = reporter;
+}
+
+void fail_run(const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const std::string message = format_text(format, arguments);
+  va_end(arguments);
+  report(message.c_str());
+  std::exit(EXIT_FAILURE);
+}
+
+void fail_run_if_short(const char* format, const char* name) {
+  const int error = errno;
+  if (error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS) {
+    fail_run(format, name, std::strerror(error));
+  }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdarg>
+#include <string>
+
+// What the run has to say on standard error, and failures that end it wherever they come up below
+// the driver, which says how errors are told.
+
+/// What vprintf would print.
+[[gnu::format(printf, 1, 0)]] std::string format_text(const char* format, std::va_list arguments);
+
+/// Prints what the reader and the passes have to say of a schedule, as std::fprintf does.
+[[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
+
+/// Keeps a copy of those while it lives; one at a time. What was said of a schedule that is used
+/// again can so be said again.
+class DiagnosticsRecord {
+ public:
+  DiagnosticsRecord();
+  DiagnosticsRecord(const DiagnosticsRecord&) = delete;
+  DiagnosticsRecord& operator=(const DiagnosticsRecord&) = delete;
+  ~DiagnosticsRecord();
+
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+/// Prints the message of a failure; need not return.
+using FailureReporter = void (*)(const char* message);
+void set_failure_reporter(FailureReporter reporter);
+
+/// Ends the run with status 1 and the message, a printf format and its arguments: by default with
+/// "Error: " before it on standard error.
+[[noreturn, gnu::format(printf, 1, 2)]] void fail_run(const char* format, ...);
+
+/// To be called when a system call failed without which the document would come out poorer: fails
+/// the run when that was for want of descriptors or memory (errno). The format is for the name and
+/// the system's error text. What a file lacks, it lacks in every run; what the machine lacks may be
+/// there in the next.
+[[gnu::format(printf, 1, 0)]] void fail_run_if_short(const char* format, const char* name);

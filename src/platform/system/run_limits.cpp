@@ -1,0 +1,62 @@
+#include "platform/system/run_limits.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <ctime>
+
+namespace {
+
+/// Sends SIGXCPU shortly before the run has taken that many seconds.
+void set_alarm_before(rlim_t seconds) {
+  constexpr long most_of_a_second = 950000000;  // nanoseconds
+  sigevent event{};
+  event.sigev_notify = SIGEV_SIGNAL;
+  event.sigev_signo = SIGXCPU;
+  timer_t timer{};
+  if (timer_create(CLOCK_PROCESS_CPUTIME_ID, &event, &timer) == 0) {
+    itimerspec time{};
+    time.it_value.tv_sec = static_cast<time_t>(std::max<rlim_t>(seconds, 1) - 1);
+    time.it_value.tv_nsec = most_of_a_second;
+    timer_settime(timer, 0, &time, nullptr);
+  }
+}
+
+/// The limit that holds from now on.
+template <typename Resource>
+rlimit set_unless_given(Resource resource, rlim_t most) {
+  rlimit limit{most, most};
+  if (getrlimit(resource, &limit) == 0 && limit.rlim_cur == RLIM_INFINITY) {
+    limit.rlim_cur = std::min(most, limit.rlim_max);
+    setrlimit(resource, &limit);
+  }
+  return limit;
+}
+
+}  // namespace
+
+void limit_memory() {
+#ifndef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
+  constexpr rlim_t most_data = 4UL * 1024 * 1024 * 1024;
+  set_unless_given(RLIMIT_DATA, most_data);
+#endif
+}
+
+rlim_t limit_processor_time(rlim_t seconds) {
+  const rlimit limit = set_unless_given(RLIMIT_CPU, seconds);
+  if (limit.rlim_max <= limit.rlim_cur) {
+    set_alarm_before(limit.rlim_max);
+  }
+  return limit.rlim_cur;
+}
+
+void set_signal_action(int signal, void (*action)(int)) {
+  struct sigaction wanted {};
+  wanted.sa_handler = action;
+  wanted.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+  sigemptyset(&wanted.sa_mask);
+  sigaction(signal, &wanted, nullptr);
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, signal);
+  sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+}

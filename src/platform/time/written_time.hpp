@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/time/time_scanner.hpp"
+
+/// A date as it may be written in a schedule file: any part may be missing.
+struct WrittenDate {
+  std::optional<int> year;
+  std::optional<int> month;  ///< 1 to 12
+  std::optional<int> day;
+  std::optional<int> weekday;
+  bool is_iso = false;  ///< YYYY-MM-DD, which a "T" may join to its clock
+};
+
+/// The weekday (0 is Sunday) whose first three letters begin the text, in lower case.
+std::optional<int> find_weekday(std::string_view text);
+
+/// Takes a date, a weekday or both off the text's front. Nothing when it begins with neither; the
+/// parts found may be out of range.
+std::optional<WrittenDate> take_date(TimeText& rest);
+
+/// Whether all parts are in range: years 1900 to 9999, 31 days in every month.
+bool in_range(const WrittenDate& date);
+
+/// A time of day as it may be written in a schedule file.
+struct ClockTime {
+  int hour = 0;  ///< 0 to 24
+  int minute = 0;
+  int second = 0;
+  long microseconds = 0;
+};
+
+/// Reads a clock that ends the text: "14:30", "6:05:30.5 pm", "6pm", 24:00 included.
+std::optional<ClockTime> read_clock(TimeText rest);
