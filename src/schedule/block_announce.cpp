@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "platform/system/activity.hpp"
@@ -25,15 +26,17 @@ Items::iterator item_at_or_before(Items& items, uint64_t start) {
   return sit;
 }
 
-/// Whether a programme, not a filler, begins or ends inside the block. One that runs through the
-/// whole block does not count. Blocks come by their start: all items from the last one's start up
-/// to `fillers_end` are fillers, and are not gone through again for a block that overlaps it.
-bool holds_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
+/// The start of a programme, not a filler, that begins or ends inside the block. One that runs
+/// through the whole block does not count. Blocks come by their start: all items from the last
+/// one's start up to `fillers_end` are fillers, and are not gone through again for a block that
+/// overlaps it.
+std::optional<uint64_t> programme_in(Items& items, const ScheduleBlock& block,
+                                     uint64_t& fillers_end) {
   const auto first = item_at_or_before(items, block.start);
   const ScheduleItem& item = first->second;
   if (item.start < block.start && !item.is_default && block.start < item.end &&
       item.end <= block.end) {
-    return true;
+    return item.start;
   }
   fillers_end = std::max(fillers_end, block.start);
   auto sit = items.lower_bound(fillers_end);
@@ -42,18 +45,13 @@ bool holds_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers
   }
   const bool is_found = sit != items.end() && sit->first < block.end;
   fillers_end = std::max(fillers_end, is_found ? sit->first : block.end);
-  return is_found;
-}
-
-bool is_announced_as_one(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
-  if (block.announce == "items") {
-    return false;
-  }
-  return block.announce == "block" || !holds_programme(items, block, fillers_end);
+  return is_found ? std::optional(sit->first) : std::nullopt;
 }
 
 /// Keeps of an item that runs past the block's end what lies behind it.
-void keep_tail(Items& items, Items::iterator sit, uint64_t block_end) {
+void keep_tail(Schedule& schedule, Items::iterator sit, uint64_t block_end) {
+  Items& items = schedule.schedule;
+  tell(schedule, {Deed::block_moved_item, 0, {}, sit->first, sit->second.end, block_end});
   ScheduleItem csit = std::move(sit->second);
   items.erase(sit);
   csit.start = block_end;
@@ -62,7 +60,8 @@ void keep_tail(Items& items, Items::iterator sit, uint64_t block_end) {
 }
 
 /// Clears [start, end) of items.
-void make_room(Items& items, uint64_t start, uint64_t end) {
+void make_room(Schedule& schedule, uint64_t start, uint64_t end) {
+  Items& items = schedule.schedule;
   if (items.empty()) {
     return;
   }
@@ -70,6 +69,7 @@ void make_room(Items& items, uint64_t start, uint64_t end) {
   if (sit->second.start < start) {
     ScheduleItem& before = sit->second;
     if (before.start < before.end && before.end > start) {
+      tell(schedule, {Deed::block_cut_item, 0, {}, before.start, before.end, start});
       before.end = start;
     }
     ++sit;
@@ -78,16 +78,17 @@ void make_room(Items& items, uint64_t start, uint64_t end) {
     INVARIANT_OF(signature, sit->first == sit->second.start,
                  "sit->first == (unsigned long)sit->second.start");
     if (sit->second.end > end) {
-      keep_tail(items, sit, end);
+      keep_tail(schedule, sit, end);
       return;
     }
+    tell(schedule, {Deed::block_removed_item, 0, {}, sit->first, sit->second.end, start});
     sit = items.erase(sit);
   }
 }
 
-void substitute(Items& items, const ScheduleBlock& block) {
-  make_room(items, block.start, block.end);
-  ScheduleItem& item = items[block.start];
+void substitute(Schedule& schedule, const ScheduleBlock& block) {
+  make_room(schedule, block.start, block.end);
+  ScheduleItem& item = schedule.schedule[block.start];
   item.is_block = true;
   item.block_announce = true;
   item.duration = static_cast<double>(block.end - block.start);
@@ -105,9 +106,17 @@ bool block_announce_subst(Schedule& schedule) {
   for (const auto& [start, block] : schedule.blocks) {
     const bool has_time = as_signed(block.start) >= 0 && as_signed(block.end) >= 0 &&
                           as_signed(block.start) < as_signed(block.end);
-    if (has_time && is_announced_as_one(schedule.schedule, block, fillers_end)) {
-      substitute(schedule.schedule, block);
+    if (!has_time || block.announce == "items") {
+      continue;
     }
+    if (block.announce != "block") {
+      if (const auto programme = programme_in(schedule.schedule, block, fillers_end)) {
+        tell(schedule, {Deed::kept_block_items, 0, block.block, start, block.end, *programme});
+        continue;
+      }
+    }
+    tell(schedule, {Deed::announced_block, 0, block.block, start, block.end});
+    substitute(schedule, block);
   }
   return true;
 }

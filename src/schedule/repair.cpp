@@ -46,6 +46,7 @@ void patch_gap(Schedule& schedule, Items::iterator next, uint64_t start, uint64_
   item.start = start;
   item.is_default = true;
   item.end = end;
+  tell(schedule, {Deed::filled_gap, 0, item.item, start, end});
 }
 
 }  // namespace
@@ -61,6 +62,7 @@ void remove_reversed_items(Schedule& schedule) {
       print_diagnostic("WARNING: item %s\n", item.item.c_str());
       print_diagnostic("       start > end (%lu > %lu)\n", item.start, item.end);
     }
+    tell(schedule, {Deed::removed_reversed, 0, {}, item.start, item.end});
     it = schedule.schedule.erase(it);
   }
 }
@@ -77,6 +79,7 @@ bool fix_schedule_file(Schedule& schedule) {
               "(unsigned long long)next->start == (unsigned long long)scin->first");
     if (as_signed(next->second.start) < as_signed(current->second.end)) {
       print_diagnostic("Clipping overlapping item\n");
+      tell(schedule, {Deed::clipped, 0, {}, current->first, current->second.end, next->first});
       current->second.end = next->second.start;
     }
   }

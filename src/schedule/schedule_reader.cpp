@@ -23,40 +23,66 @@ namespace {
 
 constexpr long half_a_second = 500000;  // microseconds
 
-bool read_line(LineReader& file, std::string_view& text) {
-  std::string_view piece;
-  if (!file.read(piece)) {
-    return false;
+/// The file that is read, and the record it is read into.
+struct ReadFile {
+  Schedule& schedule;
+  LineReader lines;
+
+  /// The next line without blanks in front; false at the end of the file.
+  bool read_line(std::string_view& text) {
+    std::string_view piece;
+    if (!lines.read(piece)) {
+      return false;
+    }
+    text = schedule_line_text(piece);
+    return true;
   }
-  text = schedule_line_text(piece);
-  return true;
-}
+
+  void tell(Deed deed, std::string_view text = {}, uint64_t start = 0, uint64_t end = 0,
+            uint64_t other = 0) const {
+    if (schedule.observe) {
+      schedule.observe({deed, lines.line(), text, start, end, other});
+    }
+  }
+};
 
 /// Reads to the closing "}" of a section that does not nest and hands each name and value on.
 template <typename Take>
-void read_flat_section(LineReader& file, Take take) {
+void read_flat_section(ReadFile& file, Deed line_deed, Take take) {
   std::string_view text;
-  while (read_line(file, text) && !closes_section(text)) {
+  while (file.read_line(text)) {
+    if (closes_section(text)) {
+      file.tell(Deed::ended_section, text);
+      return;
+    }
+    file.tell(line_deed, text);
     if (const std::optional<NameValue> pair = divide_name_equ_value_pair(text)) {
       take(pair->name, pair->value);
     }
   }
+  file.tell(Deed::cut_off_section);
 }
 
 /// Reads to the "}" that closes a section with sections inside and hands each other line on.
 template <typename Take>
-void read_nested_section(LineReader& file, Take take) {
+void read_nested_section(ReadFile& file, Take take) {
   int depth = 1;
   std::string_view text;
-  while (depth > 0 && read_line(file, text)) {
+  while (file.read_line(text)) {
     if (closes_section(text)) {
       --depth;
+      file.tell(depth > 0 ? Deed::ended_nested : Deed::ended_section, text);
+      if (depth == 0) {
+        return;
+      }
     } else if (opens_section(text)) {
       ++depth;
+      file.tell(Deed::began_nested, text);
     } else if (!text.empty()) {
       take(text);
     }
   }
+  file.tell(Deed::cut_off_section);
 }
 
 /// Schedule seconds of a time as written, rounded to the nearest second; no_time when the text is
@@ -72,31 +98,39 @@ uint64_t read_time(const Schedule& schedule, std::string_view text) {
          (microseconds >= half_a_second ? 1 : 0);
 }
 
-void read_type_line(Schedule& schedule, std::string_view text) {
+void read_type_line(ReadFile& file, std::string_view text) {
   const ScheduleType* type = find_schedule_type(text);
-  if (schedule.type.empty() && type != nullptr && type->unit_length > 0) {
-    schedule.type = type->text;
+  if (!file.schedule.type.empty() || type == nullptr || type->unit_length == 0) {
+    file.tell(Deed::passed_type, text);
+    return;
   }
+  file.schedule.type = type->text;
+  file.tell(Deed::took_type, text);
 }
 
-void read_defaults_section(Schedule& schedule, LineReader& file, std::string_view name) {
+void read_defaults_section(ReadFile& file, std::string_view name) {
+  Schedule& schedule = file.schedule;
   const ScheduleType* type = find_schedule_type_of_section(name);
   if (schedule.type.empty() && type != nullptr) {
     schedule.type = type->text;
   }
   read_nested_section(file, [&](std::string_view text) {
     const std::optional<DefaultsEntry> entry = schedule_defaults_name_equ_value_and_clarifier(text);
-    if (!entry || !entry->clarifier.empty()) {
+    // The schedule's type gives the form of the keys, even in a section of another type.
+    const std::optional<int> slot = entry && entry->clarifier.empty()
+                                        ? default_slot_of_key(schedule.type, entry->name)
+                                        : std::nullopt;
+    if (!slot) {
+      file.tell(Deed::passed_default, text);
       return;
     }
-    // The schedule's type gives the form of the keys, even in a section of another type.
-    if (const std::optional<int> slot = default_slot_of_key(schedule.type, entry->name)) {
-      schedule.defaults.set(static_cast<size_t>(*slot), entry->value);
-    }
+    schedule.defaults.set(static_cast<size_t>(*slot), entry->value);
+    file.tell(Deed::took_default, text, static_cast<uint64_t>(*slot));
   });
 }
 
-void read_block_section(Schedule& schedule, LineReader& file) {
+void read_block_section(ReadFile& file) {
+  Schedule& schedule = file.schedule;
   ScheduleBlock block;
   const auto set_time = [&](uint64_t& time, std::string_view value) {
     const uint64_t schedule_seconds = read_time(schedule, value);
@@ -104,7 +138,7 @@ void read_block_section(Schedule& schedule, LineReader& file) {
       time = schedule_seconds;
     }
   };
-  read_flat_section(file, [&](std::string_view name, std::string_view value) {
+  const auto take = [&](std::string_view name, std::string_view value) {
     if (name == "start") {
       set_time(block.start, value);
     } else if (name == "end") {
@@ -114,16 +148,22 @@ void read_block_section(Schedule& schedule, LineReader& file) {
     } else if (name == "announce") {
       block.announce = value;
     }
-  });
-  if (as_signed(block.start) >= 0 && as_signed(block.end) >= 0 && !block.block.empty()) {
+  };
+  read_flat_section(file, Deed::read_block_line, take);
+  const bool is_whole =
+      as_signed(block.start) >= 0 && as_signed(block.end) >= 0 && !block.block.empty();
+  file.tell(is_whole ? Deed::stored_block : Deed::dropped_block, block.block, block.start,
+            block.end);
+  if (is_whole) {
     const uint64_t start = block.start;
     schedule.blocks.insert_or_assign(start, std::move(block));
   }
 }
 
-void read_item_section(Schedule& schedule, LineReader& file) {
+void read_item_section(ReadFile& file) {
+  Schedule& schedule = file.schedule;
   ScheduleItem item;
-  read_flat_section(file, [&](std::string_view name, std::string_view value) {
+  const auto take = [&](std::string_view name, std::string_view value) {
     if (name == "item") {
       item.item = value;
     } else if (name == "start") {
@@ -139,8 +179,12 @@ void read_item_section(Schedule& schedule, LineReader& file) {
     } else if (name == "item duration") {
       item.duration = std::strtod(std::string(value).c_str(), nullptr);
     }
-  });
-  if (!item.item.empty() && as_signed(item.start) >= 0 && as_signed(item.end) >= 0) {
+  };
+  read_flat_section(file, Deed::read_item_line, take);
+  const bool is_whole =
+      !item.item.empty() && as_signed(item.start) >= 0 && as_signed(item.end) >= 0;
+  file.tell(is_whole ? Deed::stored_item : Deed::dropped_item, item.item, item.start, item.end);
+  if (is_whole) {
     const uint64_t start = item.start;
     auto& items = schedule.schedule;
     // Files are mostly in airing order, so a new item mostly belongs behind the last.
@@ -148,30 +192,33 @@ void read_item_section(Schedule& schedule, LineReader& file) {
   }
 }
 
-void skip_section(LineReader& file, std::string_view name) {
+void skip_section(ReadFile& file, std::string_view name) {
   print_diagnostic("WARNING: Unknown section '%.*s' in schedule file\n",
                    static_cast<int>(name.size()), name.data());
-  read_nested_section(file, [](std::string_view) {});
+  read_nested_section(file, [&](std::string_view text) { file.tell(Deed::passed_line, text); });
 }
 
-void read_section(Schedule& schedule, LineReader& file, std::string_view name) {
+void read_section(ReadFile& file, std::string_view name) {
+  file.tell(Deed::began_section, name);
   if (name.empty()) {
-    read_item_section(schedule, file);
+    read_item_section(file);
   } else if (name.starts_with("defaults,")) {
-    read_defaults_section(schedule, file, name);
+    read_defaults_section(file, name);
   } else if (name == "schedule block") {
-    read_block_section(schedule, file);
+    read_block_section(file);
   } else {
     skip_section(file, name);
   }
 }
 
-void read_name_value_line(Schedule& schedule, std::string_view text) {
+void read_name_value_line(ReadFile& file, std::string_view text) {
   const std::optional<NameValue> pair =
       divide_name_equ_value_pair_compat_maybe_loose(text, text.front());
-  if (pair && pair->name == "global default") {
-    schedule.global_default = pair->value;
+  const bool is_default = pair && pair->name == "global default";
+  if (is_default) {
+    file.schedule.global_default = pair->value;
   }
+  file.tell(is_default ? Deed::took_global_default : Deed::passed_name, text);
 }
 
 /// Settles what the file may leave open once it is read.
@@ -191,30 +238,31 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
     return false;
   }
   const Activity activity("reading", path);
-  LineReader file(std::move(opened), longest_schedule_line);
+  ReadFile file{schedule, LineReader(std::move(opened), longest_schedule_line)};
   schedule.schedule.clear();
   schedule.type.clear();
   schedule.defaults.own.clear();
   std::string_view text;
-  while (read_line(file, text)) {
+  while (file.read_line(text)) {
     const ScheduleLine line = classify_schedule_line(text);
     switch (line.kind) {
       case ScheduleLineKind::comment:
+        file.tell(Deed::passed_comment, text);
         break;
       case ScheduleLineKind::type:
-        read_type_line(schedule, line.text);
+        read_type_line(file, line.text);
         break;
       case ScheduleLineKind::section:
-        read_section(schedule, file, line.text);
+        read_section(file, line.text);
         break;
       case ScheduleLineKind::name_value:
-        read_name_value_line(schedule, line.text);
+        read_name_value_line(file, line.text);
         break;
     }
   }
-  if (file.error() != 0) {
+  if (const int error = file.lines.error(); error != 0) {
     print_diagnostic("WARNING: Schedule file %s, cannot be read further, %s\n", path,
-                     std::strerror(file.error()));
+                     std::strerror(error));
   }
   complete(schedule);
   return true;

@@ -36,6 +36,8 @@ bool LineReader::read(std::string_view& piece) {
       return false;
     }
     begin_ += length;
+    line_ = next_line_;
+    next_line_ += line_feed != nullptr ? 1 : 0;
     piece = std::string_view(start, length);
     piece = piece.substr(0, piece.find('\0'));
     return true;

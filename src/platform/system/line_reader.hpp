@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -17,6 +18,9 @@ class LineReader {
   /// error; the piece that the error broke off is lost.
   bool read(std::string_view& piece);
 
+  /// The number of the line that the last piece is of, from 1.
+  int64_t line() const { return line_; }
+
   /// The errno of the read that failed; 0 as long as none did. To be asked once `read` is false.
   int error() const { return error_; }
 
@@ -30,5 +34,7 @@ class LineReader {
   size_t begin_ = 0;
   size_t end_ = 0;
   bool at_end_ = false;
+  int64_t line_ = 0;
+  int64_t next_line_ = 1;
   int error_ = 0;
 };
