@@ -1,6 +1,5 @@
 #include "driver/run_steps.hpp"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -8,18 +7,13 @@
 #include <cstring>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "driver/report_error.hpp"
-#include "platform/syntax/text.hpp"
-#include "platform/system/line_reader.hpp"
+#include "schedule/rendermgr.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {
-
-constexpr const char* rendermgr_directory = "/mnt/main/tv/rendermgr/";
-constexpr size_t longest_rendermgr_line = 1023;
 
 enum class FileState { regular, not_a_file, missing };
 
@@ -70,28 +64,14 @@ bool check_located_schedule(const std::string& path) {
   return true;
 }
 
-/// The schedule path that a render-manager file names; empty when it names none. A read error is
-/// the end of the file.
-std::string read_rendermgr(const std::string& path) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str(), Links::refused);
-  if (!opened.is_open()) {
-    std::fprintf(stderr, "Unable to open %s\n", path.c_str());
+/// The schedule path that a render-manager file names; empty when it names none.
+std::string schedule_path_of(const std::string& rendermgr_path) {
+  std::optional<std::string> path = read_rendermgr(rendermgr_path);
+  if (!path) {
+    std::fprintf(stderr, "Unable to open %s\n", rendermgr_path.c_str());
     report_error("Unable to locate item associated with rendermgr/channel");
   }
-  LineReader file(std::move(opened), longest_rendermgr_line);
-  std::string schedule_path;
-  std::string_view line;
-  while (file.read(line)) {
-    const std::optional<NameValue> pair = divide_name_equ_value_pair(chomp(line));
-    if (pair && pair->name == "item") {
-      schedule_path = pair->value;
-    }
-  }
-  if (file.error() != 0) {
-    std::fprintf(stderr, "WARNING: Rendermgr file %s, cannot be read further, %s\n", path.c_str(),
-                 std::strerror(file.error()));
-  }
-  return schedule_path;
+  return *std::move(path);
 }
 
 }  // namespace
@@ -102,13 +82,13 @@ bool locate_schedule() {
     report_error("You must specify a schedule, rendermgr, or channel");
   }
   if (options.rendermgr_path.empty() && options.channel >= 0) {
-    options.rendermgr_path = rendermgr_directory + ("channel" + std::to_string(options.channel));
+    options.rendermgr_path = rendermgr_path_of_channel(options.channel);
   }
   if (options.rendermgr_path.empty()) {
     check_given_schedule(options.schedule_path);
   } else {
     check_rendermgr(options.rendermgr_path);
-    options.schedule_path = read_rendermgr(options.rendermgr_path);
+    options.schedule_path = schedule_path_of(options.rendermgr_path);
     if (options.schedule_path.empty()) {
       report_error("No schedule file");
     }

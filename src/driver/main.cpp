@@ -7,12 +7,14 @@
 #include "driver/report_error.hpp"
 #include "driver/report_limits.hpp"
 #include "driver/run_steps.hpp"
+#include "metadata/merge_play_log.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
+#include "schedule/subschedules.hpp"
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
@@ -31,7 +33,7 @@ int main(int argc, char** argv) {
   const Activity activity("working on", run_options.schedule_path.c_str());
   Schedule schedule;
   load_schedule(schedule);  // arms the watchdog
-  merge_play_log(schedule);
+  merge_play_log(schedule, run_options.schedule_path);
   const ReportWindow window = report_window(schedule);
   block_announce_subst(schedule);
   patch_all_subschedules(schedule);  // cancels it

@@ -15,10 +15,6 @@ bool locate_schedule();
 /// Arms the watchdog, which stays armed until the subschedules are patched in.
 void load_schedule(Schedule& schedule);
 
-/// Gives each item that aired in the schedule's current unit the metadata that the play log beside
-/// the schedule file keeps of it: the item that starts exactly then, with the same path.
-void merge_play_log(Schedule& schedule);
-
 /// The stretch of calendar time that a document reports: items that start in [start, end). Its end
 /// is the last second of a period and so lies outside: what starts with that second is not shown,
 /// as listings have always had it.
@@ -30,11 +26,6 @@ struct ReportWindow {
 /// The schedule's unit or, as the options ask, what lies in it of the months or weeks before, of
 /// and after the report time.
 ReportWindow report_window(const Schedule& schedule);
-
-/// Resolves subschedules level by level, down to ten levels. Deeper ones stay as plain items, with
-/// a warning on standard error; so does a schedule that names itself. Arms the watchdog for each
-/// level and schedule, and cancels it at the end.
-void patch_all_subschedules(Schedule& schedule);
 
 /// Prints the document, in CGI mode behind its Content-Type header (RFC 3875).
 void print_document(Schedule& schedule, const ReportWindow& window);

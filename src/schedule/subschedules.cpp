@@ -203,3 +203,14 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
   cancel_watchdog();
   return is_patched;
 }
+
+void patch_all_subschedules(Schedule& schedule) {
+  constexpr int most_levels = 10;
+  PreparedSubschedules subschedules;
+  for (int level = 0; level < most_levels; ++level) {
+    if (!patch_in_subschedules(schedule, subschedules)) {
+      return;
+    }
+  }
+  print_diagnostic("Warning: too many subschedules\n");
+}

@@ -7,3 +7,8 @@
 /// span, one level deep; the rest of what it names is a matter of the next call. True when there
 /// was such an item. Arms the watchdog, and cancels it at the end.
 bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules);
+
+/// Resolves subschedules level by level, down to ten levels. Deeper ones stay as plain items, with
+/// a warning on standard error; so does a schedule that names itself. Cancels the watchdog at the
+/// end.
+void patch_all_subschedules(Schedule& schedule);

@@ -111,6 +111,11 @@ GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
   return row;
 }
 
+std::vector<GracenoteRow> gracenote_rows(const Schedule& schedule, time_t window_start,
+                                         time_t window_end) {
+  return listing_rows(schedule, window_start, window_end, listing);
+}
+
 void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end) {
   print_listing(schedule, window_start, window_end, listing);
 }

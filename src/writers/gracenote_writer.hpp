@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <ctime>
 #include <string>
+#include <vector>
 
 #include "schedule/schedule.hpp"
 #include "writers/metadata_map.hpp"
@@ -32,6 +33,10 @@ struct GracenoteRow {
 /// a row once for each file.
 GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
                                 const MetadataMap& metadata);
+
+/// The rows of the listing, whatever their day.
+std::vector<GracenoteRow> gracenote_rows(const Schedule& schedule, time_t window_start,
+                                         time_t window_end);
 
 /// Prints the announced items that start in the report window (calendar time) as a Gracenote
 /// listing: comma-separated, one row for each airing from today to 21 days ahead.

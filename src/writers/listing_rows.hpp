@@ -166,14 +166,22 @@ void clean_rows(std::vector<Row>& rows) {
   close_gaps(rows);
 }
 
+/// All rows of a listing, cleaned up, whatever their day.
+template <typename Row>
+std::vector<Row> listing_rows(const Schedule& schedule, time_t window_start, time_t window_end,
+                              const Listing<Row>& listing) {
+  std::vector<Row> rows = collect_rows(schedule, window_start, window_end, listing);
+  clean_rows(rows);
+  return rows;
+}
+
 /// Prints the announced items that start in the report window (calendar time): a header line and a
 /// line for each row from today to 21 days ahead.
 template <typename Row>
 void print_listing(const Schedule& schedule, time_t window_start, time_t window_end,
                    const Listing<Row>& listing) {
   const ListingHorizon horizon(current_time());
-  std::vector<Row> rows = collect_rows(schedule, window_start, window_end, listing);
-  clean_rows(rows);
+  std::vector<Row> rows = listing_rows(schedule, window_start, window_end, listing);
   std::string out;
   const auto append_line = [&](auto text_of) {
     const char* separator = "";

@@ -117,6 +117,10 @@ std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& 
   return fields;
 }
 
+std::vector<RoviRow> rovi_rows(const Schedule& schedule, time_t window_start, time_t window_end) {
+  return listing_rows(schedule, window_start, window_end, listing);
+}
+
 void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end) {
   print_listing(schedule, window_start, window_end, listing);
 }

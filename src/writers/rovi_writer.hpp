@@ -37,6 +37,9 @@ RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const Metad
 /// The printed texts of a row, in column order. For users of the library too.
 std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id);
 
+/// The rows of the listing, whatever their day.
+std::vector<RoviRow> rovi_rows(const Schedule& schedule, time_t window_start, time_t window_end);
+
 /// Prints the announced items that start in the report window (calendar time) as a Rovi "LO
 /// X-List": comma-separated, lines ended by CR LF, one row for each airing from today to 21 days
 /// ahead.

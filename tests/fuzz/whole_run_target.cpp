@@ -13,6 +13,7 @@
 
 #include "driver/options.hpp"
 #include "driver/run_steps.hpp"
+#include "metadata/merge_play_log.hpp"
 #include "fuzz/document_checks.hpp"
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
@@ -22,6 +23,7 @@
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/subschedules.hpp"
 
 namespace {
 
@@ -99,7 +101,7 @@ bool all_have_types(const WholeRunInput& input) {
 void run() {
   Schedule schedule;
   load_schedule(schedule);
-  merge_play_log(schedule);
+  merge_play_log(schedule, run_options.schedule_path);
   const ReportWindow window = report_window(schedule);
   block_announce_subst(schedule);
   patch_all_subschedules(schedule);

@@ -8,6 +8,7 @@
 namespace {
 
 std::string* record = nullptr;
+bool is_printing = true;
 
 void print_error(const char* message) {
   std::fprintf(stderr, "Error: %s\n", message);
@@ -32,18 +33,22 @@ void print_diagnostic(const char* format, ...) {
   va_start(arguments, format);
   const std::string text = format_text(format, arguments);
   va_end(arguments);
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  if (is_printing) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  }
   if (record != nullptr) {
     *record += text;
   }
 }
 
-DiagnosticsRecord::DiagnosticsRecord() {
+DiagnosticsRecord::DiagnosticsRecord(Printing printing) {
   record = &text_;
+  is_printing = printing == Printing::on;
 }
 
 DiagnosticsRecord::~DiagnosticsRecord() {
   record = nullptr;
+  is_printing = true;
 }
 
 void set_failure_reporter(FailureReporter reporter) {

@@ -13,10 +13,11 @@
 [[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
 
 /// Keeps a copy of those while it lives; one at a time. What was said of a schedule that is used
-/// again can so be said again.
+/// again can so be said again, or be left unsaid.
 class DiagnosticsRecord {
  public:
-  DiagnosticsRecord();
+  enum class Printing { on, off };
+  explicit DiagnosticsRecord(Printing printing = Printing::on);
   DiagnosticsRecord(const DiagnosticsRecord&) = delete;
   DiagnosticsRecord& operator=(const DiagnosticsRecord&) = delete;
   ~DiagnosticsRecord();

@@ -1,11 +1,10 @@
-#include "driver/run_steps.hpp"
+#include "metadata/merge_play_log.hpp"
 
 #include <utility>
 
 #include "metadata/play_log.hpp"
 #include "platform/metadata_handles.hpp"
 #include "platform/system/activity.hpp"
-#include "schedule/run_options.hpp"
 
 namespace {
 
@@ -21,9 +20,9 @@ ScheduleItem* item_at(Schedule& schedule, int64_t timestamp) {
 
 /// Of the play log beside the schedule file, what was logged when an item starts; empty when there
 /// is none to be read.
-PlayLog read_play_log_of(Schedule& schedule) {
+PlayLog read_play_log_of(Schedule& schedule, const std::string& schedule_path) {
   PlayLog play_log;
-  if (const FileContext context = bind_file_context(run_options.schedule_path.c_str())) {
+  if (const FileContext context = bind_file_context(schedule_path.c_str())) {
     read_play_log(context.get(), play_log,
                   [&](int64_t timestamp) { return item_at(schedule, timestamp) != nullptr; });
   }
@@ -32,9 +31,9 @@ PlayLog read_play_log_of(Schedule& schedule) {
 
 }  // namespace
 
-void merge_play_log(Schedule& schedule) {
+void merge_play_log(Schedule& schedule, const std::string& schedule_path) {
   const Activity activity("reading the play log of");
-  PlayLog play_log = read_play_log_of(schedule);
+  PlayLog play_log = read_play_log_of(schedule, schedule_path);
   for (auto& [timestamp, entry] : play_log) {
     ScheduleItem& item = *item_at(schedule, timestamp);
     if (item.item == entry.path) {

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/schedule_check.hpp"
+
+struct CheckCommand {
+  CheckOptions options;
+  bool json = false;
+  bool strict = false;  ///< warnings count too
+  size_t most = 100;    ///< findings of a file that are printed
+  std::string moment;   ///< of --explain, or empty
+  std::vector<std::string> files;
+};
+
+/// The command line. Nothing when the program is to end at once, with `status`.
+std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& status);

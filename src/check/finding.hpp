@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// error: something written will not air, or not by its text. warning: it airs, but probably not as
+/// meant. note: belongs to the finding before it.
+enum class Severity { error, warning, note };
+
+/// What the checker can find.
+enum class Finding {
+  unreadable,
+  byte_order_mark,
+  utf_16,
+  carriage_return,
+  nul_byte,
+  long_line,
+  not_utf_8,
+  unclosed_section,
+  text_behind_brace,
+  stray_brace,
+  comment_behind_value,
+  no_type,
+  unknown_type,
+  second_type,
+  late_type,
+  type_without_unit,
+  unknown_section,
+  unknown_key,
+  unknown_name,
+  no_key,
+  colon,
+  letter_case,
+  repeated_key,
+  bad_time,
+  bare_number,
+  foreign_weekday,
+  needless_date,
+  out_of_range,
+  no_such_date,
+  skipped_hour,
+  repeated_hour,
+  missing,
+  reversed,
+  no_length,
+  same_start,
+  overlap,
+  outside_unit,
+  block_cuts,
+  unknown_announce,
+  no_member,
+  unknown_block,
+  default_key,
+  default_section,
+  default_range,
+  repeated_default,
+  no_default,
+  missing_media,
+  unreadable_media,
+  no_file,
+  bad_schedule,
+  circular,
+  not_announced,
+  markup,
+  control_character,
+  unknown_zone,
+};
+
+struct FindingInfo {
+  Finding finding;
+  std::string_view id;  ///< as printed
+  Severity severity;
+};
+
+/// All findings there are.
+std::span<const FindingInfo> finding_infos();
+const FindingInfo& info_of(Finding finding);
+
+/// A place in a file: lines and columns from 1, columns in bytes.
+struct Place {
+  int64_t line = 1;
+  int64_t column = 1;
+};
+
+struct Note {
+  Place place;
+  std::string text;
+};
+
+struct Report {
+  Finding finding;
+  Place place;
+  std::string text;
+  std::vector<Note> notes;
+};
+
+/// What was found in one file.
+struct FileReports {
+  std::string file;
+  std::vector<Report> reports;
+};
+
+/// Sorts them by their places; of several at one place with one text the first stays.
+void sort_reports(FileReports& file);
+
+/// In the form of compilers, at most `most` of the file and then a line with the count of the rest:
+/// FILE:LINE:COLUMN: error: TEXT [id]
+std::string text_of(const FileReports& file, size_t most);
+
+/// One array of objects for all files.
+std::string json_of(std::span<const FileReports> files);
+
+/// The text in single quotes, with what a terminal would act on or cannot show as \xHH.
+std::string quoted(std::string_view text);

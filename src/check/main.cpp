@@ -1,0 +1,100 @@
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/check_options.hpp"
+#include "check/explain.hpp"
+#include "check/finding.hpp"
+#include "check/source_text.hpp"
+#include "check/zone_check.hpp"
+#include "platform/system/file.hpp"
+#include "platform/system/output.hpp"
+#include "platform/time/calendar.hpp"
+
+namespace {
+
+constexpr int something_found = 1;
+constexpr int unreadable = 2;
+
+/// A file that holds what standard input did: the reader takes regular files.
+std::string path_of_standard_input() {
+  const std::optional<std::string> content = read_content(STDIN_FILENO);
+  const int fd = memfd_create("standard input", 0);
+  if (!content || fd < 0 || !write_fully(fd, *content)) {
+    return "/dev/stdin";  // which says why
+  }
+  return "/proc/self/fd/" + std::to_string(fd);
+}
+
+std::string path_of(const std::string& file) {
+  return file == "-" ? path_of_standard_input() : file;
+}
+
+int explain_all(const CheckCommand& command) {
+  int status = EXIT_SUCCESS;
+  for (const std::string& file : command.files) {
+    std::string error;
+    const auto story = explain_moment(file, path_of(file), command.moment, command.options, error);
+    if (story) {
+      print_output(*story);
+    } else {
+      std::fprintf(stderr, "nv8x_schedule_check: %s: %s\n", file.c_str(), error.c_str());
+      status = unreadable;
+    }
+  }
+  finish_output();
+  return status;
+}
+
+bool counts(const FileReports& file, bool strict) {
+  for (const Report& report : file.reports) {
+    if (strict || info_of(report.finding).severity == Severity::error) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepare_standard_streams();
+  int status = EXIT_SUCCESS;
+  const std::optional<CheckCommand> command = parse_check_command(argc, argv, status);
+  if (!command) {
+    return status;
+  }
+  settle_local_zone();
+  if (!command->moment.empty()) {
+    return explain_all(*command);
+  }
+  std::vector<FileReports> found;
+  if (FileReports zone{"TZ", check_zone()}; !zone.reports.empty()) {
+    found.push_back(zone);
+  }
+  for (const std::string& file : command->files) {
+    bool is_read = false;
+    found.push_back(check_schedule_file(file, path_of(file), command->options, is_read));
+    status = is_read ? status : unreadable;
+  }
+  for (const FileReports& file : found) {
+    if (counts(file, command->strict) && status == EXIT_SUCCESS) {
+      status = something_found;
+    }
+    if (!command->json) {
+      print_output(text_of(file, command->most));
+    }
+  }
+  if (command->json) {
+    print_output(json_of(found));
+  }
+  finish_output();
+  return status;
+}

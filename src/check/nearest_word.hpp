@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// The known word that the text most likely stands for: the one with the fewest letters added,
+/// left out, exchanged or swapped, case aside. Nothing when none is near.
+std::optional<std::string_view> nearest_word(std::string_view text,
+                                             std::span<const std::string_view> words);
+
+/// "; did you mean 'WORD'?", or nothing.
+std::string did_you_mean(std::string_view text, std::span<const std::string_view> words);

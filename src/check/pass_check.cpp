@@ -1,0 +1,232 @@
+#include "check/pass_check.hpp"
+
+#include <array>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "check/time_advice.hpp"
+#include "platform/time/local_stretches.hpp"
+#include "schedule/block_announce.hpp"
+#include "schedule/repair.hpp"
+#include "schedule/schedule_time.hpp"
+#include "schedule/unit_times.hpp"
+#include "schedule/watchdog.hpp"
+
+namespace {
+
+std::string length_text(uint64_t seconds) {
+  if (seconds % 3600 == 0) {
+    return std::to_string(seconds / 3600) + (seconds == 3600 ? " hour" : " hours");
+  }
+  if (seconds % 60 == 0) {
+    return std::to_string(seconds / 60) + (seconds == 60 ? " minute" : " minutes");
+  }
+  return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
+}
+
+std::string date_text(const std::tm& tm) {
+  std::array<char, 16> text{};
+  return {text.data(), std::strftime(text.data(), text.size(), "%F", &tm)};
+}
+
+class PassCheck {
+ public:
+  PassCheck(WrittenSchedule& written, std::vector<Report>& reports)
+      : written_(written), reports_(reports), type_(*find_schedule_type(written.schedule.type)) {}
+
+  void check(time_t report_time) {
+    for (const auto& [start, number] : written_.item_numbers) {
+      check_span(written_.items[number], "programme");
+    }
+    for (const auto& [start, number] : written_.block_numbers) {
+      check_span(written_.blocks[number], "block");
+    }
+    check_membership();
+    Schedule& schedule = written_.schedule;
+    schedule.observe = [&](const Observation& seen) { look(seen); };
+    remove_reversed_items(schedule);
+    fix_schedule_file(schedule);
+    patch_schedule_default_items(schedule);
+    cancel_watchdog();
+    if (type_.unit_length > 0) {
+      compute_unit_times(schedule, report_time);
+      check_clock_changes();
+      compute_unit_times(schedule, report_time);
+      if (schedule.schedule.begin() != schedule.schedule.end()) {
+        block_announce_subst(schedule);
+      }
+    }
+    schedule.observe = nullptr;
+  }
+
+ private:
+  void add(Finding finding, Place place, std::string text, std::vector<Note> notes = {}) {
+    reports_.push_back({finding, place, std::move(text), std::move(notes)});
+  }
+
+  void check_span(const WrittenSection& section, const std::string& what) {
+    const auto start = section.start;
+    const auto end = section.end;
+    if (as_signed(start) > as_signed(end)) {
+      add(Finding::reversed, section.place_of("end"),
+          "the " + what + " ends before it starts; " + advice_on_reversed(start, end));
+    } else if (start == end) {
+      add(Finding::no_length, section.place_of("end"), "the " + what + " ends as it starts");
+    } else if (type_.unit_length > 0 && start >= type_.unit_length) {
+      add(Finding::outside_unit, section.place_of("start"),
+          "the " + what + " starts outside the schedule's unit of " +
+              length_text(type_.unit_length));
+    } else if (type_.unit_length > 0 && end > type_.unit_length) {
+      add(Finding::outside_unit, section.place_of("end"),
+          "the " + what + " runs out of the schedule's unit of " + length_text(type_.unit_length));
+    }
+  }
+
+  /// How to write what runs over midnight, or over the end of the unit.
+  std::string advice_on_reversed(uint64_t start, uint64_t end) const {
+    const uint64_t day = start / seconds_per_day;
+    const uint64_t next_midnight = (day + 1) * seconds_per_day;
+    if (end / seconds_per_day == day && next_midnight < type_.unit_length) {
+      return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
+    }
+    // Hour 24 of the unit's last day is its end.
+    std::string last = written_position(type_.unit_length - seconds_per_day, type_);
+    last.replace(last.size() - 5, 5, "24:00");
+    return "what runs over the end of the unit is written as two items, from " +
+           quoted(written_position(start, type_)) + " to " + quoted(last) + " and from " +
+           quoted(written_position(0, type_)) + " to " + quoted(written_position(end, type_));
+  }
+
+  void check_membership() {
+    std::map<std::string, bool> has_members;
+    for (const auto& [start, number] : written_.block_numbers) {
+      has_members[written_.blocks[number].text_of("block")] = false;
+    }
+    for (const auto& [start, number] : written_.item_numbers) {
+      const WrittenSection& item = written_.items[number];
+      const std::string name = item.text_of("block");
+      if (name.empty()) {
+        continue;
+      }
+      const auto block = has_members.find(name);
+      if (block == has_members.end()) {
+        add(Finding::unknown_block, item.place_of("block"),
+            "no schedule block is called " + quoted(name));
+      } else {
+        block->second = true;
+      }
+    }
+    for (const auto& [start, number] : written_.block_numbers) {
+      const WrittenSection& block = written_.blocks[number];
+      const std::string name = block.text_of("block");
+      if (has_members[name]) {
+        check_members(block, name);
+      }
+    }
+  }
+
+  void check_members(const WrittenSection& block, const std::string& name) {
+    for (auto it = written_.item_numbers.lower_bound(block.start);
+         it != written_.item_numbers.end() && it->first < block.end; ++it) {
+      const WrittenSection& item = written_.items[it->second];
+      if (item.text_of("block") != name) {
+        add(Finding::no_member, item.place,
+            "this item lies in the block " + quoted(name) + " and is no member of it",
+            {{block.place, "the block is here"}});
+      }
+    }
+  }
+
+  void look(const Observation& seen) {
+    const WrittenSection* item = written_.item_at(seen.start);
+    if (item == nullptr) {
+      return;
+    }
+    if (seen.deed == Deed::clipped) {
+      const WrittenSection& next = *written_.item_at(seen.other);
+      add(Finding::overlap, item->place,
+          "cut from " + length_text(seen.end - seen.start) + " to " +
+              length_text(seen.other - seen.start) + " by the item at line " +
+              std::to_string(next.place.line),
+          {{next.place, "this one"}});
+    } else if (seen.deed == Deed::block_cut_item) {
+      const WrittenSection& block = *written_.block_at(seen.other);
+      add(Finding::block_cuts, item->place,
+          "cut from " + length_text(seen.end - seen.start) + " to " +
+              length_text(seen.other - seen.start) + " by the block " +
+              quoted(block.text_of("block")),
+          {{block.place, "the block is here"}});
+    } else if (seen.deed == Deed::block_moved_item) {
+      add(Finding::block_cuts, item->place,
+          "starts " + length_text(seen.other - seen.start) +
+              " later, behind the block that it runs out of");
+    }
+  }
+
+  /// In the reported unit, the next and the one after.
+  void check_clock_changes() {
+    constexpr int units = 3;
+    Schedule& schedule = written_.schedule;
+    for (int unit = 0; unit < units; ++unit) {
+      check_unit(schedule);
+      compute_unit_times(schedule, schedule.unit_end + 1);
+    }
+  }
+
+  void check_unit(const Schedule& schedule) {
+    const std::vector<LocalStretch> stretches =
+        local_stretches(schedule.unit_start, schedule.unit_end);
+    if (stretches.size() < 2) {
+      return;
+    }
+    UnitClock clock(schedule);
+    for (const auto& [start, number] : written_.item_numbers) {
+      const time_t t = clock.time_of(start);
+      if (t == -1) {
+        add_clock_change(Finding::skipped_hour, number, clock, start, "skip");
+      } else if (t >= schedule.unit_start && t <= schedule.unit_end && is_repeated(stretches, t)) {
+        add_clock_change(Finding::repeated_hour, number, clock, start, "show twice");
+      }
+    }
+  }
+
+  static bool is_repeated(const std::vector<LocalStretch>& stretches, time_t t) {
+    for (size_t i = 1; i < stretches.size(); ++i) {
+      const LocalStretch& before = stretches[i - 1];
+      const LocalStretch& after = stretches[i];
+      const int64_t back = before.ahead - after.ahead;
+      if (back > 0 && t > before.last - back && t < after.first + back) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  void add_clock_change(Finding finding, size_t number, UnitClock& clock, uint64_t start,
+                        const std::string& what) {
+    const uint64_t noon = start / seconds_per_day * seconds_per_day + seconds_per_day / 2;
+    const std::tm* tm = clock.breakdown(clock.time_of(noon));
+    const bool is_told = !told_.emplace(number, finding).second;
+    if (tm == nullptr || is_told) {
+      return;
+    }
+    const WrittenSection& item = written_.items[number];
+    add(finding, item.place_of("start"),
+        "the clocks " + what + " this time on " + date_text(*tm) +
+            (finding == Finding::skipped_hour ? ", so that it does not air then"
+                                              : "; it airs at one of the two"));
+  }
+
+  WrittenSchedule& written_;
+  std::vector<Report>& reports_;
+  const ScheduleType& type_;
+  std::set<std::pair<size_t, Finding>> told_;
+};
+
+}  // namespace
+
+void check_passes(WrittenSchedule& written, time_t report_time, std::vector<Report>& reports) {
+  PassCheck(written, reports).check(report_time);
+}

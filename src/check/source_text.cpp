@@ -1,0 +1,147 @@
+#include "check/source_text.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
+
+namespace {
+
+constexpr std::string_view byte_order_mark = "\xef\xbb\xbf";
+
+bool is_utf_16(std::string_view content) {
+  return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
+}
+
+/// Line ends of carriage returns alone, as old systems had them.
+bool has_old_line_ends(std::string_view content) {
+  return content.find('\n') == std::string_view::npos &&
+         chomp(content).find('\r') != std::string_view::npos;
+}
+
+/// The first byte that is no UTF-8 (RFC 3629), or npos.
+size_t find_no_utf_8(std::string_view text) {
+  for (size_t i = 0; i < text.size();) {
+    const auto first = static_cast<unsigned char>(text[i]);
+    const size_t length = first < 0x80                   ? 1
+                          : first < 0xc2 || first > 0xf4 ? 0
+                          : first < 0xe0                 ? 2
+                          : first < 0xf0                 ? 3
+                                                         : 4;
+    const std::string_view rest = text.substr(i + (length > 0 ? 1 : 0), length - 1);
+    if (length == 0 || rest.size() + 1 < length || !std::ranges::all_of(rest, [](char c) {
+          return (static_cast<unsigned char>(c) & 0xc0U) == 0x80;
+        })) {
+      return i;
+    }
+    i += length;
+  }
+  return std::string_view::npos;
+}
+
+void check_line(std::string_view line, int64_t number, std::vector<Report>& reports) {
+  const auto add = [&](Finding finding, size_t offset, std::string text) {
+    reports.push_back({finding, {number, static_cast<int64_t>(offset) + 1}, std::move(text), {}});
+  };
+  if (const size_t nul = line.find('\0'); nul != std::string_view::npos) {
+    add(Finding::nul_byte, nul, "a NUL byte ends the line here");
+  }
+  const std::string_view text = chomp(line);
+  if (const size_t at = text.find('\r'); at != std::string_view::npos) {
+    add(Finding::carriage_return, at, "a carriage return inside a line ends none");
+  }
+  // The reader's pieces hold the line feed too.
+  if (line.size() > static_cast<size_t>(longest_schedule_line)) {
+    add(Finding::long_line, static_cast<size_t>(longest_schedule_line),
+        "a line of " + std::to_string(line.size()) +
+            " bytes: what is behind the first 1023 is read as a line of its own");
+  }
+  if (const size_t at = find_no_utf_8(line); at != std::string_view::npos) {
+    add(Finding::not_utf_8, at, "no UTF-8; it goes into documents as it is");
+  }
+}
+
+}  // namespace
+
+SourceText::SourceText(std::string content) : content_(std::move(content)) {
+  for (size_t start = 0; start < content_.size();) {
+    line_starts_.push_back(start);
+    const size_t end = content_.find('\n', start);
+    start = end == std::string::npos ? content_.size() : end + 1;
+  }
+}
+
+std::string_view SourceText::line(int64_t number) const {
+  if (number < 1 || number > line_count()) {
+    return {};
+  }
+  const std::string_view rest =
+      std::string_view(content_).substr(line_starts_[static_cast<size_t>(number) - 1]);
+  return rest.substr(0, rest.find('\n'));
+}
+
+Place SourceText::place_of_text(int64_t number) const {
+  const std::string_view text = line(number);
+  return {number, static_cast<int64_t>(text.size() - skip_blanks(text).size()) + 1};
+}
+
+Place SourceText::place_of_value(int64_t number) const {
+  const std::string_view text = line(number);
+  size_t separator = text.find('=');
+  if (separator == std::string_view::npos) {
+    separator = text.find(':');
+  }
+  if (separator == std::string_view::npos) {
+    return place_of_text(number);
+  }
+  const std::string_view value = skip_blanks(text.substr(separator + 1));
+  return {number, static_cast<int64_t>(text.size() - value.size()) + 1};
+}
+
+std::optional<std::string> read_content(int fd) {
+  std::string content;
+  constexpr size_t step = 256UL * 1024;
+  for (;;) {
+    const size_t length = content.size();
+    content.resize(length + step);
+    const std::optional<size_t> count = read_fully(fd, content.data() + length, step);
+    content.resize(length + count.value_or(0));
+    if (!count) {
+      return std::nullopt;
+    }
+    if (*count < step) {
+      return content;
+    }
+  }
+}
+
+bool is_hopeless(const SourceText& source) {
+  return is_utf_16(source.content()) || has_old_line_ends(source.content());
+}
+
+void check_bytes(const SourceText& source, std::vector<Report>& reports) {
+  if (is_utf_16(source.content())) {
+    reports.push_back(
+        {Finding::utf_16, {}, "UTF-16, of which nothing is understood; save it as UTF-8", {}});
+    return;
+  }
+  if (has_old_line_ends(source.content())) {
+    const auto at = static_cast<int64_t>(source.content().find('\r'));
+    reports.push_back({Finding::carriage_return,
+                       {1, at + 1},
+                       "carriage returns alone end no lines: the whole file is one",
+                       {}});
+    return;
+  }
+  if (source.content().starts_with(byte_order_mark)) {
+    reports.push_back({Finding::byte_order_mark,
+                       {},
+                       "a byte order mark, which makes the first line one that nobody knows",
+                       {}});
+  }
+  for (int64_t number = 1; number <= source.line_count(); ++number) {
+    check_line(source.line(number), number, reports);
+  }
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/finding.hpp"
+
+/// The bytes of a file, line by line.
+class SourceText {
+ public:
+  explicit SourceText(std::string content);
+
+  std::string_view content() const { return content_; }
+
+  /// Without its line feed; empty beyond the last.
+  std::string_view line(int64_t number) const;
+  int64_t line_count() const { return static_cast<int64_t>(line_starts_.size()); }
+
+  /// Where a line's text begins, blanks passed over.
+  Place place_of_text(int64_t line) const;
+
+  /// Where the value behind the first "=" or, without one, the first ":" begins.
+  Place place_of_value(int64_t line) const;
+
+ private:
+  std::string content_;
+  std::vector<size_t> line_starts_;
+};
+
+/// The whole of a file, or of standard input for descriptor 0; nothing, with errno set, when it
+/// cannot be read.
+std::optional<std::string> read_content(int fd);
+
+/// What is wrong with a text as bytes: marks, encodings, line ends, lines that are too long.
+void check_bytes(const SourceText& source, std::vector<Report>& reports);
+
+/// Whether the reader can make nothing of the text, so that no more need be said.
+bool is_hopeless(const SourceText& source);

@@ -1,0 +1,298 @@
+#include "check/time_advice.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <optional>
+#include <utility>
+
+#include "check/nearest_word.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/time/parse_time.hpp"
+#include "platform/time/written_time.hpp"
+
+namespace {
+
+constexpr std::array<std::string_view, 7> weekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                      "Thursday", "Friday", "Saturday"};
+constexpr std::array<std::string_view, 12> months = {
+    "January", "February", "March",     "April",   "May",      "June",
+    "July",    "August",   "September", "October", "November", "December"};
+constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+/// Weekdays in other languages, by their first letters; the longer ones stand first.
+constexpr auto foreign_weekdays = std::to_array<std::pair<std::string_view, int>>({
+    {"sonntag", 0},   {"montag", 1},   {"dienstag", 2},  {"mittwoch", 3},  {"donnerstag", 4},
+    {"freitag", 5},   {"samstag", 6},  {"sonnabend", 6}, {"dimanche", 0},  {"lundi", 1},
+    {"mardi", 2},     {"mercredi", 3}, {"jeudi", 4},     {"vendredi", 5},  {"samedi", 6},
+    {"domingo", 0},   {"lunes", 1},    {"martes", 2},    {"miercoles", 3}, {"miércoles", 3},
+    {"jueves", 4},    {"viernes", 5},  {"sabado", 6},    {"sábado", 6},    {"domenica", 0},
+    {"lunedi", 1},    {"lunedì", 1},   {"martedi", 2},   {"martedì", 2},   {"mercoledi", 3},
+    {"mercoledì", 3}, {"giovedi", 4},  {"giovedì", 4},   {"venerdi", 5},   {"venerdì", 5},
+    {"sabato", 6},    {"zondag", 0},   {"maandag", 1},   {"dinsdag", 2},   {"woensdag", 3},
+    {"donderdag", 4}, {"vrijdag", 5},  {"zaterdag", 6},  {"söndag", 0},    {"måndag", 1},
+    {"tisdag", 2},    {"onsdag", 3},   {"torsdag", 4},   {"fredag", 5},    {"lördag", 6},
+    {"so", 0},        {"mo", 1},       {"di", 2},        {"mi", 3},        {"do", 4},
+    {"fr", 5},        {"sa", 6},       {"lun", 1},       {"mar", 2},       {"mer", 3},
+    {"jeu", 4},       {"ven", 5},      {"sam", 6},       {"dim", 0},       {"lu", 1},
+    {"ma", 2},        {"me", 3},       {"je", 4},        {"ve", 5},        {"mie", 3},
+    {"jue", 4},       {"vie", 5},      {"sab", 6},       {"dom", 0},       {"gio", 4},
+    {"zo", 0},        {"wo", 3},       {"vr", 5},        {"za", 6},
+});
+
+bool is_time(std::string_view text) {
+  std::tm broken_down{};
+  long microseconds = 0;
+  return schedule_parse_time(text, broken_down, microseconds);
+}
+
+struct Word {
+  size_t offset;
+  std::string_view text;
+};
+
+std::vector<Word> words_of(std::string_view text) {
+  std::vector<Word> words;
+  for (size_t i = 0; i < text.size();) {
+    if (is_separator(text[i])) {
+      ++i;
+      continue;
+    }
+    const size_t start = i;
+    while (i < text.size() && !is_separator(text[i])) {
+      ++i;
+    }
+    words.push_back({start, text.substr(start, i - start)});
+  }
+  return words;
+}
+
+std::string with(std::string_view text, const Word& word, std::string_view replacement) {
+  return std::string(text.substr(0, word.offset)) + std::string(replacement) +
+         std::string(text.substr(word.offset + word.text.size()));
+}
+
+std::string short_name(int weekday) {
+  return std::string(weekdays.at(static_cast<size_t>(weekday)).substr(0, 3));
+}
+
+std::optional<TimeAdvice> advise_on_comment(std::string_view text) {
+  const size_t mark = text.find('#');
+  if (mark == std::string_view::npos || !is_time(strip_blanks(text.substr(0, mark)))) {
+    return std::nullopt;
+  }
+  return TimeAdvice{Finding::comment_behind_value, mark,
+                    "a comment behind a time makes it none; give the comment a line of its own"};
+}
+
+std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::vector<Word>& words) {
+  for (const Word& word : words) {
+    std::string name = lower_case(word.text);
+    if (name.ends_with('.')) {
+      name.pop_back();
+    }
+    for (const auto& [foreign, weekday] : foreign_weekdays) {
+      if (name == foreign && is_time(with(text, word, short_name(weekday)))) {
+        return TimeAdvice{
+            Finding::foreign_weekday, word.offset,
+            quoted(word.text) + " is no weekday here; write " + quoted(short_name(weekday))};
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+/// A clock with a full stop, an h or nothing where its colon belongs.
+std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vector<Word>& words) {
+  for (const Word& word : words) {
+    std::string number = lower_case(word.text);
+    std::ranges::replace(number, 'h', '.');
+    if (looks_like_clock(number, true) && is_time(with(text, word, clock_of(number)))) {
+      return TimeAdvice{
+          Finding::bad_time, word.offset,
+          quoted(word.text) + " is not understood; did you mean " + quoted(clock_of(number)) + "?"};
+    }
+  }
+  return std::nullopt;
+}
+
+/// Numbers that are too large: of a clock, or of a date.
+std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vector<Word>& words) {
+  for (const Word& word : words) {
+    if (word.text.find(':') != std::string_view::npos &&
+        word.text.find_first_not_of("0123456789:.") == std::string_view::npos &&
+        !read_clock(word.text) && is_time(with(text, word, "00:00"))) {
+      return TimeAdvice{Finding::out_of_range, word.offset,
+                        quoted(word.text) + " is out of range: clocks run from 00:00 to 24:00"};
+    }
+  }
+  const std::string lower = lower_case(text);
+  TimeText rest = skip_blanks(lower);
+  const std::optional<WrittenDate> date = take_date(rest);
+  if (date && !in_range(*date)) {
+    return TimeAdvice{Finding::out_of_range, 0,
+                      quoted(text) +
+                          " is out of range: years run from 1900 to 9999, months to 12, "
+                          "days to 31"};
+  }
+  return std::nullopt;
+}
+
+TimeAdvice advise_on_rest(std::string_view text, const std::vector<Word>& words) {
+  static const std::vector<std::string_view> names = [] {
+    std::vector<std::string_view> all(weekdays.begin(), weekdays.end());
+    all.insert(all.end(), months.begin(), months.end());
+    return all;
+  }();
+  for (const Word& word : words) {
+    const auto name = nearest_word(word.text, names);
+    if (name && is_time(with(text, word, *name))) {
+      return {Finding::bad_time, word.offset,
+              quoted(word.text) + " is not understood; did you mean " + quoted(*name) + "?"};
+    }
+  }
+  for (const Word& word : words) {
+    if (is_time(strip_blanks(with(text, word, "")))) {
+      return {Finding::bad_time, word.offset, quoted(word.text) + " is not understood"};
+    }
+  }
+  return {Finding::bad_time, 0, quoted(text) + " is no time"};
+}
+
+/// The parts of a written date that a schedule of that type has no use for.
+std::string needless_parts(const WrittenDate& date, DayName day_name) {
+  std::string parts;
+  const auto add = [&](bool is_given, std::string_view part) {
+    if (is_given) {
+      parts += parts.empty() ? "" : " and ";
+      parts += part;
+    }
+  };
+  const bool counts_days = day_name != DayName::only_day && day_name != DayName::weekday;
+  const bool counts_months = day_name == DayName::day_of_year || day_name == DayName::date;
+  add(date.weekday.has_value() && day_name != DayName::weekday, "weekday");
+  add(date.day.has_value() && !counts_days, date.month ? "date" : "day");
+  add(date.month.has_value() && counts_days && !counts_months, "month");
+  add(date.year.has_value() && counts_days && day_name != DayName::date, "year");
+  return parts;
+}
+
+std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_view text,
+                                         const ScheduleType& type) {
+  const std::string parts = needless_parts(date, type.day_name);
+  if (!parts.empty()) {
+    std::string advice =
+        "the " + parts + " in a " + std::string(type.text) + " schedule is of no effect";
+    if (type.day_name == DayName::weekday && !date.weekday) {
+      std::tm broken_down{};
+      long microseconds = 0;
+      schedule_parse_time(text, broken_down, microseconds);
+      advice = "the date in a weekly schedule counts as its weekday: every " +
+               std::string(weekdays.at(static_cast<size_t>(broken_down.tm_wday)));
+    }
+    return TimeAdvice{Finding::needless_date, 0, advice};
+  }
+  if (date.month && date.day && in_range(date)) {
+    const auto month = static_cast<size_t>(*date.month) - 1;
+    if (*date.day > month_lengths.at(month)) {
+      return TimeAdvice{Finding::no_such_date, 0,
+                        std::string(months.at(month)) + " has no day " + std::to_string(*date.day) +
+                            "; it airs on " + std::string(months.at((month + 1) % 12)) + " " +
+                            std::to_string(*date.day - month_lengths.at(month)) +
+                            (month == 1 ? ", or a day later where February has no 29th" : "")};
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool is_bare_number(std::string_view text) {
+  const std::string_view number = strip_blanks(text);
+  return !number.empty() && is_digit(number.front()) &&
+         number.find_first_not_of("0123456789.") == std::string_view::npos && is_time(number);
+}
+
+bool looks_like_clock(std::string_view number, bool in_figures) {
+  const std::string_view text = strip_blanks(number);
+  const size_t point = text.find('.');
+  const auto are_digits = [](std::string_view part) {
+    return !part.empty() && std::ranges::all_of(part, is_digit);
+  };
+  if (point == std::string_view::npos) {
+    return in_figures && text.size() == 4 && are_digits(text) && text.substr(0, 2) < "24" &&
+           text[2] < '6';
+  }
+  const std::string_view hour = text.substr(0, point);
+  const std::string_view minute = text.substr(point + 1);
+  return hour.size() <= 2 && minute.size() == 2 && are_digits(hour) && are_digits(minute) &&
+         (hour.size() < 2 || hour <= "24") && minute[0] < '6';
+}
+
+std::string clock_of(std::string_view number) {
+  std::string clock(strip_blanks(number));
+  const size_t point = clock.find('.');
+  if (point == std::string::npos) {
+    clock.insert(2, ":");
+  } else {
+    clock[point] = ':';
+  }
+  return clock.size() == 4 ? "0" + clock : clock;
+}
+
+std::string written_position(uint64_t position, const ScheduleType& type) {
+  const uint64_t day = position / seconds_per_day;
+  const auto second = static_cast<unsigned>(position % seconds_per_day);
+  std::string text;
+  switch (type.day_name) {
+    case DayName::weekday:
+      text = short_name(static_cast<int>(day % 7)) + " ";
+      break;
+    case DayName::day_of_month:
+      text = "day " + std::to_string(day + 1) + " ";
+      break;
+    case DayName::date:
+      text = std::to_string(first_schedule_year + static_cast<int>(day / days_per_year)) + " ";
+      [[fallthrough]];
+    case DayName::day_of_year:
+      text = std::string(months.at(day / days_per_month % 12).substr(0, 3)) + " " +
+             std::to_string(day % days_per_month + 1) + (text.empty() ? " " : " " + text);
+      break;
+    case DayName::none:
+    case DayName::only_day:
+    case DayName::number:
+      break;
+  }
+  std::array<char, 16> clock{};
+  std::snprintf(clock.data(), clock.size(), second % 60 == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
+                second / 3600, second / 60 % 60, second % 60);
+  return text + clock.data();
+}
+
+std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType& type) {
+  std::vector<TimeAdvice> advice;
+  if (is_time(text)) {
+    const std::string lower = lower_case(strip_blanks(text));
+    TimeText rest = lower;
+    if (is_bare_number(text) || read_clock(rest)) {
+      return advice;
+    }
+    if (const std::optional<WrittenDate> date = take_date(rest)) {
+      if (auto found = advise_on_date(*date, text, type)) {
+        advice.push_back(*std::move(found));
+      }
+    }
+    return advice;
+  }
+  const std::vector<Word> words = words_of(text);
+  for (auto found : {advise_on_comment(text), advise_on_weekday(text, words),
+                     advise_on_clock(text, words), advise_on_range(text, words)}) {
+    if (found) {
+      advice.push_back(*found);
+      return advice;
+    }
+  }
+  advice.push_back(advise_on_rest(text, words));
+  return advice;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/finding.hpp"
+#include "platform/syntax/schedule_types.hpp"
+
+struct TimeAdvice {
+  Finding finding;
+  size_t offset;  ///< in the text
+  std::string text;
+};
+
+/// What is wrong with a time as it is written, or not as it was probably meant, in a schedule of
+/// that type.
+std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType& type);
+
+/// Whether the text is a number alone, which the reader takes for schedule seconds.
+bool is_bare_number(std::string_view text);
+
+/// Whether such a number looks like an hour and minutes: "18.00", or "1800" where `in_figures`.
+bool looks_like_clock(std::string_view number, bool in_figures);
+
+/// A number that looks like a clock as the clock: "18:00".
+std::string clock_of(std::string_view number);
+
+/// A schedule position as one would write it in a schedule of that type: "Tue 01:00".
+std::string written_position(uint64_t position, const ScheduleType& type);
