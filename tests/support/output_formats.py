@@ -4,7 +4,6 @@
 Prints the names, one a line; with TYPE those of that content type.
 """
 import sys
-from pathlib import Path
 
 sys.dont_write_bytecode = True
 import source_table
@@ -40,8 +39,7 @@ def by_format(what, entries, left_out=None):
                                                                        set(names()))]
     wrong += [f"leaves out {name!r} and has it" for name in sorted(known & left_out)]
     if wrong:
-        sys.exit(f"{Path(sys.argv[0]).name}: {what}: " + ", ".join(wrong) +
-                 f"; the formats are those of {source_table.FORMATS}")
+        sys.exit(f"{what}: {', '.join(wrong)}; the formats are those of {source_table.FORMATS}")
     return entries
 
 

@@ -18,7 +18,7 @@ def rows(source, kind, row):
     if not table:
         sys.exit(f"{source}: no table of {kind}")
     found = [match.groups() for match in re.finditer(row, table[2])]
-    if not found or len(found) != int(table[1]) or len({names for names, *_ in found}) != len(found):
-        sys.exit(f"{source}: {len(found)} rows of {kind} can be read, not {table[1]}: "
-                 f"{[names for names, *_ in found]}")
+    names = [name for name, *_ in found]
+    if not found or len(found) != int(table[1]) or len(set(names)) != len(found):
+        sys.exit(f"{source}: {len(found)} rows of {kind} can be read, not {table[1]}: {names}")
     return found
