@@ -31,8 +31,7 @@ Items::iterator item_at_or_before(Items& items, uint64_t start) {
 bool holds_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
   const auto first = item_at_or_before(items, block.start);
   const ScheduleItem& item = first->second;
-  if (item.start < block.start && !item.is_default && block.start < item.end &&
-      item.end <= block.end) {
+  if (!item.is_default && block.start < item.end && item.end <= block.end) {
     return true;
   }
   fillers_end = std::max(fillers_end, block.start);
