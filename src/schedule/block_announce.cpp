@@ -34,8 +34,7 @@ std::optional<uint64_t> programme_in(Items& items, const ScheduleBlock& block,
                                      uint64_t& fillers_end) {
   const auto first = item_at_or_before(items, block.start);
   const ScheduleItem& item = first->second;
-  if (item.start < block.start && !item.is_default && block.start < item.end &&
-      item.end <= block.end) {
+  if (!item.is_default && block.start < item.end && item.end <= block.end) {
     return item.start;
   }
   fillers_end = std::max(fillers_end, block.start);

@@ -6,7 +6,8 @@
 
 namespace {
 
-/// Sends SIGXCPU shortly before the run has taken that many seconds.
+/// Sends SIGXCPU shortly before the run has taken that many seconds, what starting it took
+/// included.
 void set_alarm_before(rlim_t seconds) {
   constexpr long most_of_a_second = 950000000;  // nanoseconds
   sigevent event{};
@@ -17,7 +18,7 @@ void set_alarm_before(rlim_t seconds) {
     itimerspec time{};
     time.it_value.tv_sec = static_cast<time_t>(std::max<rlim_t>(seconds, 1) - 1);
     time.it_value.tv_nsec = most_of_a_second;
-    timer_settime(timer, 0, &time, nullptr);
+    timer_settime(timer, TIMER_ABSTIME, &time, nullptr);
   }
 }
 
