@@ -65,7 +65,9 @@ class Story {
         block_lines_[seen.start] = section_line_;
         break;
       case Deed::removed_reversed:
-        lose(seen.start, "ends before it starts and is dropped");
+        lost_.push_back({{seen.start, (seen.start / seconds_per_day + 1) * seconds_per_day},
+                         "line " + std::to_string(written_[seen.start].line) +
+                             ": ends before it starts and is dropped"});
         break;
       case Deed::clipped:
         origins_[seen.start].events.push_back("cut: at " + position(seen.other) + " by " +
@@ -78,12 +80,12 @@ class Story {
                                 {}};
         break;
       case Deed::announced_block:
-        displaced_ = std::move(origins_[seen.start]);
-        origins_[seen.start] = {"the block " + quoted(seen.text) + " of " + name_ + ":" +
-                                    std::to_string(block_lines_[seen.start]) + ", announced as one",
-                                {}};
+        take_block(seen);
         break;
       case Deed::block_removed_item: {
+        if (is_announced_again_) {
+          break;
+        }
         const Origin& gone = seen.start == seen.other ? displaced_ : origins_[seen.start];
         origins_[seen.other].events.push_back("in place of: " + gone.where + " at " +
                                               position(seen.start));
@@ -152,9 +154,14 @@ class Story {
     origins_[seen.start] = {name_ + ":" + std::to_string(section_line_), {}};
   }
 
-  void lose(uint64_t start, const std::string& why) {
-    const Written& written = written_[start];
-    lost_.push_back({{0, no_time}, "line " + std::to_string(written.line) + ": " + why});
+  /// Blocks are announced anew for each schedule that is patched in: the story stays the first.
+  void take_block(const Observation& seen) {
+    const std::string block = "the block " + quoted(seen.text) + " of " + name_ + ":" +
+                              std::to_string(block_lines_[seen.start]) + ", announced as one";
+    is_announced_again_ = origins_[seen.start].where == block;
+    if (!is_announced_again_) {
+      displaced_ = std::exchange(origins_[seen.start], Origin{block, {}});
+    }
   }
 
   std::string where(uint64_t start) {
@@ -169,6 +176,7 @@ class Story {
   std::map<uint64_t, Origin> origins_;
   std::vector<std::pair<std::pair<uint64_t, uint64_t>, std::string>> lost_;
   Origin displaced_;
+  bool is_announced_again_ = false;
   Origin parent_;
 };
 
