@@ -69,18 +69,17 @@ class PassCheck {
   void check_span(const WrittenSection& section, const std::string& what) {
     const auto start = section.start;
     const auto end = section.end;
-    if (as_signed(start) > as_signed(end)) {
+    const std::string unit = "the schedule's unit of " + length_text(type_.unit_length);
+    if (type_.unit_length > 0 && start >= type_.unit_length) {
+      add(Finding::outside_unit, section.place_of("start"),
+          "the " + what + " starts outside " + unit);
+    } else if (as_signed(start) > as_signed(end)) {
       add(Finding::reversed, section.place_of("end"),
           "the " + what + " ends before it starts; " + advice_on_reversed(start, end));
     } else if (start == end) {
       add(Finding::no_length, section.place_of("end"), "the " + what + " ends as it starts");
-    } else if (type_.unit_length > 0 && start >= type_.unit_length) {
-      add(Finding::outside_unit, section.place_of("start"),
-          "the " + what + " starts outside the schedule's unit of " +
-              length_text(type_.unit_length));
     } else if (type_.unit_length > 0 && end > type_.unit_length) {
-      add(Finding::outside_unit, section.place_of("end"),
-          "the " + what + " runs out of the schedule's unit of " + length_text(type_.unit_length));
+      add(Finding::outside_unit, section.place_of("end"), "the " + what + " runs out of " + unit);
     }
   }
 
