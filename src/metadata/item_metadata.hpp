@@ -51,9 +51,11 @@ class MetadataPerFile {
   /// Valid until the next item is asked for.
   const Made& of(const ScheduleItem& item) {
     const bool is_from_file = !item.is_block && item.metadata.empty();
-    const auto known = is_from_file ? files_.find(item.item) : files_.end();
-    if (known != files_.end()) {
-      return known->second;
+    if (is_from_file) {
+      const auto known = files_.find(item.item);
+      if (known != files_.end()) {
+        return known->second;
+      }
     }
     const OpenedMetadata opened = open_item_metadata(item);
     own_ = make_(item.item, opened.set);
