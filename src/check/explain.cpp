@@ -242,7 +242,7 @@ std::string row_text(const std::vector<Row>& rows, time_t t, bool is_announced) 
                       : "none: it is not announced";
 }
 
-std::optional<time_t> time_of_moment(const std::string& moment, Schedule& schedule,
+std::optional<time_t> time_of_moment(const std::string& moment, const std::string& type,
                                      time_t report_time, std::string& error) {
   if (moment.starts_with('@')) {
     time_t t = 0;
@@ -255,10 +255,12 @@ std::optional<time_t> time_of_moment(const std::string& moment, Schedule& schedu
     std::tm broken_down{};
     long microseconds = 0;
     if (schedule_parse_time(moment, broken_down, microseconds)) {
-      compute_unit_times(schedule, report_time);
-      const uint64_t position =
-          broken_down_to_schedule_seconds(find_schedule_type(schedule.type), broken_down);
-      const time_t t = schedule_seconds_to_time(schedule, position);
+      // The schedule's own unit must not be known before its gaps are filled.
+      Schedule unit;
+      unit.type = type;
+      compute_unit_times(unit, report_time);
+      const time_t t = schedule_seconds_to_time(
+          unit, broken_down_to_schedule_seconds(find_schedule_type(type), broken_down));
       if (t != -1) {
         return t;
       }
@@ -326,7 +328,7 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
     error = "a schedule of this type has no times";
     return std::nullopt;
   }
-  const auto t = time_of_moment(moment, schedule, options.report_time, error);
+  const auto t = time_of_moment(moment, schedule.type, options.report_time, error);
   if (!t) {
     return std::nullopt;
   }

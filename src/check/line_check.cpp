@@ -412,7 +412,7 @@ class LineCheck {
     const std::string_view behind = strip_blanks(seen.text.substr(1));
     if (!behind.empty() && behind.front() != '#' && !section_.is_broken) {
       add(Finding::text_behind_brace, {seen.line, place_of_text(seen.line).column + 1},
-          quoted(behind) + " behind a '}' is of no effect; give it a line of its own");
+          quoted(behind) + " behind a '}' is not read; give it a line of its own");
     }
   }
 
