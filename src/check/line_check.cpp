@@ -35,7 +35,7 @@ enum class SectionKind { item, block, defaults, unknown };
 struct Section {
   SectionKind kind = SectionKind::unknown;
   int64_t line = 0;
-  std::map<std::string, WrittenValue> values;
+  WrittenSection written;
   std::map<std::string, size_t> meant;  ///< keys that stand there misspelt, with the report of it
   bool is_broken = false;               ///< it runs into the next: what it holds says nothing more
   bool is_foreign = false;              ///< defaults of another type than the schedule's
@@ -51,7 +51,7 @@ class LineCheck {
       : written_(written), reports_(reports) {}
 
   void look(const Observation& seen) {
-    if (is_piece_of_long_line(seen.line)) {
+    if (is_line(seen.deed) && is_piece_of_long_line(seen.line)) {
       return;
     }
     switch (seen.deed) {
@@ -128,6 +128,11 @@ class LineCheck {
 
   bool starts_with_mark() const { return written_.source.content().starts_with("\xef\xbb\xbf"); }
 
+  static bool is_line(Deed deed) {
+    return deed != Deed::cut_off_section && deed != Deed::stored_item &&
+           deed != Deed::dropped_item && deed != Deed::stored_block && deed != Deed::dropped_block;
+  }
+
   /// The rest of a line that is too long comes as lines of their own, of which enough is said.
   bool is_piece_of_long_line(int64_t line) {
     const bool is_next_piece = line != 0 && line == last_line_ &&
@@ -189,8 +194,13 @@ class LineCheck {
           {{place_of_text(seen.line), "here"}});
     }
     global_default_line_ = seen.line;
-    written_.default_paths.try_emplace(written_.schedule.global_default,
-                                       written_.source.place_of_value(seen.line));
+    take_default_path(written_.schedule.global_default, seen.line);
+  }
+
+  void take_default_path(const std::string& path, int64_t line) {
+    const Place place = written_.source.place_of_value(line);
+    check_path(path, place);
+    written_.default_paths.try_emplace(path, place);
   }
 
   void check_passed_name(const Observation& seen) {
@@ -219,6 +229,7 @@ class LineCheck {
     if (find_schedule_type(lower_case(strip_blanks(text))) != nullptr) {
       add(Finding::unknown_type, place,
           "a type stands behind a star; write " + quoted("*" + lower_case(strip_blanks(text))));
+      has_bad_type_ = true;
       return;
     }
     const std::string_view name = strip_blanks(text.substr(0, text.find_first_of("=:")));
@@ -270,8 +281,8 @@ class LineCheck {
       }
     } else if (type != nullptr && type->text != schedule_type) {
       add(Finding::default_section, place_of_text(seen.line),
-          quoted(seen.text) + " in a " + schedule_type +
-              " schedule: its keys are read as those of a " + schedule_type + " one",
+          quoted(seen.text) + " in " + a_schedule_of(schedule_type) +
+              ": its keys are read as those of " + a_schedule_of(schedule_type),
           {{place_of_text(type_line_), "the type comes from here"}});
       section_.is_foreign = true;
     }
@@ -318,7 +329,12 @@ class LineCheck {
     if (!contains(keys, name)) {
       check_unknown_key(name, place, keys, owner);
     } else if (!value.empty()) {
-      take_value(name, {std::string(value), written_.source.place_of_value(seen.line)}, place);
+      const Place value_place = written_.source.place_of_value(seen.line);
+      const std::string_view line = written_.source.line(seen.line);
+      take_value(
+          {*std::ranges::find(keys, name),
+           line.substr(static_cast<size_t>(value_place.column) - 1, value.size()), value_place},
+          place);
     }
   }
 
@@ -337,13 +353,28 @@ class LineCheck {
         quoted(name) + " is no key of " + std::string(owner) + did_you_mean(name, keys));
   }
 
-  void take_value(const std::string& name, WrittenValue value, Place key_place) {
-    const auto earlier = section_.values.find(name);
-    if (earlier != section_.values.end()) {
-      add(Finding::repeated_key, place_of_text(earlier->second.place.line),
-          quoted(name) + " is given again; this line is of no effect", {{key_place, "here"}});
+  /// Paths go to the end of their line.
+  void check_path(std::string_view path, Place place) {
+    if (const size_t mark = path.find(" # "); mark != std::string_view::npos) {
+      add(Finding::comment_behind_value,
+          {place.line, place.column + static_cast<int64_t>(mark) + 1},
+          "a comment behind a path is part of it; give the comment a line of its own");
     }
-    section_.values.insert_or_assign(name, std::move(value));
+  }
+
+  void take_value(const WrittenValue& value, Place key_place) {
+    if (value.key == "item") {
+      check_path(value.text, value.place);
+    }
+    auto& values = section_.written.values;
+    const auto earlier = std::ranges::find(values, value.key, &WrittenValue::key);
+    if (earlier == values.end()) {
+      values.push_back(value);
+      return;
+    }
+    add(Finding::repeated_key, place_of_text(earlier->place.line),
+        quoted(value.key) + " is given again; this line is of no effect", {{key_place, "here"}});
+    *earlier = value;
   }
 
   void take_default(const Observation& seen) {
@@ -364,8 +395,7 @@ class LineCheck {
           "the day is given another default; this line is of no effect", {{place, "here"}});
     }
     default_lines_.insert_or_assign(slot, seen.line);
-    written_.default_paths.try_emplace(written_.schedule.defaults[slot],
-                                       written_.source.place_of_value(seen.line));
+    take_default_path(written_.schedule.defaults[slot], seen.line);
   }
 
   void check_passed_default(const Observation& seen) {
@@ -397,15 +427,15 @@ class LineCheck {
     for (const ScheduleType& type : schedule_types()) {
       if (type.text != own_type && default_slot_of_key(type.text, entry->name)) {
         add(Finding::default_key, place,
-            quoted(entry->name) + " is a key of a " + std::string(type.text) +
-                " schedule, not of a " + own_type + " one");
+            quoted(entry->name) + " is a key of " + a_schedule_of(type.text) + ", not of " +
+                a_schedule_of(own_type));
         return;
       }
     }
     const bool is_number = entry->name.find_first_of("0123456789") != std::string_view::npos;
     add(is_number ? Finding::default_range : Finding::default_key, place,
-        quoted(entry->name) + (is_number ? " is no day of a " : " is no key of a ") + own_type +
-            " schedule");
+        quoted(entry->name) + (is_number ? " is no day of " : " is no key of ") +
+            a_schedule_of(own_type));
   }
 
   void check_closing(const Observation& seen) {
@@ -413,40 +443,48 @@ class LineCheck {
     if (!behind.empty() && behind.front() != '#' && !section_.is_broken) {
       add(Finding::text_behind_brace, {seen.line, place_of_text(seen.line).column + 1},
           quoted(behind) + " behind a '}' is not read; give it a line of its own");
+      is_in_lost_section_ = opens_section(behind);
     }
   }
 
   /// An item's or block's section is read, and was stored or dropped.
   void end_section(const Observation& seen, std::vector<WrittenSection>& sections,
                    std::map<uint64_t, size_t>& numbers, std::span<const std::string_view> needed) {
+    const bool is_stored = seen.deed == Deed::stored_item || seen.deed == Deed::stored_block;
+    section_.written.place = place_of_text(section_.line);
+    section_.written.start = seen.start;
+    section_.written.end = seen.end;
+    section_.written.is_broken = section_.is_broken;
     if (section_.is_broken) {
+      if (is_stored) {
+        numbers.insert_or_assign(seen.start, sections.size());
+        sections.push_back(std::move(section_.written));
+      }
       return;
     }
     const bool has_type = !written_.schedule.type.empty();
-    const bool had_time = section_.values.contains("start") || section_.values.contains("end");
+    const bool had_time = section_.written.value_of("start") != nullptr ||
+                          section_.written.value_of("end") != nullptr;
     if (!has_type && had_time && first_untyped_ == 0 && !has_bad_type_) {
       first_untyped_ = section_.line;
     }
-    const std::string lost = section_.kind == SectionKind::item ? "no item: " : "no block: ";
-    for (const std::string_view view : needed) {
-      const std::string key(view);
-      const auto meant = section_.meant.find(key);
-      if (section_.values.contains(key)) {
+    const char* lost = section_.kind == SectionKind::item ? "no item: " : "no block: ";
+    for (const std::string_view key : needed) {
+      if (section_.written.value_of(key) != nullptr) {
         continue;
       }
+      const auto meant = section_.meant.find(std::string(key));
       if (meant != section_.meant.end()) {
         reports_[meant->second].text.insert(0, lost);
       } else {
         add(Finding::missing, place_of_text(section_.line),
-            lost + "without " + quoted(key) + " it is dropped");
+            std::string(lost) + "without " + quoted(key) + " it is dropped");
       }
     }
     check_times();
     check_texts();
-    const bool is_stored = seen.deed == Deed::stored_item || seen.deed == Deed::stored_block;
     if (is_stored) {
-      sections.push_back(
-          {place_of_text(section_.line), std::move(section_.values), seen.start, seen.end});
+      sections.push_back(std::move(section_.written));
       const auto [number, is_new] = numbers.try_emplace(seen.start, sections.size() - 1);
       if (!is_new) {
         add(Finding::same_start, sections[number->second].place,
@@ -463,13 +501,13 @@ class LineCheck {
       type = find_schedule_type(default_schedule_type);
     }
     for (const char* key : {"start", "end"}) {
-      const auto value = section_.values.find(key);
-      if (value == section_.values.end()) {
+      const WrittenValue* value = section_.written.value_of(key);
+      if (value == nullptr) {
         continue;
       }
-      const auto& [text, place] = value->second;
+      const auto& [name, text, place] = *value;
       if (is_bare_number(text)) {
-        bare_numbers_.push_back(value->second);
+        bare_numbers_.push_back(*value);
       } else {
         has_clocks_ = true;
       }
@@ -481,8 +519,9 @@ class LineCheck {
   }
 
   void check_texts() {
-    if (section_.kind == SectionKind::block && section_.values.contains("announce")) {
-      const auto& [text, place] = section_.values["announce"];
+    const WrittenValue* announce = section_.written.value_of("announce");
+    if (announce != nullptr) {
+      const auto& [name, text, place] = *announce;
       if (!contains(announces, text)) {
         add(Finding::unknown_announce, place,
             quoted(text) +
@@ -492,15 +531,16 @@ class LineCheck {
       }
     }
     for (const char* key : {"label", "block"}) {
-      const auto value = section_.values.find(key);
-      if (value == section_.values.end()) {
+      const WrittenValue* value = section_.written.value_of(key);
+      if (value == nullptr) {
         continue;
       }
-      const auto& [text, place] = value->second;
+      const std::string_view text = value->text;
+      const Place place = value->place;
       const auto at = [&](size_t offset) {
         return Place{place.line, place.column + static_cast<int64_t>(offset)};
       };
-      if (const size_t mark = text.find_first_of("&<"); mark != std::string::npos) {
+      if (const size_t mark = text.find_first_of("&<"); mark != std::string_view::npos) {
         add(Finding::markup, at(mark),
             quoted(text.substr(mark, 1)) +
                 " goes into the XML document as it is and makes it ill-formed");

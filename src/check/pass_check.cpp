@@ -67,6 +67,9 @@ class PassCheck {
   }
 
   void check_span(const WrittenSection& section, const std::string& what) {
+    if (section.is_broken) {
+      return;
+    }
     const auto start = section.start;
     const auto end = section.end;
     const std::string unit = "the schedule's unit of " + length_text(type_.unit_length);
@@ -140,7 +143,7 @@ class PassCheck {
 
   void look(const Observation& seen) {
     const WrittenSection* item = written_.item_at(seen.start);
-    if (item == nullptr) {
+    if (item == nullptr || item->is_broken) {
       return;
     }
     if (seen.deed == Deed::clipped) {

@@ -47,6 +47,11 @@ bool is_time(std::string_view text) {
   return schedule_parse_time(text, broken_down, microseconds);
 }
 
+/// Whether the usual form of a time goes on behind the date.
+bool is_date_and_clock(const WrittenDate& date, TimeText rest) {
+  return in_range(date) && take_separators(rest) && read_clock(rest);
+}
+
 struct Word {
   size_t offset;
   std::string_view text;
@@ -182,8 +187,7 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
                                          const ScheduleType& type) {
   const std::string parts = needless_parts(date, type.day_name);
   if (!parts.empty()) {
-    std::string advice =
-        "the " + parts + " in a " + std::string(type.text) + " schedule is of no effect";
+    std::string advice = "the " + parts + " in " + a_schedule_of(type.text) + " is of no effect";
     if (type.day_name == DayName::weekday && !date.weekday) {
       std::tm broken_down{};
       long microseconds = 0;
@@ -241,6 +245,11 @@ std::string clock_of(std::string_view number) {
   return clock.size() == 4 ? "0" + clock : clock;
 }
 
+std::string a_schedule_of(std::string_view type) {
+  const bool has_vowel = std::string_view("aeiou").find(type.front()) != std::string_view::npos;
+  return (has_vowel ? "an " : "a ") + std::string(type) + " schedule";
+}
+
 std::string written_position(uint64_t position, const ScheduleType& type) {
   const uint64_t day = position / seconds_per_day;
   const auto second = static_cast<unsigned>(position % seconds_per_day);
@@ -272,16 +281,15 @@ std::string written_position(uint64_t position, const ScheduleType& type) {
 
 std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType& type) {
   std::vector<TimeAdvice> advice;
-  if (is_time(text)) {
-    const std::string lower = lower_case(strip_blanks(text));
-    TimeText rest = lower;
-    if (is_bare_number(text) || read_clock(rest)) {
-      return advice;
-    }
-    if (const std::optional<WrittenDate> date = take_date(rest)) {
-      if (auto found = advise_on_date(*date, text, type)) {
-        advice.push_back(*std::move(found));
-      }
+  const std::string lower = lower_case(strip_blanks(text));
+  TimeText rest = lower;
+  if (read_clock(rest) || is_bare_number(text)) {
+    return advice;
+  }
+  const std::optional<WrittenDate> date = take_date(rest);
+  if (date && (is_date_and_clock(*date, rest) || is_time(text))) {
+    if (auto found = advise_on_date(*date, text, type)) {
+      advice.push_back(*std::move(found));
     }
     return advice;
   }

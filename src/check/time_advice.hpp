@@ -27,5 +27,8 @@ bool looks_like_clock(std::string_view number, bool in_figures);
 /// A number that looks like a clock as the clock: "18:00".
 std::string clock_of(std::string_view number);
 
+/// "a weekly schedule".
+std::string a_schedule_of(std::string_view type);
+
 /// A schedule position as one would write it in a schedule of that type: "Tue 01:00".
 std::string written_position(uint64_t position, const ScheduleType& type);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "check/finding.hpp"
@@ -11,26 +14,34 @@
 
 // A schedule file as it is written, beside the schedule that the reader makes of it.
 
+/// The texts are parts of the file's.
 struct WrittenValue {
-  std::string text;
+  std::string_view key;
+  std::string_view text;
   Place place;
 };
 
-/// An item's or a block's section that was stored.
+/// An item's or a block's section.
 struct WrittenSection {
   Place place;
-  std::map<std::string, WrittenValue> values;  ///< by key
-  uint64_t start = no_time;                    ///< schedule seconds, as read
+  std::vector<WrittenValue> values;  ///< one a key
+  uint64_t start = no_time;          ///< schedule seconds, as read
   uint64_t end = no_time;
+  bool is_broken = false;  ///< it ran into the next one, of which nothing more need be said
 
-  /// Where the value of a key stands, or the section where it has none.
-  Place place_of(const std::string& key) const {
-    const auto found = values.find(key);
-    return found != values.end() ? found->second.place : place;
+  /// Null when the section gives the key none.
+  const WrittenValue* value_of(std::string_view key) const {
+    const auto found = std::ranges::find(values, key, &WrittenValue::key);
+    return found != values.end() ? &*found : nullptr;
   }
-  std::string text_of(const std::string& key) const {
-    const auto found = values.find(key);
-    return found != values.end() ? found->second.text : std::string();
+  /// Where it stands, or the section where there is none.
+  Place place_of(std::string_view key) const {
+    const WrittenValue* value = value_of(key);
+    return value != nullptr ? value->place : place;
+  }
+  std::string text_of(std::string_view key) const {
+    const WrittenValue* value = value_of(key);
+    return value != nullptr ? std::string(value->text) : std::string();
   }
 };
 

@@ -1,0 +1,42 @@
+// The checker of schedule files, media left alone.
+
+#include <algorithm>
+#include <string>
+
+#include "check/schedule_check.hpp"
+#include "fuzz/fuzz_target.hpp"
+#include "fuzz/scratch_folder.hpp"
+
+namespace {
+
+constexpr time_t report_time = 1772733600;  // 2026-03-05 18:00:00 UTC
+
+void require_place(const Place& place, int64_t lines) {
+  require(place.line >= 1 && place.line <= std::max<int64_t>(lines, 1), "a place is in the file");
+  require(place.column >= 1, "columns count from 1");
+}
+
+}  // namespace
+
+void run_target(std::string_view input) {
+  static const ScratchFolder folder;
+  folder.write("channel.schedule", input);
+  bool is_read = false;
+  const FileReports found =
+      check_schedule_file("channel.schedule", folder.path() + "/channel.schedule",
+                          {.media = false, .report_time = report_time}, is_read);
+  require(is_read, "a file that is there is read");
+  const auto lines = std::ranges::count(input, '\n') + 1;
+  Place last;
+  for (const Report& report : found.reports) {
+    require_place(report.place, lines);
+    require(last.line <= report.place.line, "findings stand in the order of the file");
+    last = report.place;
+    for (const Note& note : report.notes) {
+      require_place(note.place, lines);
+    }
+  }
+  const std::string text = text_of(found, found.reports.size());
+  require(std::ranges::all_of(text, [](char c) { return c == '\n' || (c & 0x80) != 0 || c >= ' '; }),
+          "a terminal can show it");
+}
