@@ -545,13 +545,12 @@ class LineCheck {
             quoted(text.substr(mark, 1)) +
                 " goes into the XML document as it is and makes it ill-formed");
       }
-      const auto is_control = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' && c != '\t';
-      };
-      const auto control = std::ranges::find_if(text, is_control);
-      if (control != text.end()) {
-        add(Finding::control_character, at(static_cast<size_t>(control - text.begin())),
-            "a control character makes the XML document ill-formed");
+      for (size_t i = 0; i < text.size(); ++i) {
+        if (static_cast<unsigned char>(text[i]) < ' ' && text[i] != '\t') {
+          add(Finding::control_character, at(i),
+              "a control character makes the XML document ill-formed");
+          break;
+        }
       }
     }
   }

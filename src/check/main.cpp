@@ -1,6 +1,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -54,12 +55,9 @@ int explain_all(const CheckCommand& command) {
 }
 
 bool counts(const FileReports& file, bool strict) {
-  for (const Report& report : file.reports) {
-    if (strict || info_of(report.finding).severity == Severity::error) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(file.reports, [&](const Report& report) {
+    return strict || info_of(report.finding).severity == Severity::error;
+  });
 }
 
 }  // namespace

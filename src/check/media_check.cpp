@@ -28,7 +28,7 @@ class MediaCheck {
   void check(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) == 0) {
-      schedules_above_.push_back({status.st_dev, status.st_ino});
+      schedules_above_.emplace_back(status.st_dev, status.st_ino);
     }
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];

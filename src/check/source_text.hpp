@@ -20,10 +20,10 @@ class SourceText {
   int64_t line_count() const { return static_cast<int64_t>(line_starts_.size()); }
 
   /// Where a line's text begins, blanks passed over.
-  Place place_of_text(int64_t line) const;
+  Place place_of_text(int64_t number) const;
 
   /// Where the value behind the first "=" or, without one, the first ":" begins.
-  Place place_of_value(int64_t line) const;
+  Place place_of_value(int64_t number) const;
 
  private:
   std::string content_;
