@@ -5,11 +5,13 @@ include(GNUInstallDirs)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-install(TARGETS nv8x_schedule_to_xml)
-install(FILES man/nv8x_schedule_to_xml.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check)
+install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
-install(FILES share/bash-completion/nv8x_schedule_to_xml
+install(FILES share/bash-completion/nv8x_schedule_to_xml share/bash-completion/nv8x_schedule_check
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(DIRECTORY share/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
 install(DIRECTORY share/schema share/xslt
         DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
 install(FILES README.md CHANGELOG.md LICENSE SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -15,12 +15,14 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "nv8x_schedule_to_xml developers <maintainer
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS tzdata)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS bash-completion)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "bash-completion, vim")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "It reads the schedule file of a playout channel (a day, a week, a month, a
 year or an endless span), repairs overlaps and gaps, adds what the media files
 and the play log say of each item, and prints the result as XML, as a
 programme-guide page, as JSON, or as a listing for Rovi or Gracenote: by hand,
-from scripts, or as a CGI program behind a web server.")
+from scripts, or as a CGI program behind a web server. A second program,
+nv8x_schedule_check, finds what a schedule file says that will not air, or not
+as it was meant, and tells what airs at a time and why.")
 
 include(CPack)

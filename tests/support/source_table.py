@@ -7,6 +7,7 @@ PROJECT = Path(__file__).resolve().parents[2]
 # Below the project's folder; the names of what they hold stand first in each row.
 FORMATS = "src/driver/output_formats.cpp"
 OPTIONS = "src/driver/options.cpp"
+CHECK_OPTIONS = "src/check/check_options.cpp"
 
 
 def rows(source, kind, row):

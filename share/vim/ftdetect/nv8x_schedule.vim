@@ -1,0 +1,1 @@
+autocmd BufNewFile,BufRead *.schedule setfiletype nv8x_schedule
