@@ -10,9 +10,9 @@
 struct CheckCommand {
   CheckOptions options;
   bool json = false;
-  bool strict = false;  ///< warnings count too
-  size_t most = 100;    ///< findings of a file that are printed
-  std::string moment;   ///< of --explain, or empty
+  bool strict = false;                ///< warnings count too
+  size_t most = 100;                  ///< findings of a file that are printed
+  std::optional<std::string> moment;  ///< of --explain
   std::vector<std::string> files;
 };
 

@@ -70,13 +70,15 @@ class Story {
                              ": ends before it starts and is dropped"});
         break;
       case Deed::clipped:
-        origins_[seen.start].events.push_back("cut: at " + position(seen.other) + " by " +
-                                              where(seen.other) + "; it was to end at " +
-                                              position(seen.end));
+        origins_[seen.start].events.push_back(cut_text(seen));
+        lost_.push_back(
+            {{seen.other, seen.end},
+             "line " + std::to_string(written_[seen.start].line) + ": " + cut_text(seen)});
         break;
       case Deed::filled_gap:
         origins_[seen.start] = {"a gap, as nothing is written for " + position(seen.start) +
-                                    " to " + position(seen.end) + ": the default item of the day",
+                                    " to " + end_position(seen.end) +
+                                    ": the default item of the day",
                                 {}};
         break;
       case Deed::announced_block:
@@ -92,9 +94,7 @@ class Story {
         break;
       }
       case Deed::block_cut_item:
-        origins_[seen.start].events.push_back("cut: at " + position(seen.other) + " by " +
-                                              where(seen.other) + "; it was to end at " +
-                                              position(seen.end));
+        origins_[seen.start].events.push_back(cut_text(seen));
         break;
       case Deed::block_moved_item: {
         Origin origin = origins_[seen.start];
@@ -132,8 +132,11 @@ class Story {
   }
 
   std::string position(uint64_t seconds) const {
-    const ScheduleType* type = find_schedule_type(schedule_.type);
-    return written_position(seconds, *type);
+    return written_position(seconds, *find_schedule_type(schedule_.type));
+  }
+
+  std::string end_position(uint64_t seconds) const {
+    return written_end(seconds, *find_schedule_type(schedule_.type));
   }
 
  private:
@@ -162,6 +165,11 @@ class Story {
     if (!is_announced_again_) {
       displaced_ = std::exchange(origins_[seen.start], Origin{block, {}});
     }
+  }
+
+  std::string cut_text(const Observation& seen) {
+    return "cut: at " + end_position(seen.other) + " by " + where(seen.other) +
+           "; it was to end at " + end_position(seen.end);
   }
 
   std::string where(uint64_t start) {

@@ -38,6 +38,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {Finding::foreign_weekday, "foreign-weekday", Severity::error},
     {Finding::needless_date, "needless-date", Severity::warning},
     {Finding::out_of_range, "out-of-range", Severity::error},
+    {Finding::bad_number, "bad-number", Severity::error},
     {Finding::no_such_date, "no-such-date", Severity::warning},
     {Finding::skipped_hour, "skipped-hour", Severity::warning},
     {Finding::repeated_hour, "repeated-hour", Severity::warning},

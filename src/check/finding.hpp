@@ -40,6 +40,7 @@ enum class Finding {
   foreign_weekday,
   needless_date,
   out_of_range,
+  bad_number,
   no_such_date,
   skipped_hour,
   repeated_hour,

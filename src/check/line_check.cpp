@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <optional>
 #include <set>
 #include <utility>
@@ -93,6 +94,7 @@ class LineCheck {
         if (!section_.is_broken) {
           add(Finding::unclosed_section, place_of_text(section_.line),
               "this section is never closed by a '}'");
+          section_.is_broken = true;
         }
         break;
       case Deed::stored_item:
@@ -235,6 +237,11 @@ class LineCheck {
     const std::string_view name = strip_blanks(text.substr(0, text.find_first_of("=:")));
     if (contains(item_keys, name) || contains(block_keys, name)) {
       add(Finding::unknown_name, place, quoted(name) + " stands in no section");
+      return;
+    }
+    if (name.starts_with(top_level_names[0])) {
+      add(Finding::no_key, place,
+          quoted(text) + " gives no default; write " + quoted("global default = path"));
       return;
     }
     if (lower_case(name) == top_level_names[0] && name != top_level_names[0]) {
@@ -508,6 +515,11 @@ class LineCheck {
       const auto& [name, text, place] = *value;
       if (is_bare_number(text)) {
         bare_numbers_.push_back(*value);
+        if (std::strtoull(std::string(text).c_str(), nullptr, 10) > type->unit_length) {
+          add(Finding::out_of_range, place,
+              quoted(text) + " is out of range: the schedule has " +
+                  std::to_string(type->unit_length) + " seconds");
+        }
       } else {
         has_clocks_ = true;
       }
@@ -516,6 +528,12 @@ class LineCheck {
             advice.text);
       }
     }
+  }
+
+  static bool is_number(const std::string& text) {
+    char* end = nullptr;
+    std::strtod(text.c_str(), &end);
+    return end != text.c_str() && *end == '\0';
   }
 
   void check_texts() {
@@ -529,6 +547,11 @@ class LineCheck {
                 "programmes inside" +
                 did_you_mean(text, announces));
       }
+    }
+    const WrittenValue* duration = section_.written.value_of("item duration");
+    if (duration != nullptr && !is_number(std::string(duration->text))) {
+      add(Finding::bad_number, duration->place,
+          quoted(duration->text) + " is no number of seconds");
     }
     for (const char* key : {"label", "block"}) {
       const WrittenValue* value = section_.written.value_of(key);

@@ -40,9 +40,12 @@ std::string path_of(const std::string& file) {
 
 int explain_all(const CheckCommand& command) {
   int status = EXIT_SUCCESS;
+  for (const Report& report : check_zone()) {
+    std::fprintf(stderr, "nv8x_schedule_check: %s\n", report.text.c_str());
+  }
   for (const std::string& file : command.files) {
     std::string error;
-    const auto story = explain_moment(file, path_of(file), command.moment, command.options, error);
+    const auto story = explain_moment(file, path_of(file), *command.moment, command.options, error);
     if (story) {
       print_output(*story);
     } else {
@@ -70,7 +73,7 @@ int main(int argc, char** argv) {
     return status;
   }
   settle_local_zone();
-  if (!command->moment.empty()) {
+  if (command->moment) {
     return explain_all(*command);
   }
   std::vector<FileReports> found;

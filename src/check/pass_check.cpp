@@ -7,7 +7,9 @@
 #include <utility>
 
 #include "check/time_advice.hpp"
+#include "platform/syntax/text.hpp"
 #include "platform/time/local_stretches.hpp"
+#include "platform/time/written_time.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/schedule_time.hpp"
@@ -72,13 +74,13 @@ class PassCheck {
     }
     const auto start = section.start;
     const auto end = section.end;
-    const std::string unit = "the schedule's unit of " + length_text(type_.unit_length);
+    const std::string unit = "the schedule's " + unit_text(type_);
     if (type_.unit_length > 0 && start >= type_.unit_length) {
       add(Finding::outside_unit, section.place_of("start"),
           "the " + what + " starts outside " + unit);
     } else if (as_signed(start) > as_signed(end)) {
       add(Finding::reversed, section.place_of("end"),
-          "the " + what + " ends before it starts; " + advice_on_reversed(start, end));
+          "the " + what + " ends before it starts; " + advice_on_reversed(section));
     } else if (start == end) {
       add(Finding::no_length, section.place_of("end"), "the " + what + " ends as it starts");
     } else if (type_.unit_length > 0 && end > type_.unit_length) {
@@ -86,19 +88,24 @@ class PassCheck {
     }
   }
 
-  /// How to write what runs over midnight, or over the end of the unit.
-  std::string advice_on_reversed(uint64_t start, uint64_t end) const {
+  /// How to write what runs over midnight or over the end of the unit, or has no day at its end.
+  std::string advice_on_reversed(const WrittenSection& section) const {
+    const auto start = section.start;
+    const auto end = section.end;
     const uint64_t day = start / seconds_per_day;
-    const uint64_t next_midnight = (day + 1) * seconds_per_day;
-    if (end / seconds_per_day == day && next_midnight < type_.unit_length) {
+    const uint64_t on_same_day = day * seconds_per_day + end % seconds_per_day;
+    if (type_.unit_length > seconds_per_day && on_same_day > start &&
+        read_clock(lower_case(section.text_of("end")))) {
+      return "without a day its end lies on the unit's first; write " +
+             quoted(written_position(on_same_day, type_));
+    }
+    if (end / seconds_per_day == day && (day + 1) * seconds_per_day < type_.unit_length) {
       return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
     }
-    // Hour 24 of the unit's last day is its end.
-    std::string last = written_position(type_.unit_length - seconds_per_day, type_);
-    last.replace(last.size() - 5, 5, "24:00");
     return "what runs over the end of the unit is written as two items, from " +
-           quoted(written_position(start, type_)) + " to " + quoted(last) + " and from " +
-           quoted(written_position(0, type_)) + " to " + quoted(written_position(end, type_));
+           quoted(written_position(start, type_)) + " to " +
+           quoted(written_end(type_.unit_length, type_)) + " and from " +
+           quoted(written_position(0, type_)) + " to " + quoted(written_end(end, type_));
   }
 
   void check_membership() {
@@ -142,9 +149,20 @@ class PassCheck {
   }
 
   void look(const Observation& seen) {
-    const WrittenSection* item = written_.item_at(seen.start);
+    if (seen.deed == Deed::announced_block) {
+      announced_.insert(seen.start);
+      block_ = seen.start;
+      return;
+    }
+    const bool is_block = announced_.contains(seen.start) && seen.start != block_;
+    const WrittenSection* item =
+        is_block ? written_.block_at(seen.start) : written_.item_at(seen.start);
     if (item == nullptr || item->is_broken) {
       return;
+    }
+    if (is_block && seen.deed == Deed::block_removed_item) {
+      add(Finding::block_cuts, item->place, "another announced block takes the place of this one",
+          {{written_.block_at(seen.other)->place, "the other is here"}});
     }
     if (seen.deed == Deed::clipped) {
       const WrittenSection& next = *written_.item_at(seen.other);
@@ -225,6 +243,8 @@ class PassCheck {
   std::vector<Report>& reports_;
   const ScheduleType& type_;
   std::set<std::pair<size_t, Finding>> told_;
+  std::set<uint64_t> announced_;  ///< blocks, by start
+  uint64_t block_ = 0;            ///< the last of them, which takes its place now
 };
 
 }  // namespace

@@ -25,8 +25,12 @@ FileReports check_schedule_file(const std::string& name, const std::string& path
   }
   is_read = content.has_value();
   if (!content) {
-    found.reports.push_back(
-        {Finding::unreadable, {}, std::string("cannot be read: ") + std::strerror(errno), {}});
+    found.reports.push_back({Finding::unreadable,
+                             {},
+                             errno == EINVAL
+                                 ? std::string("is no regular file")
+                                 : std::string("cannot be read: ") + std::strerror(errno),
+                             {}});
     return found;
   }
   // What the passes say on standard error is found here too, with its lines.

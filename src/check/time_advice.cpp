@@ -108,12 +108,17 @@ std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::ve
   return std::nullopt;
 }
 
-/// A clock with a full stop, an h or nothing where its colon belongs.
+bool is_hour(std::string_view number) {
+  return number.size() <= 2 && std::ranges::all_of(number, is_digit);
+}
+
+/// A clock with a full stop, an h or nothing where its colon belongs, or an hour alone.
 std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vector<Word>& words) {
   for (const Word& word : words) {
     std::string number = lower_case(word.text);
     std::ranges::replace(number, 'h', '.');
-    if (looks_like_clock(number, true) && is_time(with(text, word, clock_of(number)))) {
+    if ((looks_like_clock(number, true) || is_hour(number)) &&
+        is_time(with(text, word, clock_of(number)))) {
       return TimeAdvice{
           Finding::bad_time, word.offset,
           quoted(word.text) + " is not understood; did you mean " + quoted(clock_of(number)) + "?"};
@@ -197,6 +202,11 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
     }
     return TimeAdvice{Finding::needless_date, 0, advice};
   }
+  if (type.day_name == DayName::date && date.year && *date.year < first_schedule_year) {
+    return TimeAdvice{Finding::out_of_range, 0,
+                      "years before " + std::to_string(first_schedule_year) + " count as " +
+                          std::to_string(first_schedule_year)};
+  }
   if (date.month && date.day && in_range(date)) {
     const auto month = static_cast<size_t>(*date.month) - 1;
     if (*date.day > month_lengths.at(month)) {
@@ -237,7 +247,9 @@ bool looks_like_clock(std::string_view number, bool in_figures) {
 std::string clock_of(std::string_view number) {
   std::string clock(strip_blanks(number));
   const size_t point = clock.find('.');
-  if (point == std::string::npos) {
+  if (is_hour(clock)) {
+    clock += ":00";
+  } else if (point == std::string::npos) {
     clock.insert(2, ":");
   } else {
     clock[point] = ':';
@@ -277,6 +289,23 @@ std::string written_position(uint64_t position, const ScheduleType& type) {
   std::snprintf(clock.data(), clock.size(), second % 60 == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
                 second / 3600, second / 60 % 60, second % 60);
   return text + clock.data();
+}
+
+std::string written_end(uint64_t position, const ScheduleType& type) {
+  if (position == 0 || position % seconds_per_day != 0) {
+    return written_position(position, type);
+  }
+  std::string text = written_position(position - seconds_per_day, type);
+  return text.replace(text.size() - 5, 5, "24:00");
+}
+
+std::string unit_text(const ScheduleType& type) {
+  if (type.day_name == DayName::date) {
+    return "years " + std::to_string(first_schedule_year) + " to " +
+           std::to_string(first_schedule_year + schedule_years - 1);
+  }
+  return type.text == "daily" ? "day"
+                              : std::to_string(type.unit_length / seconds_per_day) + " days";
 }
 
 std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType& type) {

@@ -32,3 +32,9 @@ std::string a_schedule_of(std::string_view type);
 
 /// A schedule position as one would write it in a schedule of that type: "Tue 01:00".
 std::string written_position(uint64_t position, const ScheduleType& type);
+
+/// The same of an end: midnight is hour 24 of the day before.
+std::string written_end(uint64_t position, const ScheduleType& type);
+
+/// "7 days", "years 2020 to 2034".
+std::string unit_text(const ScheduleType& type);
