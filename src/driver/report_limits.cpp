@@ -73,7 +73,9 @@ void end_at_limit(int signal) {
   append_activity();
   message.append("\n");
   write_fully(is_response ? STDOUT_FILENO : STDERR_FILENO, message.view());
-  std::raise(signal);
+  const int last = is_watchdog ? SIGALRM : SIGXCPU;
+  std::signal(last, SIG_DFL);
+  std::raise(last);
 }
 
 }  // namespace
@@ -81,6 +83,7 @@ void end_at_limit(int signal) {
 void report_limits() {
   set_signal_action(SIGALRM, end_at_limit);
   set_signal_action(SIGXCPU, end_at_limit);
+  set_signal_action(SIGPROF, end_at_limit);
   processor_time_limit =
       limit_processor_time(run_options.cgi ? most_processor_time_of_cgi : most_processor_time);
 }

@@ -8,8 +8,8 @@
 /// Lets the run take 4 GiB of data in memory. More is refused.
 void limit_memory();
 
-/// Lets the run take that many seconds of processor time; then comes SIGXCPU, also before the
-/// system would kill the run without a word. The limit that holds.
+/// Lets the run take that many seconds of processor time; then comes SIGXCPU or, where the system
+/// would kill the run without a word, SIGPROF before that. The limit that holds.
 rlim_t limit_processor_time(rlim_t seconds);
 
 /// Sets what a signal does from now on (a handler, SIG_DFL or SIG_IGN) and lets it through,
