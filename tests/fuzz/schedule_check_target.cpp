@@ -37,6 +37,7 @@ void run_target(std::string_view input) {
     }
   }
   const std::string text = text_of(found, found.reports.size());
-  require(std::ranges::all_of(text, [](char c) { return c == '\n' || (c & 0x80) != 0 || c >= ' '; }),
-          "a terminal can show it");
+  require(
+      std::ranges::all_of(text, [](char c) { return c == '\n' || (c & 0x80) != 0 || c >= ' '; }),
+      "a terminal can show it");
 }

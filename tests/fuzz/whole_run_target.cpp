@@ -13,12 +13,12 @@
 
 #include "driver/options.hpp"
 #include "driver/run_steps.hpp"
-#include "metadata/merge_play_log.hpp"
 #include "fuzz/document_checks.hpp"
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
 #include "fuzz/scratch_folder.hpp"
 #include "fuzz/whole_run_input.hpp"
+#include "metadata/merge_play_log.hpp"
 #include "platform/standalone/mime_type.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
