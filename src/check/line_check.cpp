@@ -439,9 +439,9 @@ class LineCheck {
         return;
       }
     }
-    const bool is_number = entry->name.find_first_of("0123456789") != std::string_view::npos;
-    add(is_number ? Finding::default_range : Finding::default_key, place,
-        quoted(entry->name) + (is_number ? " is no day of " : " is no key of ") +
+    const bool has_number = entry->name.find_first_of("0123456789") != std::string_view::npos;
+    add(has_number ? Finding::default_range : Finding::default_key, place,
+        quoted(entry->name) + (has_number ? " is no day of " : " is no key of ") +
             a_schedule_of(own_type));
   }
 
