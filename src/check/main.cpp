@@ -13,7 +13,6 @@
 #include "check/check_options.hpp"
 #include "check/explain.hpp"
 #include "check/finding.hpp"
-#include "check/source_text.hpp"
 #include "check/zone_check.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/output.hpp"

@@ -5,7 +5,6 @@
 
 #include "platform/syntax/schedule_lines.hpp"
 #include "platform/syntax/text.hpp"
-#include "platform/system/file.hpp"
 
 namespace {
 
@@ -98,23 +97,6 @@ Place SourceText::place_of_value(int64_t number) const {
   }
   const std::string_view value = skip_blanks(text.substr(separator + 1));
   return {number, static_cast<int64_t>(text.size() - value.size()) + 1};
-}
-
-std::optional<std::string> read_content(int fd) {
-  std::string content;
-  constexpr size_t step = 256UL * 1024;
-  for (;;) {
-    const size_t length = content.size();
-    content.resize(length + step);
-    const std::optional<size_t> count = read_fully(fd, content.data() + length, step);
-    content.resize(length + count.value_or(0));
-    if (!count) {
-      return std::nullopt;
-    }
-    if (*count < step) {
-      return content;
-    }
-  }
 }
 
 bool is_hopeless(const SourceText& source) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,10 +28,6 @@ class SourceText {
   std::string content_;
   std::vector<size_t> line_starts_;
 };
-
-/// The whole of a file, or of standard input for descriptor 0; nothing, with errno set, when it
-/// cannot be read.
-std::optional<std::string> read_content(int fd);
 
 /// What is wrong with a text as bytes: marks, encodings, line ends, lines that are too long.
 void check_bytes(const SourceText& source, std::vector<Report>& reports);

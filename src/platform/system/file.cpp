@@ -93,6 +93,23 @@ std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offse
   });
 }
 
+std::optional<std::string> read_content(int fd) {
+  std::string content;
+  constexpr size_t step = 256UL * 1024;
+  for (;;) {
+    const size_t length = content.size();
+    content.resize(length + step);
+    const std::optional<size_t> count = read_fully(fd, content.data() + length, step);
+    content.resize(length + count.value_or(0));
+    if (!count) {
+      return std::nullopt;
+    }
+    if (*count < step) {
+      return content;
+    }
+  }
+}
+
 bool write_fully(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = uninterrupted([&] { return ::write(fd, bytes.data(), bytes.size()); });

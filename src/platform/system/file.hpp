@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// Owns an open file descriptor and closes it.
@@ -45,6 +46,9 @@ std::optional<size_t> read_fully(int fd, char* bytes, size_t size);
 
 /// The same from `offset` bytes behind the file's beginning.
 std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offset);
+
+/// All that is left of a file; nothing on an error.
+std::optional<std::string> read_content(int fd);
 
 /// False when not all of it could be written.
 bool write_fully(int fd, std::string_view bytes);

@@ -1,0 +1,181 @@
+#include "grab/channel_programmes.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <limits>
+#include <map>
+#include <utility>
+
+#include "metadata/item_metadata.hpp"
+#include "metadata/merge_play_log.hpp"
+#include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/time/calendar.hpp"
+#include "schedule/block_announce.hpp"
+#include "schedule/rendermgr.hpp"
+#include "schedule/repair.hpp"
+#include "schedule/schedule_reader.hpp"
+#include "schedule/schedule_time.hpp"
+#include "schedule/subschedules.hpp"
+#include "schedule/unit_times.hpp"
+#include "schedule/watchdog.hpp"
+
+namespace {
+
+/// The first second of the day that lies that many days behind t's.
+time_t start_of_day_after(time_t t, int days) {
+  time_t start = calendar_start_of_day(t);
+  for (; days > 0; --days) {
+    start = calendar_end_of_day(start) + 1;
+  }
+  for (; days < 0; ++days) {
+    start = calendar_start_of_day(start - 1);
+  }
+  return start;
+}
+
+struct ItemInfo {
+  ItemMetadata metadata;
+  ProgrammeTexts texts;
+};
+
+ItemInfo info_of(const ScheduleItem& item) {
+  const OpenedMetadata opened = open_item_metadata(item);
+  return {extract_item_metadata(opened.set), texts_of_item(item, opened.set)};
+}
+
+/// Goes through the units of a schedule one after the other.
+class UnitWalk {
+ public:
+  UnitWalk(const Schedule& schedule, std::string path)
+      : prepared_(schedule), path_(std::move(path)) {}
+
+  /// Adds what is announced in [begin, end) of the unit that holds `begin`; the unit's end.
+  time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
+    Schedule schedule = prepared_;
+    arm_watchdog();
+    compute_unit_times(schedule, begin);
+    merge_play_log(schedule, path_);
+    block_announce_subst(schedule);
+    patch_all_subschedules(schedule);
+    const time_t unit_end = schedule.unit_end;
+    UnitClock clock(schedule);
+    std::map<time_t, Programme> by_start;  // of two at one second the later one airs
+    for (const auto& [start, item] : schedule.schedule) {
+      const time_t t = clock.time_of(start);
+      // The unit's last second belongs to no report.
+      if (t == -1 || t < begin || t >= std::min<time_t>(end, unit_end)) {
+        continue;
+      }
+      const time_t stop = clock.time_of(item.end);
+      if (stop == t) {
+        continue;
+      }
+      add_item(item, t, stop, t == schedule.unit_start && stop > unit_end, by_start);
+    }
+    for (auto& [start, programme] : by_start) {
+      programmes.push_back(std::move(programme));
+    }
+    return unit_end;
+  }
+
+ private:
+  void add_item(const ScheduleItem& item, time_t start, time_t stop, bool fills_unit,
+                std::map<time_t, Programme>& by_start) {
+    const ItemInfo info = info_of(item);
+    by_start.erase(start);
+    if (derive_announce(info.metadata, item) > 0) {
+      by_start.emplace(start, Programme{start, stop > start ? stop : -1, item.item, item.label,
+                                        item.event_id, fills_unit, info.texts});
+    }
+  }
+
+  Schedule prepared_;
+  std::string path_;
+};
+
+/// Whether the second goes on with the first, which the end of a unit cut in two.
+bool is_cut_in_two(const Programme& one, const Programme& other, time_t seam) {
+  return one.stop == seam && other.start == seam && one.path == other.path &&
+         one.label == other.label && one.event_id == other.event_id && !one.fills_unit &&
+         !other.fills_unit;
+}
+
+void append_unit(std::vector<Programme>& programmes, std::vector<Programme> unit, time_t seam) {
+  auto first = unit.begin();
+  if (!programmes.empty() && first != unit.end() &&
+      is_cut_in_two(programmes.back(), *first, seam)) {
+    programmes.back().stop = first->stop;
+    ++first;
+  }
+  programmes.insert(programmes.end(), std::make_move_iterator(first),
+                    std::make_move_iterator(unit.end()));
+}
+
+/// A programme ends where the next begins, at the latest; where its end is not known, there.
+void settle_stops(std::vector<Programme>& programmes) {
+  for (size_t i = 0; i + 1 < programmes.size(); ++i) {
+    Programme& programme = programmes[i];
+    const time_t next = programmes[i + 1].start;
+    programme.stop = programme.stop == -1 ? next : std::min(programme.stop, next);
+  }
+}
+
+std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::string& error) {
+  if (!channel.schedule.empty()) {
+    return channel.schedule;
+  }
+  std::optional<std::string> path = read_rendermgr(channel.rendermgr);
+  if (!path || path->empty()) {
+    error = "'" + channel.rendermgr + "' names no schedule";
+    return std::nullopt;
+  }
+  return path;
+}
+
+}  // namespace
+
+std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& channel,
+                                                            const GuideSpan& span, time_t now,
+                                                            std::string& error) {
+  const std::optional<std::string> path = schedule_path_of(channel, error);
+  if (!path) {
+    return std::nullopt;
+  }
+  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
+  Schedule schedule;
+  if (!read_schedule_file(schedule, path->c_str())) {
+    error = "'" + *path + "' cannot be read: " + std::strerror(errno);
+    return std::nullopt;
+  }
+  if (schedule.unit_length == 0) {
+    error = "'" + *path + "' is of a type without unit";
+    return std::nullopt;
+  }
+  remove_reversed_items(schedule);
+  fix_schedule_file(schedule);
+  patch_schedule_default_items(schedule);
+
+  const time_t begin = start_of_day_after(now, span.offset);
+  const time_t end = start_of_day_after(begin, span.days);
+  UnitWalk walk(schedule, *path);
+  std::vector<Programme> programmes;
+  // What is on air when the span begins started in this unit or at the seam before it.
+  Schedule unit;
+  unit.type = schedule.type;
+  compute_unit_times(unit, begin - 1);
+  for (time_t cursor = unit.unit_start; cursor < end;) {
+    std::vector<Programme> found;
+    const time_t unit_end = walk.add_unit(cursor, end, found);
+    append_unit(programmes, std::move(found), cursor);
+    cursor = unit_end + 1;
+  }
+  cancel_watchdog();
+  settle_stops(programmes);
+  std::erase_if(programmes, [&](const Programme& programme) {
+    return channel.previous ? programme.start < begin && programme.stop <= begin
+                            : programme.start < begin;
+  });
+  return programmes;
+}

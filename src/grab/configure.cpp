@@ -1,0 +1,146 @@
+#include "grab/configure.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "grab/guide_config.hpp"
+#include "grab/guide_file.hpp"
+#include "platform/syntax/text.hpp"
+
+namespace {
+
+class Questions {
+ public:
+  Questions(std::FILE* in, std::FILE* out) : in_(in), out_(out) {}
+
+  /// An answer for which complain(answer) is empty; nothing at the end of the input.
+  template <typename Complain>
+  std::optional<std::string> ask(const char* question, Complain complain) {
+    for (;;) {
+      std::fprintf(out_, "%s ", question);
+      std::fflush(out_);
+      std::optional<std::string> answer = read_line();
+      if (!answer) {
+        return std::nullopt;
+      }
+      const std::string complaint = complain(*answer);
+      if (complaint.empty()) {
+        return answer;
+      }
+      std::fprintf(out_, "%s.\n", complaint.c_str());
+    }
+  }
+
+ private:
+  std::optional<std::string> read_line() {
+    std::string line;
+    int c = 0;
+    while ((c = std::fgetc(in_)) != EOF && c != '\n') {
+      line += static_cast<char>(c);
+    }
+    if (c == EOF && line.empty()) {
+      return std::nullopt;
+    }
+    return std::string(strip_blanks(chomp(line)));
+  }
+
+  std::FILE* in_;
+  std::FILE* out_;
+};
+
+std::string nothing_wrong(const std::string& answer) {
+  return answer.find_first_of("[]#;") == std::string::npos ? std::string()
+                                                           : "Without [, ], # and ;, please";
+}
+
+std::string complaint_about_yes_or_no(const std::string& answer) {
+  return answer.empty() || answer == "yes" || answer == "no" ? std::string() : "Answer yes or no";
+}
+
+/// Asks for one channel; nothing at the end of the input. An empty id ends the questions.
+std::optional<GuideChannel> ask_for_channel(Questions& questions,
+                                            const std::set<std::string>& ids) {
+  GuideChannel channel;
+  const auto id = questions.ask(
+      "Channel id, such as kbt1.example (empty: no more channels):", [&](const std::string& text) {
+        return ids.contains(text) ? "'" + text + "' is there already" : nothing_wrong(text);
+      });
+  if (!id || id->empty()) {
+    channel.id = id.value_or("");
+    return id ? std::optional(channel) : std::nullopt;
+  }
+  channel.id = *id;
+  const auto name = questions.ask("Name to show:", nothing_wrong);
+  const auto language =
+      questions.ask("Language of the texts, such as en (may be empty):", nothing_wrong);
+  const auto zone = questions.ask("Time zone, such as Europe/London:", [](const std::string& text) {
+    return is_known_zone(text) ? std::string() : "The machine knows no zone '" + text + "'";
+  });
+  const auto folder = questions.ask("Folder of the channel's files:", [](const std::string& text) {
+    std::error_code error;
+    return std::filesystem::is_directory(text, error) ? std::string()
+                                                      : "'" + text + "' is no folder";
+  });
+  if (!name || !language || !zone || !folder) {
+    return std::nullopt;
+  }
+  channel.name = *name;
+  channel.language = *language;
+  channel.zone = *zone;
+  channel.folder = std::filesystem::absolute(*folder).lexically_normal().string();
+  const auto schedule =
+      questions.ask("Schedule file, as seen from there:", [&](const std::string& text) {
+        GuideChannel tried = channel;
+        tried.schedule = text;
+        return text.empty() ? "A file is needed" : complaint_about_channel(tried);
+      });
+  const auto icon = questions.ask("Address of an icon (may be empty):", nothing_wrong);
+  const auto previous =
+      questions.ask("Show what is on air when the first day begins (yes or no, empty: no)?",
+                    complaint_about_yes_or_no);
+  if (!schedule || !icon || !previous) {
+    return std::nullopt;
+  }
+  channel.schedule = *schedule;
+  channel.icon = *icon;
+  channel.previous = *previous == "yes";
+  return channel;
+}
+
+}  // namespace
+
+bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
+  Questions questions(in, out);
+  std::vector<GuideChannel> channels;
+  std::set<std::string> ids;
+  for (;;) {
+    std::optional<GuideChannel> channel = ask_for_channel(questions, ids);
+    if (!channel) {
+      std::fprintf(stderr, "tv_grab_nv8x: no more answers; nothing was written\n");
+      return false;
+    }
+    if (channel->id.empty()) {
+      break;
+    }
+    ids.insert(channel->id);
+    channels.push_back(*std::move(channel));
+  }
+  std::error_code ignored;
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+  GuideFile file(path);
+  if (!file.is_open() || !file.write(text_of_guide_config(channels)) || !file.publish()) {
+    std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", path.c_str(), std::strerror(errno));
+    return false;
+  }
+  std::fprintf(out, "%zu channels written to %s\n", channels.size(), path.c_str());
+  return true;
+}

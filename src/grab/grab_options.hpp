@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "grab/guide.hpp"
+
+enum class GrabTask { guide, channels, configure };
+
+struct GrabCommand {
+  GrabTask task = GrabTask::guide;
+  std::string config_file;
+  std::string output;   ///< empty: standard output
+  std::string channel;  ///< the only one; empty: all
+  GuideRun run;
+};
+
+/// The command line, as XMLTV's grabbers have it. Nothing when the program is to end at once, with
+/// `status`.
+std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status);

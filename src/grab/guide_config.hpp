@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// A channel of the guide, as its section of the configuration has it.
+struct GuideChannel {
+  std::string id;
+  std::string name;       ///< to show; the id when there is none
+  std::string language;   ///< of the texts, such as "en"; may be empty
+  std::string zone;       ///< in which the schedule's times are local
+  std::string folder;     ///< to which its paths are relative
+  std::string schedule;   ///< schedule file
+  std::string rendermgr;  ///< or the render-manager file that names it
+  std::string icon;       ///< address of a picture; may be empty
+  bool previous = false;  ///< show what is on air at the beginning of the first day
+  int line = 0;           ///< of its section
+};
+
+/// A mistake in a configuration.
+struct ConfigMistake {
+  int line;
+  std::string text;
+};
+
+/// Sections as INI files have them, one a channel:
+///   [kbt1.example]
+///   name = Kelmouth Bay
+/// Lines that begin with "#" or ";" are comments, and so is what stands behind a blank and one of
+/// those. Nothing, with `mistake`, when something in it is wrong.
+std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& content,
+                                                            ConfigMistake& mistake);
+
+/// What is wrong with the channel's folder, schedule or zone on this machine; empty: nothing.
+std::string complaint_about_channel(const GuideChannel& channel);
+
+/// Whether the machine knows a zone by that name.
+bool is_known_zone(const std::string& zone);
+
+/// The sections as they are written to a file.
+std::string text_of_guide_config(const std::vector<GuideChannel>& channels);

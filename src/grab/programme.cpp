@@ -1,0 +1,342 @@
+#include "grab/programme.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+
+#include "platform/syntax/text.hpp"
+#include "platform/time/local_stretches.hpp"
+#include "writers/append.hpp"
+#include "writers/xml_escape.hpp"
+
+namespace {
+
+/// Windows-1252 from 0x80 to 0x9f; 0: no character.
+constexpr std::array<uint16_t, 32> windows_1252 = {
+    0x20ac, 0,      0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017d, 0,      0,      0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
+    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0,      0x017e, 0x0178};
+
+void append_utf_8(std::string& out, uint32_t c) {
+  if (c < 0x80) {
+    out += static_cast<char>(c);
+  } else if (c < 0x800) {
+    out += static_cast<char>(0xc0U | (c >> 6U));
+    out += static_cast<char>(0x80U | (c & 0x3fU));
+  } else {
+    out += static_cast<char>(0xe0U | (c >> 12U));
+    out += static_cast<char>(0x80U | ((c >> 6U) & 0x3fU));
+    out += static_cast<char>(0x80U | (c & 0x3fU));
+  }
+}
+
+/// Takes a character off the front; nothing when it begins with no UTF-8.
+std::optional<uint32_t> take_utf_8(std::string_view& text) {
+  const auto byte = [&](size_t i) {
+    return static_cast<uint32_t>(static_cast<unsigned char>(i < text.size() ? text[i] : 0));
+  };
+  const uint32_t first = byte(0);
+  const size_t length = first < 0x80    ? 1
+                        : first < 0xc2  ? 0
+                        : first < 0xe0  ? 2
+                        : first < 0xf0  ? 3
+                        : first <= 0xf4 ? 4
+                                        : 0;
+  if (length == 0) {
+    return std::nullopt;
+  }
+  uint32_t c = length == 1 ? first : first & (0xffU >> (length + 1));
+  for (size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xc0U) != 0x80) {
+      return std::nullopt;
+    }
+    c = c << 6U | (byte(i) & 0x3fU);
+  }
+  constexpr std::array<uint32_t, 5> least = {0, 0, 0x80, 0x800, 0x10000};
+  if (c < least.at(length) || c > 0x10ffff || (c >= 0xd800 && c < 0xe000)) {
+    return std::nullopt;
+  }
+  text.remove_prefix(length);
+  return c;
+}
+
+bool is_for_xml(uint32_t c) {
+  return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && !(c >= 0x80 && c < 0xa0);
+}
+
+/// Of several entries of one name the last that is not blank counts.
+struct Values {
+  std::vector<std::pair<std::string, std::string>> entries;  ///< names in lower case
+
+  std::string last(std::string_view name) const {
+    std::string value;
+    for (const auto& [entry, text] : entries) {
+      if (entry == name && !text.empty()) {
+        value = text;
+      }
+    }
+    return value;
+  }
+};
+
+bool is_number_or_fraction(std::string_view text) {
+  return text.find_first_not_of(" /0123456789") == std::string_view::npos;
+}
+
+/// The number that stands before a "/" or alone; empty for other texts.
+std::string number_of(std::string_view text) {
+  constexpr size_t longest = 15;
+  const std::string_view number = strip_blanks(text.substr(0, text.find('/')));
+  return number.size() <= longest && std::ranges::all_of(number, is_digit) ? std::string(number)
+                                                                           : std::string();
+}
+
+std::string title_of_file(std::string_view path) {
+  std::string_view name = file_name_of(path);
+  const size_t dot = name.rfind('.');
+  if (dot != std::string_view::npos && name.size() - dot <= 4) {
+    name = name.substr(0, dot);
+  }
+  std::string title(name);
+  for (char& c : title) {
+    if (c == '"' || c == '\'' || c == '\\' || c == '_') {
+      c = ' ';
+    }
+  }
+  title = clean_text(title);
+  return title.empty() ? "(untitled)" : title;
+}
+
+void set_titles(ProgrammeTexts& texts, const Values& values, const ScheduleItem& item) {
+  const std::string program = values.last("program");
+  const std::string title = values.last("title");
+  const std::string label = clean_text(item.label);
+  texts.title = !program.empty() ? program
+                : !title.empty() ? title
+                : !label.empty() ? label
+                                 : title_of_file(item.item);
+  std::string sub_title = values.last("episode");
+  if (is_number_or_fraction(sub_title)) {
+    sub_title = program.empty() ? std::string() : title;
+  }
+  texts.sub_title = sub_title != program ? sub_title : std::string();
+}
+
+void set_credits(ProgrammeTexts& texts, const Values& values) {
+  constexpr std::array<std::pair<std::string_view, const char*>, 3> roles = {{
+      {"producers", "producer"},
+      {"hosts", "presenter"},
+      {"guests", "guest"},
+  }};
+  for (const auto& [name, element] : roles) {
+    for (const auto& [entry, text] : values.entries) {
+      if (entry == name && !text.empty()) {
+        texts.credits.emplace_back(element, text);
+      }
+    }
+  }
+}
+
+void set_categories(ProgrammeTexts& texts, const Values& values) {
+  for (const auto& [entry, text] : values.entries) {
+    const bool is_category = (entry == "genre" || entry == "rovi category") && !text.empty();
+    const bool is_known = std::ranges::any_of(texts.categories, [&](const std::string& known) {
+      return lower_case(known) == lower_case(text);
+    });
+    if (is_category && !is_known) {
+      texts.categories.push_back(text);
+    }
+  }
+}
+
+void set_date(ProgrammeTexts& texts, const Values& values) {
+  std::string date = values.last("date").substr(0, 10);
+  std::erase(date, '-');
+  const bool has_length = date.size() == 4 || date.size() == 6 || date.size() == 8;
+  if (has_length && std::ranges::all_of(date, is_digit)) {
+    texts.date = date;
+  }
+}
+
+void set_rating(ProgrammeTexts& texts, const std::string& rating) {
+  const size_t slash = rating.rfind('/');
+  texts.rating = slash == std::string::npos ? rating : rating.substr(slash + 1);
+  texts.rating_system = slash == std::string::npos ? std::string() : rating.substr(0, slash);
+}
+
+bool begins_with_one_of(std::string_view text, std::string_view letters) {
+  return !text.empty() && letters.find(to_lower(text.front())) != std::string_view::npos;
+}
+
+/// "YYYYMMDDhhmmss +hhmm", by how the clocks run then.
+void append_time(std::string& out, time_t t) {
+  std::tm tm{};
+  if (localtime_r(&t, &tm) == nullptr) {
+    return;
+  }
+  append_padded(out, static_cast<unsigned>(tm.tm_year + 1900), 4);
+  for (const int part : {tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec}) {
+    append_padded(out, static_cast<unsigned>(part), 2);
+  }
+  const long minutes = (std::labs(tm.tm_gmtoff) + 30) / 60;
+  append(out, tm.tm_gmtoff < 0 && minutes > 0 ? " -" : " +");
+  append_padded(out, static_cast<unsigned>(minutes / 60 * 100 + minutes % 60), 4);
+}
+
+void append_text_element(std::string& out, std::string_view element, std::string_view text,
+                         std::string_view language = {}) {
+  if (text.empty()) {
+    return;
+  }
+  append(out, "    <", element);
+  if (!language.empty()) {
+    append(out, " lang=\"");
+    append_xml_escaped(out, language);
+    append(out, "\"");
+  }
+  append(out, ">");
+  append_xml_escaped(out, text);
+  append(out, "</", element, ">\n");
+}
+
+std::string counted_from_0(const std::string& number) {
+  const uint64_t value = std::strtoull(number.c_str(), nullptr, 10);
+  return value > 0 ? std::to_string(value - 1) : std::string();
+}
+
+std::string two_digits(const std::string& number) {
+  std::string text = std::to_string(std::strtoull(number.c_str(), nullptr, 10));
+  return text.size() < 2 ? "0" + text : text;
+}
+
+void append_episode_numbers(std::string& out, const ProgrammeTexts& texts) {
+  const std::string season = counted_from_0(texts.season);
+  const std::string episode = counted_from_0(texts.episode);
+  if (!season.empty() || !episode.empty()) {
+    append(out, "    <episode-num system=\"xmltv_ns\">", season, " . ", episode,
+           " . </episode-num>\n");
+  }
+  if (!texts.season.empty() || !texts.episode.empty()) {
+    append(out, "    <episode-num system=\"onscreen\">");
+    append(out, texts.season.empty() ? "" : "S" + two_digits(texts.season),
+           texts.episode.empty() ? "" : "E" + two_digits(texts.episode), "</episode-num>\n");
+  }
+}
+
+void append_credits(std::string& out, const ProgrammeTexts& texts) {
+  if (texts.credits.empty()) {
+    return;
+  }
+  append(out, "    <credits>\n");
+  for (const auto& [element, name] : texts.credits) {
+    append(out, "  ");
+    append_text_element(out, element, name);
+  }
+  append(out, "    </credits>\n");
+}
+
+void append_rating(std::string& out, const ProgrammeTexts& texts) {
+  if (texts.rating.empty()) {
+    return;
+  }
+  append(out, "    <rating");
+  if (!texts.rating_system.empty()) {
+    append(out, " system=\"");
+    append_xml_escaped(out, texts.rating_system);
+    append(out, "\"");
+  }
+  append(out, ">\n      <value>");
+  append_xml_escaped(out, texts.rating);
+  append(out, "</value>\n    </rating>\n");
+}
+
+}  // namespace
+
+std::string clean_text(std::string_view text) {
+  std::string clean;
+  bool is_blank_due = false;
+  while (!text.empty()) {
+    std::optional<uint32_t> c = take_utf_8(text);
+    if (!c) {
+      const auto byte = static_cast<unsigned char>(text.front());
+      c = byte < 0xa0 ? windows_1252.at(byte - 0x80U) : byte;
+      text.remove_prefix(1);
+    }
+    if (*c == ' ' || !is_for_xml(*c)) {
+      is_blank_due = !clean.empty();
+      continue;
+    }
+    if (is_blank_due) {
+      clean += ' ';
+      is_blank_due = false;
+    }
+    if (*c < 0x10000) {
+      append_utf_8(clean, *c);
+    } else {
+      clean += static_cast<char>(0xf0U | (*c >> 18U));
+      clean += static_cast<char>(0x80U | ((*c >> 12U) & 0x3fU));
+      clean += static_cast<char>(0x80U | ((*c >> 6U) & 0x3fU));
+      clean += static_cast<char>(0x80U | (*c & 0x3fU));
+    }
+  }
+  return clean;
+}
+
+ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set) {
+  Values values;
+  for_each_entry(set, [&](const metadata_v4_entry& entry) {
+    if (is_whole(entry)) {
+      values.entries.emplace_back(lower_case(entry.name), clean_text(entry.value));
+    }
+  });
+  ProgrammeTexts texts;
+  set_titles(texts, values, item);
+  texts.description = values.last("description");
+  if (texts.description.empty()) {
+    texts.description = values.last("summary");
+  }
+  set_credits(texts, values);
+  set_date(texts, values);
+  set_categories(texts, values);
+  texts.language = values.last("language");
+  texts.season = number_of(values.last("season"));
+  texts.episode = number_of(values.last("tvepisode"));
+  if (texts.episode.empty()) {
+    texts.episode = number_of(values.last("episode"));
+  }
+  texts.is_hd = begins_with_one_of(values.last("hd"), "123456789ty");
+  texts.is_repeat = lower_case(values.last("newliverepeat")) == "repeat";
+  texts.has_captions = begins_with_one_of(values.last("cc"), "1ty");
+  set_rating(texts, values.last("rating"));
+  return texts;
+}
+
+void append_programme(std::string& out, const Programme& programme, const std::string& channel,
+                      const std::string& language) {
+  const ProgrammeTexts& texts = programme.texts;
+  append(out, "  <programme start=\"");
+  append_time(out, programme.start);
+  if (programme.stop > programme.start) {
+    append(out, "\" stop=\"");
+    append_time(out, programme.stop);
+  }
+  append(out, "\" channel=\"");
+  append_xml_escaped(out, channel);
+  append(out, "\">\n");
+  append_text_element(out, "title", texts.title, language);
+  append_text_element(out, "sub-title", texts.sub_title, language);
+  append_text_element(out, "desc", texts.description, language);
+  append_credits(out, texts);
+  append_text_element(out, "date", texts.date);
+  for (const std::string& category : texts.categories) {
+    append_text_element(out, "category", category, language);
+  }
+  append_text_element(out, "language", texts.language);
+  append_episode_numbers(out, texts);
+  append(out, texts.is_hd ? "    <video>\n      <quality>HDTV</quality>\n    </video>\n" : "",
+         texts.is_repeat ? "    <previously-shown/>\n" : "",
+         texts.has_captions ? "    <subtitles type=\"teletext\"/>\n" : "");
+  append_rating(out, texts);
+  append(out, "  </programme>\n");
+}
