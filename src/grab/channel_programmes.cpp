@@ -165,17 +165,18 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   Schedule unit;
   unit.type = schedule.type;
   compute_unit_times(unit, begin - 1);
-  for (time_t cursor = unit.unit_start; cursor < end;) {
+  for (time_t cursor = unit.unit_start; cursor <= end;) {
     std::vector<Programme> found;
-    const time_t unit_end = walk.add_unit(cursor, end, found);
+    // A unit that begins as the span ends may go on with what the seam cuts.
+    const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);
     append_unit(programmes, std::move(found), cursor);
     cursor = unit_end + 1;
   }
   cancel_watchdog();
   settle_stops(programmes);
   std::erase_if(programmes, [&](const Programme& programme) {
-    return channel.previous ? programme.start < begin && programme.stop <= begin
-                            : programme.start < begin;
+    const bool is_before = programme.start < begin;
+    return programme.start >= end || (is_before && !(channel.previous && programme.stop > begin));
   });
   return programmes;
 }

@@ -1,6 +1,5 @@
 #include "schedule/prepared_subschedules.hpp"
 
-#include <cstdio>
 #include <utility>
 
 #include "platform/system/messages.hpp"
@@ -37,8 +36,7 @@ PreparedSubschedule* PreparedSubschedules::prepared(const std::string& path) {
   auto found = by_path_.find(path);
   if (found != by_path_.end()) {
     arm_watchdog();  // as filling its gaps did
-    const std::string& said = found->second.said;
-    std::fwrite(said.data(), 1, said.size(), stderr);
+    print_diagnostic("%s", found->second.said.c_str());
   } else {
     PreparedSubschedule fresh = prepare(path);
     constexpr size_t bytes_like_an_item = 400;

@@ -41,14 +41,15 @@ void print_diagnostic(const char* format, ...) {
   }
 }
 
-DiagnosticsRecord::DiagnosticsRecord(Printing printing) {
+DiagnosticsRecord::DiagnosticsRecord(Printing printing)
+    : record_around_(record), was_printing_(is_printing) {
   record = &text_;
-  is_printing = printing == Printing::on;
+  is_printing = is_printing && printing == Printing::on;
 }
 
 DiagnosticsRecord::~DiagnosticsRecord() {
-  record = nullptr;
-  is_printing = true;
+  record = record_around_;
+  is_printing = was_printing_;
 }
 
 void set_failure_reporter(FailureReporter reporter) {

@@ -12,8 +12,8 @@
 /// Prints what the reader and the passes have to say of a schedule, as std::fprintf does.
 [[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
 
-/// Keeps a copy of those while it lives; one at a time. What was said of a schedule that is used
-/// again can so be said again, or be left unsaid.
+/// Keeps a copy of those while it lives. What was said of a schedule that is used again can so be
+/// said again, or be left unsaid. Within one that leaves them unsaid nothing is printed.
 class DiagnosticsRecord {
  public:
   enum class Printing { on, off };
@@ -26,6 +26,8 @@ class DiagnosticsRecord {
 
  private:
   std::string text_;
+  std::string* record_around_;
+  bool was_printing_;
 };
 
 /// Prints the message of a failure; need not return.
