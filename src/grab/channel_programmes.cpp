@@ -48,8 +48,8 @@ ItemInfo info_of(const ScheduleItem& item) {
 /// Goes through the units of a schedule one after the other.
 class UnitWalk {
  public:
-  UnitWalk(const Schedule& schedule, std::string path)
-      : prepared_(schedule), path_(std::move(path)) {}
+  UnitWalk(Schedule schedule, std::string path)
+      : prepared_(std::move(schedule)), path_(std::move(path)) {}
 
   /// Adds what is announced in [begin, end) of the unit that holds `begin`; the unit's end.
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
@@ -159,12 +159,12 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
 
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
-  UnitWalk walk(schedule, *path);
-  std::vector<Programme> programmes;
   // What is on air when the span begins started in this unit or at the seam before it.
   Schedule unit;
   unit.type = schedule.type;
   compute_unit_times(unit, begin - 1);
+  UnitWalk walk(std::move(schedule), *path);
+  std::vector<Programme> programmes;
   for (time_t cursor = unit.unit_start; cursor <= end;) {
     std::vector<Programme> found;
     // A unit that begins as the span ends may go on with what the seam cuts.

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <set>
 
 #include "platform/syntax/text.hpp"
 #include "platform/time/local_stretches.hpp"
@@ -138,14 +139,16 @@ void set_credits(ProgrammeTexts& texts, const Values& values) {
   }
 }
 
+bool is_category(std::string_view name) {
+  return name == "genre" || name == "rovi category";
+}
+
 void set_categories(ProgrammeTexts& texts, const Values& values) {
-  for (const auto& [entry, text] : values.entries) {
-    const bool is_category = (entry == "genre" || entry == "rovi category") && !text.empty();
-    const bool is_known = std::ranges::any_of(texts.categories, [&](const std::string& known) {
-      return lower_case(known) == lower_case(text);
-    });
-    if (is_category && !is_known) {
-      texts.categories.push_back(text);
+  std::set<std::string> known;
+  for (const auto& entry : values.entries) {
+    if (is_category(entry.first) && !entry.second.empty() &&
+        known.insert(lower_case(entry.second)).second) {
+      texts.categories.push_back(entry.second);
     }
   }
 }
