@@ -5,11 +5,12 @@ include(GNUInstallDirs)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check)
-install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1
+install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check tv_grab_nv8x)
+install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1 man/tv_grab_nv8x.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
 install(FILES share/bash-completion/nv8x_schedule_to_xml share/bash-completion/nv8x_schedule_check
+              share/bash-completion/tv_grab_nv8x
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(DIRECTORY share/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
 install(DIRECTORY share/schema share/xslt

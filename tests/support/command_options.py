@@ -1,9 +1,8 @@
 #!/usr/bin/python3
 """The options that the programs take, as their own tables name them:
-command_options.py listed|valued|check|check-valued
+command_options.py PROGRAM listed|valued
 
-Prints, one a line, the names of those that the usage text of nv8x_schedule_to_xml lists, or that
-take a value; or all of nv8x_schedule_check, or those that take a value.
+Prints, one a line, the names of those that the program's usage text lists, or that take a value.
 """
 import sys
 from typing import NamedTuple
@@ -27,15 +26,20 @@ def command_options():
             for name, usage, missing_value in rows}
 
 
-def check_options():
-    """Of nv8x_schedule_check, by name. Its usage text lists all of them."""
-    rows = source_table.rows(source_table.CHECK_OPTIONS, "option",
+GETOPT_TABLES = {"nv8x_schedule_check": source_table.CHECK_OPTIONS,
+                 "tv_grab_nv8x": source_table.GRAB_OPTIONS}
+
+
+def getopt_options(program):
+    """By name, of a program with a table for getopt_long. Its usage text lists all of them."""
+    rows = source_table.rows(GETOPT_TABLES[program], "option",
                              r'\{(nullptr|"[^"]+"), (\w+), nullptr, \w+\}')
     return {name.strip('"'): Option(True, argument == "required_argument")
             for name, argument in rows if name != "nullptr"}
 
 
 if __name__ == "__main__":
-    options = check_options() if sys.argv[1].startswith("check") else command_options()
-    place = {"listed": 0, "check": 0, "valued": 1, "check-valued": 1}[sys.argv[1]]
+    program, which = sys.argv[1:]
+    options = getopt_options(program) if program in GETOPT_TABLES else command_options()
+    place = Option._fields.index({"listed": "is_listed", "valued": "takes_value"}[which])
     print(*(name for name, option in options.items() if option[place]), sep="\n")

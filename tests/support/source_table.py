@@ -8,6 +8,7 @@ PROJECT = Path(__file__).resolve().parents[2]
 FORMATS = "src/driver/output_formats.cpp"
 OPTIONS = "src/driver/options.cpp"
 CHECK_OPTIONS = "src/check/check_options.cpp"
+GRAB_OPTIONS = "src/grab/grab_options.cpp"
 
 
 def rows(source, kind, row):
