@@ -70,10 +70,15 @@ std::string complaint_about_yes_or_no(const std::string& answer) {
 std::optional<GuideChannel> ask_for_channel(Questions& questions,
                                             const std::set<std::string>& ids) {
   GuideChannel channel;
-  const auto id = questions.ask(
-      "Channel id, such as kbt1.example (empty: no more channels):", [&](const std::string& text) {
-        return ids.contains(text) ? "'" + text + "' is there already" : nothing_wrong(text);
-      });
+  const auto id = questions.ask("Channel id, such as kbt1.example (empty: no more channels):",
+                                [&](const std::string& text) {
+                                  if (ids.contains(text)) {
+                                    return "'" + text + "' is there already";
+                                  }
+                                  return text.empty() || is_channel_id(text)
+                                             ? std::string()
+                                             : "An id has letters, digits and '-', '.', '_' alone";
+                                });
   if (!id || id->empty()) {
     channel.id = id.value_or("");
     return id ? std::optional(channel) : std::nullopt;
@@ -87,6 +92,10 @@ std::optional<GuideChannel> ask_for_channel(Questions& questions,
   });
   const auto folder = questions.ask("Folder of the channel's files:", [](const std::string& text) {
     std::error_code error;
+    if (std::string complaint = nothing_wrong(text); !complaint.empty()) {
+      return complaint;
+    }
+
     return std::filesystem::is_directory(text, error) ? std::string()
                                                       : "'" + text + "' is no folder";
   });
@@ -101,6 +110,9 @@ std::optional<GuideChannel> ask_for_channel(Questions& questions,
       questions.ask("Schedule file, as seen from there:", [&](const std::string& text) {
         GuideChannel tried = channel;
         tried.schedule = text;
+        if (std::string complaint = nothing_wrong(text); !complaint.empty()) {
+          return complaint;
+        }
         return text.empty() ? "A file is needed" : complaint_about_channel(tried);
       });
   const auto icon = questions.ask("Address of an icon (may be empty):", nothing_wrong);

@@ -32,7 +32,7 @@ std::string head_of(const std::vector<GuideChannel>& channels) {
     append(out, "\">\n    <display-name");
     if (!channel.language.empty()) {
       append(out, " lang=\"");
-      append_xml_escaped(out, channel.language);
+      append_xml_escaped(out, clean_text(channel.language));
       append(out, "\"");
     }
     append(out, ">");
@@ -40,7 +40,7 @@ std::string head_of(const std::vector<GuideChannel>& channels) {
     append(out, "</display-name>\n");
     if (!channel.icon.empty()) {
       append(out, "    <icon src=\"");
-      append_xml_escaped(out, channel.icon);
+      append_xml_escaped(out, clean_text(channel.icon));
       append(out, "\"/>\n");
     }
     append(out, "  </channel>\n");
@@ -82,9 +82,10 @@ FileDescriptor open_scratch_file() {
   std::array<char, sizeof(count)> head{};
   std::memcpy(head.data(), &count, sizeof(count));
   std::string out(head.data(), head.size());
+  const std::string language = clean_text(channel.language);
   constexpr size_t large = 1024UL * 1024;
   for (const Programme& programme : *programmes) {
-    append_programme(out, programme, channel.id, channel.language);
+    append_programme(out, programme, channel.id, language);
     if (out.size() > large) {
       if (!write_fully(fd, out)) {
         fail_channel(channel, std::strerror(errno));

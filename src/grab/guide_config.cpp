@@ -1,5 +1,6 @@
 #include "grab/guide_config.hpp"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
 
 namespace {
 
@@ -101,6 +103,9 @@ class ConfigParser {
     if (id.empty()) {
       return "the channel has no id";
     }
+    if (!is_channel_id(id)) {
+      return "an id has letters, digits and '-', '.', '_' alone";
+    }
     if (!ids_.insert(id).second) {
       return "the channel '" + id + "' is there twice";
     }
@@ -176,14 +181,25 @@ std::string complaint_about_channel(const GuideChannel& channel) {
                                      : "the machine knows no zone '" + channel.zone + "'";
 }
 
+bool is_channel_id(std::string_view text) {
+  return !text.empty() && std::ranges::all_of(text, [](char c) {
+    return is_digit(c) || (to_lower(c) >= 'a' && to_lower(c) <= 'z') || c == '-' || c == '.' ||
+           c == '_';
+  });
+}
+
 bool is_known_zone(const std::string& zone) {
+  if (zone.empty() || zone.front() == '/' || zone.find("..") != std::string::npos) {
+    return false;
+  }
   const char* folder = std::getenv("TZDIR");
   const std::string path =
       std::string(folder != nullptr ? folder : "/usr/share/zoneinfo") + "/" + zone;
-  struct stat status {};
-  return !zone.empty() && zone.front() != '/' && zone.find("..") == std::string::npos &&
-         stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         access(path.c_str(), R_OK) == 0;
+  const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
+  std::array<char, 4> mark{};
+  // RFC 8536
+  return file.is_open() && read_fully(file.get(), mark.data(), mark.size()) == mark.size() &&
+         std::string_view(mark.data(), mark.size()) == "TZif";
 }
 
 std::string text_of_guide_config(const std::vector<GuideChannel>& channels) {

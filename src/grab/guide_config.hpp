@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// A channel of the guide, as its section of the configuration has it.
@@ -34,6 +35,9 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
 
 /// What is wrong with the channel's folder, schedule or zone on this machine; empty: nothing.
 std::string complaint_about_channel(const GuideChannel& channel);
+
+/// Whether the text can be a channel's id: letters, digits and "-", ".", "_".
+bool is_channel_id(std::string_view text);
 
 /// Whether the machine knows a zone by that name.
 bool is_known_zone(const std::string& zone);

@@ -63,6 +63,9 @@ int write_to(int fd, const GrabCommand& command, const std::vector<GuideChannel>
     return fail("the guide cannot be written", std::strerror(errno));
   }
   is_empty = result->programmes == 0 && !channels.empty();
+  if (is_empty && command.output.empty()) {
+    fail("the guide", "no channel has a programme in these days");
+  }
   return result->failed == 0 && !is_empty ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -82,6 +85,9 @@ int write_file(const GrabCommand& command, const std::vector<GuideChannel>& chan
   const int status = write_to(file.fd(), command, channels, is_empty);
   if (is_empty && has_programmes(command.output)) {
     return fail(command.output, "the new guide is empty; the old one stays");
+  }
+  if (is_empty) {
+    fail(command.output, "no channel has a programme in these days");
   }
   return file.publish() ? status : fail(command.output, std::strerror(errno));
 }
