@@ -14,6 +14,7 @@
 #include <string>
 
 #include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
 #include "writers/append.hpp"
 #include "writers/xml_escape.hpp"
@@ -62,9 +63,18 @@ FileDescriptor open_scratch_file() {
   _exit(EXIT_FAILURE);
 }
 
+/// The channel that this process works on, for what fails below.
+const GuideChannel* channel_at_work = nullptr;
+
+void report_for_channel(const char* message) {
+  std::fprintf(stderr, "%s: %s: %s\n", program, channel_at_work->id.c_str(), message);
+}
+
 /// The life of a channel's process: writes its programmes to the file, behind their number.
 [[noreturn]] void work_on_channel(const GuideChannel& channel, const GuideSpan& span, time_t now,
                                   int fd) {
+  channel_at_work = &channel;
+  set_failure_reporter(report_for_channel);
   setenv("TZ", channel.zone.c_str(), 1);
   tzset();
   if (!settle_local_zone()) {

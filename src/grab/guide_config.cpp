@@ -195,7 +195,7 @@ bool is_known_zone(const std::string& zone) {
   const char* folder = std::getenv("TZDIR");
   const std::string path =
       std::string(folder != nullptr ? folder : "/usr/share/zoneinfo") + "/" + zone;
-  const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
+  const FileDescriptor file = open_optional_file(AT_FDCWD, path.c_str());
   std::array<char, 4> mark{};
   // RFC 8536
   return file.is_open() && read_fully(file.get(), mark.data(), mark.size()) == mark.size() &&

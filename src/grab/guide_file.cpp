@@ -6,8 +6,30 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
-GuideFile::GuideFile(const std::string& path) : path_(path), draft_(path + ".XXXXXX") {
+namespace {
+
+/// Where the links end that begin at the path.
+std::string behind_links(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
+  return error ? path : target.string();
+}
+
+bool is_special(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
+}  // namespace
+
+GuideFile::GuideFile(const std::string& path) : path_(behind_links(path)) {
+  if (is_special(path_)) {
+    file_.reset(::open(path_.c_str(), O_WRONLY | O_CLOEXEC));
+    return;
+  }
+  draft_ = path_ + ".XXXXXX";
   file_.reset(mkostemp(draft_.data(), O_CLOEXEC));
   if (file_.is_open()) {
     constexpr mode_t readable = 0644;
@@ -16,7 +38,7 @@ GuideFile::GuideFile(const std::string& path) : path_(path), draft_(path + ".XXX
 }
 
 GuideFile::~GuideFile() {
-  if (file_.is_open()) {
+  if (file_.is_open() && !draft_.empty()) {
     unlink(draft_.c_str());
   }
 }
@@ -26,7 +48,8 @@ bool GuideFile::write(std::string_view text) {
 }
 
 bool GuideFile::publish() {
-  if (fsync(file_.get()) != 0 || std::rename(draft_.c_str(), path_.c_str()) != 0) {
+  if (!draft_.empty() &&
+      (fsync(file_.get()) != 0 || std::rename(draft_.c_str(), path_.c_str()) != 0)) {
     return false;
   }
   file_.reset();

@@ -5,7 +5,9 @@
 
 #include "platform/system/file.hpp"
 
-/// A file that is written beside its place and takes it as a whole, once it is on the disk.
+/// A file that is written beside its place and takes it as a whole, once it is on the disk. What
+/// stands there and is no regular file, a device or a pipe, is written to as it is; so is the file
+/// that a link leads to replaced, not the link.
 class GuideFile {
  public:
   explicit GuideFile(const std::string& path);
@@ -23,6 +25,6 @@ class GuideFile {
 
  private:
   std::string path_;
-  std::string draft_;
+  std::string draft_;  ///< empty: written in place
   FileDescriptor file_;
 };
