@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <tuple>
 
 #include "platform/syntax/json_text.hpp"
+#include "platform/syntax/utf_8.hpp"
 
 namespace {
 
@@ -82,28 +84,12 @@ std::string_view name_of(Severity severity) {
   return "note";
 }
 
-/// The length of the printable UTF-8 sequence (RFC 3629) that the text begins with; 0: none.
+/// The length of the printable character that the text begins with; 0: none.
 size_t printable_length(std::string_view text) {
-  const auto byte = [&](size_t i) {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-  };
-  const unsigned first = byte(0);
-  if (first < 0x80) {
-    return first >= 0x20 && first != 0x7f ? 1 : 0;
-  }
-  const size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
-  if (first < 0xc2 || first > 0xf4) {
-    return 0;
-  }
-  for (size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xc0U) != 0x80) {
-      return 0;
-    }
-  }
-  const bool is_control = first == 0xc2 && byte(1) < 0xa0;
-  const bool is_overlong = (first == 0xe0 && byte(1) < 0xa0) || (first == 0xf0 && byte(1) < 0x90);
-  const bool is_beyond = (first == 0xed && byte(1) > 0x9f) || (first == 0xf4 && byte(1) > 0x8f);
-  return is_control || is_overlong || is_beyond ? 0 : length;
+  std::string_view rest = text;
+  const std::optional<uint32_t> c = take_utf_8(rest);
+  const bool is_printable = c && *c >= 0x20 && *c != 0x7f && (*c < 0x80 || *c >= 0xa0);
+  return is_printable ? text.size() - rest.size() : 0;
 }
 
 std::string escaped(std::string_view text) {

@@ -1,10 +1,10 @@
 #include "check/source_text.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/syntax/schedule_lines.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/syntax/utf_8.hpp"
 
 namespace {
 
@@ -20,22 +20,12 @@ bool has_old_line_ends(std::string_view content) {
          chomp(content).find('\r') != std::string_view::npos;
 }
 
-/// The first byte that is no UTF-8 (RFC 3629), or npos.
+/// The first byte that is no UTF-8, or npos.
 size_t find_no_utf_8(std::string_view text) {
-  for (size_t i = 0; i < text.size();) {
-    const auto first = static_cast<unsigned char>(text[i]);
-    const size_t length = first < 0x80                   ? 1
-                          : first < 0xc2 || first > 0xf4 ? 0
-                          : first < 0xe0                 ? 2
-                          : first < 0xf0                 ? 3
-                                                         : 4;
-    const std::string_view rest = text.substr(i + (length > 0 ? 1 : 0), length - 1);
-    if (length == 0 || rest.size() + 1 < length || !std::ranges::all_of(rest, [](char c) {
-          return (static_cast<unsigned char>(c) & 0xc0U) == 0x80;
-        })) {
-      return i;
+  for (std::string_view rest = text; !rest.empty();) {
+    if (!take_utf_8(rest)) {
+      return text.size() - rest.size();
     }
-    i += length;
   }
   return std::string_view::npos;
 }

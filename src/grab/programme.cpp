@@ -7,6 +7,7 @@
 #include <set>
 
 #include "platform/syntax/text.hpp"
+#include "platform/syntax/utf_8.hpp"
 #include "platform/time/local_stretches.hpp"
 #include "writers/append.hpp"
 #include "writers/xml_escape.hpp"
@@ -30,36 +31,6 @@ void append_utf_8(std::string& out, uint32_t c) {
     out += static_cast<char>(0x80U | ((c >> 6U) & 0x3fU));
     out += static_cast<char>(0x80U | (c & 0x3fU));
   }
-}
-
-/// Takes a character off the front; nothing when it begins with no UTF-8.
-std::optional<uint32_t> take_utf_8(std::string_view& text) {
-  const auto byte = [&](size_t i) {
-    return static_cast<uint32_t>(static_cast<unsigned char>(i < text.size() ? text[i] : 0));
-  };
-  const uint32_t first = byte(0);
-  const size_t length = first < 0x80    ? 1
-                        : first < 0xc2  ? 0
-                        : first < 0xe0  ? 2
-                        : first < 0xf0  ? 3
-                        : first <= 0xf4 ? 4
-                                        : 0;
-  if (length == 0) {
-    return std::nullopt;
-  }
-  uint32_t c = length == 1 ? first : first & (0xffU >> (length + 1));
-  for (size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xc0U) != 0x80) {
-      return std::nullopt;
-    }
-    c = c << 6U | (byte(i) & 0x3fU);
-  }
-  constexpr std::array<uint32_t, 5> least = {0, 0, 0x80, 0x800, 0x10000};
-  if (c < least.at(length) || c > 0x10ffff || (c >= 0xd800 && c < 0xe000)) {
-    return std::nullopt;
-  }
-  text.remove_prefix(length);
-  return c;
 }
 
 bool is_for_xml(uint32_t c) {

@@ -1,0 +1,33 @@
+#include "platform/syntax/utf_8.hpp"
+
+#include <array>
+#include <cstddef>
+
+std::optional<uint32_t> take_utf_8(std::string_view& text) {
+  const auto byte = [&](size_t i) {
+    return static_cast<uint32_t>(static_cast<unsigned char>(i < text.size() ? text[i] : 0));
+  };
+  const uint32_t first = byte(0);
+  const size_t length = first < 0x80    ? 1
+                        : first < 0xc2  ? 0
+                        : first < 0xe0  ? 2
+                        : first < 0xf0  ? 3
+                        : first <= 0xf4 ? 4
+                                        : 0;
+  if (length == 0) {
+    return std::nullopt;
+  }
+  uint32_t c = length == 1 ? first : first & (0xffU >> (length + 1));
+  for (size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xc0U) != 0x80) {
+      return std::nullopt;
+    }
+    c = c << 6U | (byte(i) & 0x3fU);
+  }
+  constexpr std::array<uint32_t, 5> least = {0, 0, 0x80, 0x800, 0x10000};
+  if (c < least.at(length) || c > 0x10ffff || (c >= 0xd800 && c < 0xe000)) {
+    return std::nullopt;
+  }
+  text.remove_prefix(length);
+  return c;
+}
