@@ -42,6 +42,16 @@ struct Section {
   bool is_foreign = false;              ///< defaults of another type than the schedule's
 };
 
+constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
+                                                        "&apos;"};
+
+/// The reference of XML that the text begins with, or nothing.
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
+
 bool contains(std::span<const std::string_view> words, std::string_view word) {
   return std::ranges::find(words, word) != words.end();
 }
@@ -566,9 +576,13 @@ class LineCheck {
       // The document escapes paths, and the name of an announced block stands where its path would.
       const size_t mark = key == "label" ? text.find_first_of("&<") : std::string_view::npos;
       if (mark != std::string_view::npos) {
+        const std::string_view reference = reference_at(text.substr(mark));
         add(Finding::markup, at(mark),
-            quoted(text.substr(mark, 1)) +
-                " goes into the XML document as it is and makes it ill-formed");
+            reference.empty() ? quoted(text.substr(mark, 1)) +
+                                    " goes into the XML document as it is and makes it ill-formed"
+                              : quoted(reference) +
+                                    " is one sign in the XML document alone; all other documents "
+                                    "show it as it is");
       }
       for (size_t i = 0; i < text.size(); ++i) {
         if (static_cast<unsigned char>(text[i]) < ' ' && text[i] != '\t') {
