@@ -9,9 +9,11 @@ install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check tv_grab_nv8x)
 install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1 man/tv_grab_nv8x.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
-install(FILES share/bash-completion/nv8x_schedule_to_xml share/bash-completion/nv8x_schedule_check
-              share/bash-completion/tv_grab_nv8x
+install(DIRECTORY share/completion/bash/
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+# Where zsh looks below /usr/local; a Debian package has another place (cmake/debian_form.cmake).
+install(DIRECTORY share/completion/zsh/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(DIRECTORY share/completion/fish/ DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(DIRECTORY share/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
 install(DIRECTORY share/schema share/xslt
         DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
