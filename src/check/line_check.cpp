@@ -1,5 +1,7 @@
 #include "check/line_check.hpp"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -48,8 +50,8 @@ bool contains(std::span<const std::string_view> words, std::string_view word) {
 
 class LineCheck {
  public:
-  LineCheck(WrittenSchedule& written, std::vector<Report>& reports)
-      : written_(written), reports_(reports) {}
+  LineCheck(WrittenSchedule& written, bool with_media, std::vector<Report>& reports)
+      : written_(written), with_media_(with_media), reports_(reports) {}
 
   void look(const Observation& seen) {
     if (is_line(seen.deed) && is_piece_of_long_line(seen.line)) {
@@ -360,9 +362,9 @@ class LineCheck {
         quoted(name) + " is no key of " + std::string(owner) + did_you_mean(name, keys));
   }
 
-  /// Paths go to the end of their line.
-  void check_path(std::string_view path, Place place) {
-    if (const size_t mark = path.find(" # "); mark != std::string_view::npos) {
+  void check_path(const std::string& path, Place place) {
+    const size_t mark = comment_behind_path(path);
+    if (mark != std::string::npos && !(with_media_ && access(path.c_str(), F_OK) == 0)) {
       add(Finding::comment_behind_value,
           {place.line, place.column + static_cast<int64_t>(mark) + 1},
           "a comment behind a path is part of it; give the comment a line of its own");
@@ -371,7 +373,7 @@ class LineCheck {
 
   void take_value(const WrittenValue& value, Place key_place) {
     if (value.key == "item") {
-      check_path(value.text, value.place);
+      check_path(std::string(value.text), value.place);
     }
     auto& values = section_.written.values;
     const auto earlier = std::ranges::find(values, value.key, &WrittenValue::key);
@@ -578,9 +580,17 @@ class LineCheck {
     }
   }
 
-  /// Numbers alone are schedule seconds. "18.00" cannot be meant so; "1800" can, unless the file
-  /// writes clocks elsewhere.
+  /// Numbers alone are schedule seconds, "12.48" as well as "3605.20". They are meant as clocks in
+  /// a file that writes clocks elsewhere, and where every one of them could be one; "1800" only
+  /// there.
   void check_bare_numbers() {
+    const bool are_seconds =
+        !has_clocks_ && std::ranges::any_of(bare_numbers_, [](const WrittenValue& value) {
+          return value.text != "0" && !looks_like_clock(value.text, false);
+        });
+    if (are_seconds) {
+      return;
+    }
     for (const WrittenValue& value : bare_numbers_) {
       if (looks_like_clock(value.text, has_clocks_)) {
         add(Finding::bare_number, value.place,
@@ -610,6 +620,7 @@ class LineCheck {
   }
 
   WrittenSchedule& written_;
+  bool with_media_;
   std::vector<Report>& reports_;
   Section section_;
   int64_t last_line_ = 0;
@@ -625,9 +636,13 @@ class LineCheck {
 
 }  // namespace
 
-bool read_and_check_lines(WrittenSchedule& written, const std::string& path,
+size_t comment_behind_path(std::string_view path) {
+  return path.find(" # ");
+}
+
+bool read_and_check_lines(WrittenSchedule& written, const std::string& path, bool with_media,
                           std::vector<Report>& reports) {
-  LineCheck check(written, reports);
+  LineCheck check(written, with_media, reports);
   written.schedule.observe = [&](const Observation& seen) { check.look(seen); };
   const bool is_read = read_schedule_file(written.schedule, path.c_str());
   written.schedule.observe = nullptr;

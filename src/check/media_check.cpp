@@ -9,6 +9,7 @@
 #include <set>
 #include <utility>
 
+#include "check/line_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "schedule/schedule_reader.hpp"
@@ -62,6 +63,9 @@ class MediaCheck {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
+      if (is_missing && comment_behind_path(path) != std::string::npos) {
+        return false;  // its comment is told of already
+      }
       add(is_missing ? Finding::missing_media : Finding::unreadable_media, place,
           quoted(path) + (is_missing ? " is not there" : ": " + std::string(std::strerror(errno))));
       return false;

@@ -15,6 +15,7 @@
 #include "grab/guide_config.hpp"
 #include "grab/guide_file.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/time/known_zone.hpp"
 
 namespace {
 
@@ -75,9 +76,12 @@ std::optional<GuideChannel> ask_for_channel(Questions& questions,
                                   if (ids.contains(text)) {
                                     return "'" + text + "' is there already";
                                   }
-                                  return text.empty() || is_channel_id(text)
-                                             ? std::string()
-                                             : "An id has letters, digits and '-', '.', '_' alone";
+                                  if (!text.empty() && !is_channel_id(text)) {
+                                    return std::string(
+                                        "An id is UTF-8 text without control "
+                                        "characters and doubled blanks");
+                                  }
+                                  return nothing_wrong(text);
                                 });
   if (!id || id->empty()) {
     channel.id = id.value_or("");

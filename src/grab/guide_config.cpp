@@ -1,18 +1,17 @@
 #include "grab/guide_config.hpp"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <set>
 #include <string_view>
 #include <utility>
 
+#include "grab/programme.hpp"
 #include "platform/syntax/text.hpp"
-#include "platform/system/file.hpp"
+#include "platform/time/known_zone.hpp"
 
 namespace {
 
@@ -104,7 +103,7 @@ class ConfigParser {
       return "the channel has no id";
     }
     if (!is_channel_id(id)) {
-      return "an id has letters, digits and '-', '.', '_' alone";
+      return "an id is UTF-8 text without control characters and doubled blanks";
     }
     if (!ids_.insert(id).second) {
       return "the channel '" + id + "' is there twice";
@@ -182,24 +181,7 @@ std::string complaint_about_channel(const GuideChannel& channel) {
 }
 
 bool is_channel_id(std::string_view text) {
-  return !text.empty() && std::ranges::all_of(text, [](char c) {
-    return is_digit(c) || (to_lower(c) >= 'a' && to_lower(c) <= 'z') || c == '-' || c == '.' ||
-           c == '_';
-  });
-}
-
-bool is_known_zone(const std::string& zone) {
-  if (zone.empty() || zone.front() == '/' || zone.find("..") != std::string::npos) {
-    return false;
-  }
-  const char* folder = std::getenv("TZDIR");
-  const std::string path =
-      std::string(folder != nullptr ? folder : "/usr/share/zoneinfo") + "/" + zone;
-  const FileDescriptor file = open_optional_file(AT_FDCWD, path.c_str());
-  std::array<char, 4> mark{};
-  // RFC 8536
-  return file.is_open() && read_fully(file.get(), mark.data(), mark.size()) == mark.size() &&
-         std::string_view(mark.data(), mark.size()) == "TZif";
+  return !text.empty() && text == clean_text(text);
 }
 
 std::string text_of_guide_config(const std::vector<GuideChannel>& channels) {

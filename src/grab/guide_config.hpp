@@ -36,11 +36,9 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
 /// What is wrong with the channel's folder, schedule or zone on this machine; empty: nothing.
 std::string complaint_about_channel(const GuideChannel& channel);
 
-/// Whether the text can be a channel's id: letters, digits and "-", ".", "_".
+/// Whether the text can be a channel's id, the same in the configuration as in the guide: UTF-8
+/// without control characters and doubled blanks.
 bool is_channel_id(std::string_view text);
-
-/// Whether the machine knows a zone by that name.
-bool is_known_zone(const std::string& zone);
 
 /// The sections as they are written to a file.
 std::string text_of_guide_config(const std::vector<GuideChannel>& channels);

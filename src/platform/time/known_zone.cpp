@@ -1,0 +1,56 @@
+#include "platform/time/known_zone.hpp"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+
+#include "platform/syntax/text.hpp"
+#include "platform/system/file.hpp"
+
+namespace {
+
+bool is_letter(char c) {
+  return to_lower(c) >= 'a' && to_lower(c) <= 'z';
+}
+
+/// A name of three letters or more, or of anything in angle brackets, and an offset.
+bool is_written_out(std::string_view zone) {
+  const bool has_brackets = zone.starts_with('<');
+  const auto past_name =
+      has_brackets ? std::ranges::find(zone, '>') : std::ranges::find_if_not(zone, is_letter);
+  const auto name_size = static_cast<size_t>(past_name - zone.begin()) - (has_brackets ? 1 : 0);
+  std::string_view offset(past_name, zone.end());
+  if (has_brackets && !offset.empty()) {
+    offset.remove_prefix(1);
+  }
+  if (offset.starts_with('+') || offset.starts_with('-')) {
+    offset.remove_prefix(1);
+  }
+  return name_size >= 3 && !offset.empty() && is_digit(offset.front());
+}
+
+bool is_zone_file(std::string_view zone) {
+  const char* folder = std::getenv("TZDIR");
+  std::string path;
+  if (!zone.starts_with('/')) {
+    path = folder != nullptr ? folder : "/usr/share/zoneinfo";
+    path += '/';
+  }
+  path += zone;
+  const FileDescriptor file = open_optional_file(AT_FDCWD, path.c_str());
+  std::array<char, 4> mark{};
+  return file.is_open() && read_fully(file.get(), mark.data(), mark.size()) == mark.size() &&
+         std::string_view(mark.data(), mark.size()) == "TZif";
+}
+
+}  // namespace
+
+bool is_known_zone(std::string_view zone) {
+  if (zone.starts_with(':')) {
+    zone.remove_prefix(1);
+  }
+  return !zone.empty() && (is_zone_file(zone) || is_written_out(zone));
+}
