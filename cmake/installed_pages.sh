@@ -4,7 +4,7 @@
 # of /usr: cmake/installed_pages.sh ROOT PREFIX DOCUMENTATION MANUAL
 # ROOT is what DESTDIR names, or empty; the two folders are below the prefix.
 set -eu
-root=$1 prefix=$2 documentation=$1$2/$3 manual=$1$2/$4
+prefix=$2 documentation=$1$2/$3 manual=$1$2/$4
 
 find "$documentation" -name '*.md' -exec \
   sed -i '/^<!-- source tree -->$/,/^<!-- \/source tree -->$/d' {} +
