@@ -44,6 +44,16 @@ struct Section {
   bool is_foreign = false;              ///< defaults of another type than the schedule's
 };
 
+constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
+                                                        "&apos;"};
+
+/// The reference of XML that the text begins with, or nothing.
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
+
 bool contains(std::span<const std::string_view> words, std::string_view word) {
   return std::ranges::find(words, word) != words.end();
 }
@@ -555,7 +565,7 @@ class LineCheck {
       add(Finding::bad_number, duration->place,
           quoted(duration->text) + " is no number of seconds");
     }
-    for (const char* key : {"label", "block"}) {
+    for (const std::string_view key : {"label", "block"}) {
       const WrittenValue* value = section_.written.value_of(key);
       if (value == nullptr) {
         continue;
@@ -565,10 +575,16 @@ class LineCheck {
       const auto at = [&](size_t offset) {
         return Place{place.line, place.column + static_cast<int64_t>(offset)};
       };
-      if (const size_t mark = text.find_first_of("&<"); mark != std::string_view::npos) {
+      // The document escapes paths, and the name of an announced block stands where its path would.
+      const size_t mark = key == "label" ? text.find_first_of("&<") : std::string_view::npos;
+      if (mark != std::string_view::npos) {
+        const std::string_view reference = reference_at(text.substr(mark));
         add(Finding::markup, at(mark),
-            quoted(text.substr(mark, 1)) +
-                " goes into the XML document as it is and makes it ill-formed");
+            reference.empty() ? quoted(text.substr(mark, 1)) +
+                                    " goes into the XML document as it is and makes it ill-formed"
+                              : quoted(reference) +
+                                    " is one sign in the XML document alone; all other documents "
+                                    "show it as it is");
       }
       for (size_t i = 0; i < text.size(); ++i) {
         if (static_cast<unsigned char>(text[i]) < ' ' && text[i] != '\t') {

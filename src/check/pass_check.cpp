@@ -93,14 +93,16 @@ class PassCheck {
     const auto start = section.start;
     const auto end = section.end;
     const uint64_t day = start / seconds_per_day;
+    const bool is_within_day = end / seconds_per_day == day;
+    if (is_within_day && (day + 1) * seconds_per_day < type_.unit_length) {
+      return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
+    }
     const uint64_t on_same_day = day * seconds_per_day + end % seconds_per_day;
-    if (type_.unit_length > seconds_per_day && on_same_day > start &&
+    const uint64_t next_end = on_same_day > start ? on_same_day : on_same_day + seconds_per_day;
+    if (!is_within_day && next_end < type_.unit_length &&
         read_clock(lower_case(section.text_of("end")))) {
       return "without a day its end lies on the unit's first; write " +
-             quoted(written_position(on_same_day, type_));
-    }
-    if (end / seconds_per_day == day && (day + 1) * seconds_per_day < type_.unit_length) {
-      return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
+             quoted(written_position(next_end, type_));
     }
     return "what runs over the end of the unit is written as two items, from " +
            quoted(written_position(start, type_)) + " to " +

@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr const char* program = "tv_grab_nv8x";
-
 constexpr const char* help =
     "Usage: tv_grab_nv8x [OPTION]...\n"
     "Prints an XMLTV guide of the channels in its configuration.\n"
@@ -73,7 +71,7 @@ bool take_number(int& number, int least, int most, const char* name) {
   const char* end = optarg + std::strlen(optarg);
   const auto result = std::from_chars(optarg, end, number);
   if (result.ec != std::errc() || result.ptr != end || number < least || number > most) {
-    std::fprintf(stderr, "%s: --%s: '%s' is no number from %d to %d\n", program, name, optarg,
+    std::fprintf(stderr, "tv_grab_nv8x: --%s: '%s' is no number from %d to %d\n", name, optarg,
                  least, most);
     return false;
   }
@@ -149,13 +147,13 @@ std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status
       return std::nullopt;
     }
     if (!take_option(command, option)) {
-      std::fprintf(stderr, "Try '%s --help'.\n", program);
+      std::fprintf(stderr, "Try 'tv_grab_nv8x --help'.\n");
       return std::nullopt;
     }
   }
   if (optind < argc) {
-    std::fprintf(stderr, "%s: '%s' is no option\nTry '%s --help'.\n", program, argv[optind],
-                 program);
+    std::fprintf(stderr, "tv_grab_nv8x: '%s' is no option\nTry 'tv_grab_nv8x --help'.\n",
+                 argv[optind]);
     return std::nullopt;
   }
   status = EXIT_SUCCESS;

@@ -21,8 +21,6 @@
 
 namespace {
 
-constexpr const char* program = "tv_grab_nv8x";
-
 std::string head_of(const std::vector<GuideChannel>& channels) {
   std::string out =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE tv SYSTEM \"xmltv.dtd\">\n\n"
@@ -59,7 +57,7 @@ FileDescriptor open_scratch_file() {
 }
 
 [[noreturn]] void fail_channel(const GuideChannel& channel, const std::string& reason) {
-  std::fprintf(stderr, "%s: %s: %s\n", program, channel.id.c_str(), reason.c_str());
+  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", channel.id.c_str(), reason.c_str());
   _exit(EXIT_FAILURE);
 }
 
@@ -67,7 +65,7 @@ FileDescriptor open_scratch_file() {
 const GuideChannel* channel_at_work = nullptr;
 
 void report_for_channel(const char* message) {
-  std::fprintf(stderr, "%s: %s: %s\n", program, channel_at_work->id.c_str(), message);
+  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", channel_at_work->id.c_str(), message);
 }
 
 /// The life of a channel's process: writes its programmes to the file, behind their number.
@@ -134,7 +132,7 @@ bool end_job(const Job& job) {
   while (waitpid(job.process, &status, 0) < 0 && errno == EINTR) {
   }
   if (WIFSIGNALED(status)) {
-    std::fprintf(stderr, "%s: %s: ended by a signal: %s\n", program, job.channel->id.c_str(),
+    std::fprintf(stderr, "tv_grab_nv8x: %s: ended by a signal: %s\n", job.channel->id.c_str(),
                  strsignal(WTERMSIG(status)));
   }
   return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;

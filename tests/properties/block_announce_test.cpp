@@ -63,7 +63,7 @@ void announce(Schedule& schedule, const ScheduleBlock& block) {
   schedule.schedule[item.start] = item;
 }
 
-std::string complaint_about(const Schedule& frame, const std::vector<ScheduleItem>& items) {
+std::string complaint_about_blocks(const Schedule& frame, const std::vector<ScheduleItem>& items) {
   const auto schedule = with_items(frame, items);
   repair(*schedule);
   const auto expected = std::make_unique<Schedule>(*schedule);
@@ -88,12 +88,13 @@ TEST(BlockAnnounceProperties, BlocksTakeTheirTimeAndNothingElse) {
     const auto frame = random_frame(random);
     add_blocks(random, *frame);
     const std::vector<ScheduleItem> items = random_items(random, frame->unit_length);
-    if (complaint_about(*frame, items).empty()) {
+    if (complaint_about_blocks(*frame, items).empty()) {
       return {};
     }
-    const std::vector<ScheduleItem> fewest =
-        shrink(items, [&](const auto& rest) { return !complaint_about(*frame, rest).empty(); });
-    return complaint_about(*frame, fewest) + "\nof:\n" + listing_of(*with_items(*frame, fewest));
+    const std::vector<ScheduleItem> fewest = shrink(
+        items, [&](const auto& rest) { return !complaint_about_blocks(*frame, rest).empty(); });
+    return complaint_about_blocks(*frame, fewest) + "\nof:\n" +
+           listing_of(*with_items(*frame, fewest));
   });
 }
 

@@ -66,14 +66,14 @@ constexpr std::array<ChangeDay, 9> change_days = {{
 }};
 
 TEST(ClockEquality, EverySecondAroundAClockChange) {
-  for (const ChangeDay& day : change_days) {
-    const Zone zone(day.zone);
-    SCOPED_TRACE(day.zone);
+  for (const ChangeDay& change : change_days) {
+    const Zone zone(change.zone);
+    SCOPED_TRACE(change.zone);
     LocalClock clock;
-    for (time_t t = day.noon - 86400; t < day.noon + 86400; t += 7) {
+    for (time_t t = change.noon - 86400; t < change.noon + 86400; t += 7) {
       expect_same_breakdown(clock, t);
     }
-    const auto schedule = schedule_around("daily", day.noon);
+    const auto schedule = schedule_around("daily", change.noon);
     UnitClock unit_clock(*schedule);
     for (uint64_t position = 0; position <= 90000; position += 61) {
       expect_same_position(unit_clock, *schedule, position);

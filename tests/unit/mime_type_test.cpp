@@ -9,7 +9,7 @@ namespace {
 
 /// Resolves the table's escapes: \0, \n, \r, \t, \\, \xHH, and %{N:text} for N times the text,
 /// which may hold further repeats but no other braces.
-std::string unescape(const std::string& text) {
+std::string bytes_of(const std::string& text) {
   std::string plain;
   for (size_t i = 0; i < text.size(); ++i) {
     if (text.compare(i, 2, "%{") == 0) {
@@ -19,7 +19,7 @@ std::string unescape(const std::string& text) {
            inner = text.find("%{", inner + 1)) {
         close = text.find('}', close + 1);
       }
-      const std::string repeated = unescape(text.substr(colon + 1, close - colon - 1));
+      const std::string repeated = bytes_of(text.substr(colon + 1, close - colon - 1));
       for (int n = std::stoi(text.substr(i + 2)); n > 0; --n) {
         plain += repeated;
       }
@@ -73,7 +73,7 @@ TEST(MimeType, EveryContentOfTheTableHasItsType) {
     const size_t first = line.find('\t');
     const size_t second = line.find('\t', first + 1);
     ASSERT_NE(second, std::string::npos) << line;
-    EXPECT_EQ(known_type(unescape(line.substr(first + 1, second - first - 1))),
+    EXPECT_EQ(known_type(bytes_of(line.substr(first + 1, second - first - 1))),
               line.substr(second + 1))
         << line;
     ++contents;
