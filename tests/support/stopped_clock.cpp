@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <ctime>
 
+// The C library has a reserved name there.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" time_t time(time_t* result) noexcept {
   const char* now = std::getenv("NOW");
   const time_t seconds = now != nullptr ? std::strtoll(now, nullptr, 10) : 0;
