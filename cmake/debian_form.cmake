@@ -11,6 +11,8 @@ execute_process(COMMAND strip --remove-section=.comment --remove-section=.note
 
 file(RENAME ${documentation}/CHANGELOG.md ${documentation}/changelog)
 file(COPY_FILE ${debian}/changelog ${documentation}/changelog.Debian)
+# zsh looks there below /usr, and below /usr/local in site-functions.
+file(RENAME ${root}/share/zsh/site-functions ${root}/share/zsh/vendor-completions)
 # The licence stands in the copyright file.
 file(REMOVE ${documentation}/LICENSE)
 file(COPY_FILE ${debian}/copyright ${documentation}/copyright)

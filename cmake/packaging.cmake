@@ -15,7 +15,9 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "nv8x_schedule_to_xml developers <maintainer
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS tzdata)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "bash-completion, vim")
+# What pages of the documentation use; the shells and editors that there are find their files.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS
+    "bash-completion, lighttpd | httpd-cgi, parallel, vim, xmltv-util, xsltproc")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "It reads the schedule file of a playout channel (a day, a week, a month, a
 year or an endless span), repairs overlaps and gaps, adds what the media files

@@ -3,7 +3,7 @@
 # gracenote. The request chooses one of these five and nothing else. Of the web server's command
 # line ("$@") and environment nothing reaches the program.
 
-program=/usr/local/bin/nv8x_schedule_to_xml
+program=/usr/bin/nv8x_schedule_to_xml
 channel=/srv/channel      # the folder where schedule and media paths begin
 schedule=week.schedule
 station=KBT1              # for the listings

@@ -49,7 +49,7 @@ class Site:
 
     def install_wrapper(self, program, schedule="week.schedule", more=None):
         """The shipped wrapper for this program and schedule, with `more` replaced in it."""
-        settings = {"/usr/local/bin/nv8x_schedule_to_xml": str(program),
+        settings = {"/usr/bin/nv8x_schedule_to_xml": str(program),
                     "/srv/channel": str(self.channel), "week.schedule": schedule}
         text = fill((self.source / WRAPPER).read_text(), {**settings, **(more or {})})
         self.add_program("next.cgi", text).rename(self.wrapper)
