@@ -14,6 +14,28 @@ case ${QUERY_STRING-} in
   *) format=html ;;
 esac
 
+# As in render-guide, word for word:
+is_zone_file() {  # name in the zone database, or path
+  case $1 in
+    /*) zone_file=$1 ;;
+    *) zone_file=${TZDIR:-/usr/share/zoneinfo}/$1 ;;
+  esac
+  [ -f "$zone_file" ] && [ "$(/usr/bin/head -c 4 "$zone_file" 2> /dev/null)" = TZif ]
+}
+# Written out, as <+03>-3 or EST5EDT,M3.2.0,M11.1.0.
+is_written_zone() {
+  name='([A-Za-z]{3,}|<[A-Za-z0-9+-]{3,}>)'
+  offset='[+-]?(2[0-4]|[01]?[0-9])(:[0-5]?[0-9]){0,2}'
+  rule=',(M[0-9]{1,2}\.[1-5]\.[0-6]|J?[0-9]{1,3})(/[+-]?[0-9]{1,3}(:[0-5]?[0-9]){0,2})?'
+  printf %s "$1" | LC_ALL=C /usr/bin/grep -Eqxz "$name$offset($name($offset)?($rule$rule)?)?"
+}
+# The C library takes a zone that it does not know as UTC, without a word.
+is_zone() {  # value of TZ; empty: UTC
+  [ -z "${1#:}" ] || is_zone_file "${1#:}" || is_written_zone "${1#:}"
+}
+
+unset TZDIR  # the program will not see it either
+is_zone "$zone" || { echo "guide.cgi: the machine knows no zone '$zone'" >&2; exit 1; }
 cd "$channel" || exit 1
 exec /usr/bin/env -i TZ="$zone" "$program" --cgi --schedule "$schedule" --format "$format" \
   --station-id "$station" < /dev/null
