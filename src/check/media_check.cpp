@@ -26,7 +26,7 @@ class MediaCheck {
       : written_(written), reports_(reports) {}
 
   void check(const std::string& path) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) == 0) {
       schedules_above_.emplace_back(status.st_dev, status.st_ino);
     }
@@ -59,7 +59,7 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
       add(is_missing ? Finding::missing_media : Finding::unreadable_media, place,
@@ -127,7 +127,7 @@ class MediaCheck {
   }
 
   bool inner_leads_back(const std::string& path, std::vector<FileId>& above) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
       return false;
     }
