@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <set>
@@ -104,7 +105,7 @@ class MediaCheck {
   /// Whether the schedule, or one that it names, is one of those above it.
   bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above) {
     constexpr size_t most_levels = 11;
-    if (std::find(above.begin(), above.end(), id) != above.end()) {
+    if (std::ranges::find(above, id) != above.end()) {
       return true;
     }
     if (above.size() > most_levels || !seen_schedules_.insert(id).second) {

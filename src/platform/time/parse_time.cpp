@@ -110,6 +110,6 @@ bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& micr
     long_text.resize(text.size());
     lower = long_text.data();
   }
-  std::transform(text.begin(), text.end(), lower, to_lower);
+  std::ranges::transform(text, lower, to_lower);
   return parse_lower_case(TimeText(lower, text.size()), broken_down, microseconds);
 }
