@@ -1,4 +1,4 @@
-# The flags with which Debian hardens what it builds (dpkg-buildflags with hardening=+all), for
+# The flags with which Debian 12 hardens what it builds (dpkg-buildflags with hardening=+all), for
 # everything that links one of the source folders.
 option(NV8X_HARDENING "Build with Debian's hardening flags" ON)
 

@@ -126,7 +126,11 @@ std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& stat
   int option = 0;
   while ((option = getopt_long(argc, argv, "", options.data(), nullptr)) != -1) {
     if (option == show_help || option == show_version) {
-      std::fputs(option == show_help ? help : "nv8x_schedule_check " NV8X_VERSION "\n", stdout);
+      if (option == show_help) {
+        std::fputs(help, stdout);
+      } else {
+        std::printf("%s %s\n", program, NV8X_VERSION);
+      }
       status = 0;
       return std::nullopt;
     }

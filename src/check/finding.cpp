@@ -171,13 +171,9 @@ void sort_reports(FileReports& file) {
   const auto order = [](const Report& report) {
     return std::tie(report.place.line, report.place.column, report.finding, report.text);
   };
-  std::stable_sort(
-      file.reports.begin(), file.reports.end(),
-      [&](const Report& one, const Report& other) { return order(one) < order(other); });
-  const auto repeated = std::unique(
-      file.reports.begin(), file.reports.end(),
-      [&](const Report& one, const Report& other) { return order(one) == order(other); });
-  file.reports.erase(repeated, file.reports.end());
+  std::ranges::stable_sort(file.reports, {}, order);
+  const auto repeated = std::ranges::unique(file.reports, {}, order);
+  file.reports.erase(repeated.begin(), repeated.end());
 }
 
 std::string text_of(const FileReports& file, size_t most) {

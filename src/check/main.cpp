@@ -37,14 +37,14 @@ std::string path_of(const std::string& file) {
   return file == "-" ? path_of_standard_input() : file;
 }
 
-int explain_all(const CheckCommand& command) {
+int explain_all(const CheckCommand& command, const std::string& moment) {
   int status = EXIT_SUCCESS;
   for (const Report& report : check_zone()) {
     std::fprintf(stderr, "nv8x_schedule_check: %s\n", report.text.c_str());
   }
   for (const std::string& file : command.files) {
     std::string error;
-    const auto story = explain_moment(file, path_of(file), *command.moment, command.options, error);
+    const auto story = explain_moment(file, path_of(file), moment, command.options, error);
     if (story) {
       print_output(*story);
     } else {
@@ -73,7 +73,7 @@ int main(int argc, char** argv) {
   }
   settle_local_zone();
   if (command->moment) {
-    return explain_all(*command);
+    return explain_all(*command, *command->moment);
   }
   std::vector<FileReports> found;
   if (FileReports zone{"TZ", check_zone()}; !zone.reports.empty()) {

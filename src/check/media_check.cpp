@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <set>
@@ -27,7 +28,7 @@ class MediaCheck {
       : written_(written), reports_(reports) {}
 
   void check(const std::string& path) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) == 0) {
       schedules_above_.emplace_back(status.st_dev, status.st_ino);
     }
@@ -60,7 +61,7 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
       if (is_missing && comment_behind_path(path) != std::string::npos) {
@@ -108,7 +109,7 @@ class MediaCheck {
   /// Whether the schedule, or one that it names, is one of those above it.
   bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above) {
     constexpr size_t most_levels = 11;
-    if (std::find(above.begin(), above.end(), id) != above.end()) {
+    if (std::ranges::find(above, id) != above.end()) {
       return true;
     }
     if (above.size() > most_levels || !seen_schedules_.insert(id).second) {
@@ -131,7 +132,7 @@ class MediaCheck {
   }
 
   bool inner_leads_back(const std::string& path, std::vector<FileId>& above) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
       return false;
     }

@@ -19,7 +19,7 @@ enum class FileState { regular, not_a_file, missing };
 
 /// What lies at a path, links not followed; errno is set when nothing can be seen there.
 FileState look_at(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   if (lstat(path.c_str(), &status) != 0) {
     return FileState::missing;
   }

@@ -176,7 +176,7 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   settle_stops(programmes);
   std::erase_if(programmes, [&](const Programme& programme) {
     const bool is_before = programme.start < begin;
-    return programme.start >= end || (is_before && !(channel.previous && programme.stop > begin));
+    return programme.start >= end || (is_before && (!channel.previous || programme.stop <= begin));
   });
   return programmes;
 }

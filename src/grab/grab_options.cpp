@@ -83,19 +83,19 @@ std::string default_config_file() {
   return std::string(home != nullptr ? home : ".") + "/.xmltv/tv_grab_nv8x.conf";
 }
 
-/// What an option prints that ends the program; null for the others.
-const char* text_of(int option) {
+/// What an option prints that ends the program; empty for the others.
+std::string text_of(int option) {
   switch (option) {
     case description:
       return "Schedules of a playout system (nv8x)\n";
     case capabilities:
       return "baseline\nmanualconfig\n";
     case show_version:
-      return "tv_grab_nv8x " NV8X_VERSION "\n";
+      return std::string(program) + " " + NV8X_VERSION + "\n";
     case show_help:
       return help;
     default:
-      return nullptr;
+      return {};
   }
 }
 
@@ -141,8 +141,8 @@ std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status
   status = EXIT_FAILURE;
   int option = 0;
   while ((option = getopt_long(argc, argv, "", options.data(), nullptr)) != -1) {
-    if (const char* text = text_of(option)) {
-      std::fputs(text, stdout);
+    if (const std::string text = text_of(option); !text.empty()) {
+      std::fputs(text.c_str(), stdout);
       status = EXIT_SUCCESS;
       return std::nullopt;
     }

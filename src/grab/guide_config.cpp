@@ -15,9 +15,11 @@
 
 namespace {
 
+using ChannelText = std::string GuideChannel::*;
+
 struct TextKey {
   std::string_view name;
-  std::string GuideChannel::*field;
+  ChannelText field;
 };
 
 // In the order in which they are written.
@@ -164,7 +166,7 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
 }
 
 std::string complaint_about_channel(const GuideChannel& channel) {
-  struct stat status {};
+  struct stat status = {};
   if (stat(channel.folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) {
     return "'" + channel.folder + "' is no folder";
   }

@@ -18,7 +18,7 @@ std::string behind_links(const std::string& path) {
 }
 
 bool is_special(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 

@@ -34,7 +34,7 @@ void append_utf_8(std::string& out, uint32_t c) {
 }
 
 bool is_for_xml(uint32_t c) {
-  return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && !(c >= 0x80 && c < 0xa0);
+  return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && (c < 0x80 || c >= 0xa0);
 }
 
 /// Of several entries of one name the last that is not blank counts.

@@ -14,9 +14,11 @@ constexpr const char* source_value = "playlist log";
 
 constexpr std::string_view announce_name = "schedule announce";
 
+using ItemText = std::string ItemMetadata::*;
+
 struct TextField {
   std::string_view name;  ///< of the metadata entry
-  std::string ItemMetadata::*field;
+  ItemText field;
 };
 
 constexpr std::array<TextField, 7> text_fields = {{

@@ -53,8 +53,8 @@ constexpr auto columns = std::to_array<ListingColumn<GracenoteRow>>({
     {"Parental Rating", [](Row row) { return csv_quote(row.rating); }},
 });
 
-constexpr std::array<std::string GracenoteRow::*, 2> joined_texts = {
-    &GracenoteRow::title, &GracenoteRow::description_short};
+constexpr std::array<RowText<GracenoteRow>, 2> joined_texts = {&GracenoteRow::title,
+                                                               &GracenoteRow::description_short};
 
 std::string new_live_repeat_of(const MetadataMap& metadata) {
   const std::string value = first_value(metadata, "newliverepeat");

@@ -91,8 +91,7 @@ std::string_view without_video_ending(std::string_view name) {
     return name;
   }
   const std::string ending = lower_case(name.substr(name.size() - 4));
-  const bool is_video =
-      std::find(video_endings.begin(), video_endings.end(), ending) != video_endings.end();
+  const bool is_video = std::ranges::find(video_endings, ending) != video_endings.end();
   return is_video ? name.substr(0, name.size() - 4) : name;
 }
 

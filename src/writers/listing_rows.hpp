@@ -60,12 +60,15 @@ struct ListingColumn {
   std::string (*text)(const Row& row);
 };
 
+template <typename Row>
+using RowText = std::string Row::*;
+
 /// What makes one listing different from the other.
 template <typename Row>
 struct Listing {
   std::span<const ListingColumn<Row>> columns;
   std::string_view line_end;
-  std::span<std::string Row::*const> joined_texts;  ///< of which folded rows keep both
+  std::span<const RowText<Row>> joined_texts;  ///< of which folded rows keep both
   /// The row of a file with that metadata, all but the times.
   Row (*make_row)(const std::string& path, const MetadataMap& metadata);
   void (*finish_row)(Row& row);  ///< called when its times are final; null: nothing is left to do
@@ -86,7 +89,7 @@ bool fold_into(Row& row, const Row& next, time_t start, time_t end, const Listin
     return false;
   }
   row.end = end;
-  for (std::string Row::*const text : listing.joined_texts) {
+  for (const RowText<Row> text : listing.joined_texts) {
     if (!(next.*text).empty() && next.*text != row.*text) {
       row.*text += " / " + next.*text;
     }

@@ -22,9 +22,9 @@ std::string title_of_file(std::string_view path) {
 
 }  // namespace
 
-std::string csv_quote(std::string text) {
+std::string csv_quote(std::string_view text) {
   if (text.empty()) {
-    return text;
+    return {};
   }
   std::string quoted = "\"";
   for (const char c : text) {

@@ -10,7 +10,7 @@
 
 /// A free-text field of a comma-separated listing (RFC 4180): in double quotes, with quotes doubled
 /// and line feeds turned into blanks. An empty text stays empty.
-std::string csv_quote(std::string text);
+std::string csv_quote(std::string_view text);
 
 /// Removes the spaces and tabs at both ends.
 void trim_blanks(std::string& text);

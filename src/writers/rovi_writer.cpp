@@ -49,8 +49,7 @@ constexpr auto columns = std::to_array<ListingColumn<RoviRow>>({
     {"Season Number", [](Row row) { return number_from(row.season_number, 1); }},
 });
 
-constexpr std::array<std::string RoviRow::*, 2> joined_texts = {&RoviRow::title,
-                                                                &RoviRow::description};
+constexpr std::array<RowText<RoviRow>, 2> joined_texts = {&RoviRow::title, &RoviRow::description};
 
 std::string description_of(const MetadataMap& metadata) {
   if (const auto description = find_value(metadata, "description")) {

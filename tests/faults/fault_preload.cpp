@@ -60,7 +60,7 @@ long* calls = nullptr;  // shared with the processes that the program forks
   report_path = std::getenv("FAULT_REPORT");
   constexpr int no_file = -1;
   calls = static_cast<long*>(
-      // NOLINTNEXTLINE(performance-no-int-to-ptr): a system call gives a number
+      // NOLINTNEXTLINE(performance-no-int-to-ptr,bugprone-casting-through-void): a number
       reinterpret_cast<void*>(syscall(SYS_mmap, nullptr, sizeof(*calls), PROT_READ | PROT_WRITE,
                                       MAP_SHARED | MAP_ANONYMOUS, no_file, 0)));
   fault_kind_length = static_cast<size_t>(number - fault);

@@ -42,7 +42,7 @@ bool can_break_xml(const Schedule& schedule) {
 }
 
 bool has_control_bytes(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char c) {
+  return std::ranges::any_of(text, [](char c) {
     return static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t' && c != '\r';
   });
 }
@@ -94,7 +94,7 @@ void check_page(std::string_view document) {
 /// Whether every row of a listing (RFC 4180) has as many fields as its header.
 bool has_even_columns(std::string_view listing) {
   const std::string_view header = listing.substr(0, listing.find('\n'));
-  const auto columns = static_cast<size_t>(std::count(header.begin(), header.end(), ',')) + 1;
+  const auto columns = static_cast<size_t>(std::ranges::count(header, ',')) + 1;
   size_t fields = 1;
   bool quoted = false;
   for (const char c : listing) {

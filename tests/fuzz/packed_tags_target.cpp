@@ -15,5 +15,6 @@ void run_target(std::string_view input) {
   require(bytes == input.size(), "every byte is accounted for");
   const std::optional<TagsRead> again = unpack_tags(pack_tags(*result));
   require(again.has_value(), "what was unpacked can be packed");
-  require(again->outcome == result->outcome && again->tags == result->tags, "and is the same then");
+  require(again && again->outcome == result->outcome && again->tags == result->tags,
+          "and is the same then");
 }

@@ -13,7 +13,7 @@ bool are_equal(const PlayLog& log, const PlayLog& other) {
     return line.first == other_line.first && line.second.path == other_line.second.path &&
            line.second.metadata == other_line.second.metadata;
   };
-  return std::equal(log.begin(), log.end(), other.begin(), other.end(), is_same_line);
+  return std::ranges::equal(log, other, is_same_line);
 }
 
 size_t longest_text(const PlayLog& log) {

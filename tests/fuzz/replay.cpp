@@ -20,7 +20,7 @@ std::vector<std::filesystem::path> files_below(const char* folder) {
       files.push_back(entry.path());
     }
   }
-  std::sort(files.begin(), files.end());
+  std::ranges::sort(files);
   return files;
 }
 

@@ -18,7 +18,7 @@ std::string_view take_part(std::string_view& rest) {
 WholeRunInput split_whole_run_input(std::string_view input) {
   WholeRunInput result;
   std::string words(take_part(input));
-  std::replace(words.begin(), words.end(), '\0', ' ');
+  std::ranges::replace(words, '\0', ' ');
   std::istringstream line(words);
   line >> result.zone;
   for (std::string word; line >> word;) {

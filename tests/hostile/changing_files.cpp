@@ -17,8 +17,8 @@
 namespace {
 
 bool is_file_to_change(int fd, const char* path) {
-  struct stat own {};
-  struct stat other {};
+  struct stat own = {};
+  struct stat other = {};
   return fstat(fd, &own) == 0 && stat(path, &other) == 0 && own.st_ino == other.st_ino &&
          own.st_dev == other.st_dev;
 }

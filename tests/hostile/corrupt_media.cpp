@@ -122,7 +122,8 @@ void change_everywhere(const MemoryFile& file, const std::string& name, const st
 
 /// Whether the file as it is has the tags that it should have lost above.
 bool has_tags(const MemoryFile& file, const std::string& name) {
-  return !read_embedded_tags(file.get(), name).value().empty();
+  const auto tags = read_embedded_tags(file.get(), name);
+  return tags && !tags->empty();
 }
 
 bool read_corrupted(const std::string& path, size_t step) {

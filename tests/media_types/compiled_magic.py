@@ -2,9 +2,12 @@
 
 import struct
 
-VERSION = 18  # of the layout below; that of libmagic 5.44
 MAGIC_NUMBER = 0xF11E041C
-ENTRY = struct.Struct("<HBBBBBBBBBBiiIQ128s64s80s8s64s")
+# The versions of the layout, of an entry each: that of libmagic 5.44 begins with the level and the
+# flags, that of 5.46 with the flags and the level.
+LEVEL_FIRST, FLAGS_FIRST = 18, 20
+ENTRIES = {LEVEL_FIRST: struct.Struct("<HBBBBBBBBBBiiIQ128s64s80s8s64s"),
+           FLAGS_FIRST: struct.Struct("<HBBBBBBBBBBiiIQ128s64s80s8s120s")}
 HEAD_SIZE = 4096
 
 INDIRECT, RELATIVE, FROM_END = 0x01, 0x02, 0x80
@@ -18,9 +21,10 @@ NUMBERS = {1: (1, False), 2: (2, False), 4: (4, False), 6: (4, False), 7: (2, Tr
 class Rule:
     """One line of a rule file."""
 
-    def __init__(self, entry):
-        (self.level, self.flags, _, relation, length, self.kind, _, _, self.mask_operation, _, _,
-         self.offset, _, self.line, self.mask, value, description, mime, _, _) = ENTRY.unpack(entry)
+    def __init__(self, version, entry):
+        (first, second, _, relation, length, self.kind, _, _, self.mask_operation, _, _,
+         self.offset, _, self.line, self.mask, value, description, mime, _, _) = entry
+        self.level, self.flags = (first, second) if version == LEVEL_FIRST else (second, first)
         self.relation = chr(relation)
         self.text = value[:length]
         self.number = int.from_bytes(value[:8], "little")
@@ -88,11 +92,12 @@ def read_rules(compiled):
     """The rules of a compiled database, each a list that begins with the line of level 0 and goes on
     with those below it, the named ones last; none when its layout is another version's."""
     number, version, count, named = struct.unpack_from("<4I", compiled)
-    if (number, version) != (MAGIC_NUMBER, VERSION):
+    if number != MAGIC_NUMBER or version not in ENTRIES:
         return []
+    layout = ENTRIES[version]
     rules = []
     for i in range(1, count + named + 1):
-        line = Rule(compiled[i * ENTRY.size:(i + 1) * ENTRY.size])
+        line = Rule(version, layout.unpack_from(compiled, i * layout.size))
         if line.level == 0:
             rules.append([line])
         else:

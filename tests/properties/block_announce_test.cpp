@@ -26,7 +26,7 @@ void add_blocks(Random& random, Schedule& schedule) {
 /// Whether something other than a filler begins in the block or ends in it. What begins at the
 /// block's end does not count, even if it has no length.
 bool holds_programme(const Schedule& schedule, const ScheduleBlock& block) {
-  return std::any_of(schedule.schedule.begin(), schedule.schedule.end(), [&](const auto& entry) {
+  return std::ranges::any_of(schedule.schedule, [&](const auto& entry) {
     const ScheduleItem& item = entry.second;
     const bool ends_inside = item.end > block.start && item.end <= block.end;
     return !item.is_default && item.start < block.end && (item.start >= block.start || ends_inside);

@@ -93,10 +93,9 @@ bool is_same_item(const ScheduleItem& a, const ScheduleItem& b) {
 }
 
 bool is_same_listing(const Schedule& a, const Schedule& b) {
-  return std::equal(a.schedule.begin(), a.schedule.end(), b.schedule.begin(), b.schedule.end(),
-                    [](const auto& one, const auto& other) {
-                      return one.first == other.first && is_same_item(one.second, other.second);
-                    });
+  return std::ranges::equal(a.schedule, b.schedule, [](const auto& one, const auto& other) {
+    return one.first == other.first && is_same_item(one.second, other.second);
+  });
 }
 
 std::string complaint_about_order(const Schedule& repaired) {

@@ -10,8 +10,8 @@ using namespace std::string_literals;
 
 TEST(MediaTypeDatabase, KnowsAnMp4FileByItsFirstBox) {
   EXPECT_EQ(known_media_type("\0\0\0\x18"
-                             "ftypmp42\0\0\0\0mp42isom\0\0\0\x08"s
-                             "free"),
+                             "ftypmp42\0\0\0\0mp42isom\0\0\0\x08"
+                             "free"s),
             "video/mp4");
 }
 

@@ -43,7 +43,7 @@ class PlayLogFile : public testing::Test {
   }
 
   bool exists(const char* name) const {
-    struct stat status {};
+    struct stat status = {};
     return lstat((directory_ + name).c_str(), &status) == 0;
   }
 

@@ -105,7 +105,7 @@ std::string extension_of(const std::string& name) {
 bool is_module(const std::string& extension) {
   constexpr std::array<std::string_view, 7> modules = {"mod", "module", "nst", "wow",
                                                        "s3m", "it",     "xm"};
-  return std::find(modules.begin(), modules.end(), extension) != modules.end();
+  return std::ranges::find(modules, extension) != modules.end();
 }
 
 TagsRead result_of(const MediaStream& stream, Tags tags) {

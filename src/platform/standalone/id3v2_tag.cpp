@@ -23,7 +23,7 @@ bool may_be_compressed(std::string_view frame) {
   const std::string_view id = frame.substr(0, id_size);
   // The first byte of its size is 0, as no tag is looked at here that has 16 MiB.
   return frame.size() >= header_size && frame[id_size] == '\0' && is_marked_as_compressed(frame) &&
-         std::all_of(id.begin(), id.end(), is_id_character);
+         std::ranges::all_of(id, is_id_character);
 }
 
 unsigned byte_at(std::string_view text, size_t place) {
@@ -60,7 +60,7 @@ const FrameForm& form_of(std::string_view header) {
 
 bool is_frame_id(std::string_view tag, size_t place, const FrameForm& form) {
   const std::string_view id = place < tag.size() ? tag.substr(place, form.id_size) : "";
-  return id.size() == form.id_size && std::all_of(id.begin(), id.end(), is_id_character);
+  return id.size() == form.id_size && std::ranges::all_of(id, is_id_character);
 }
 
 /// The size of the frame at `place`, header included, whose header is there. Nothing where version
@@ -74,8 +74,8 @@ std::optional<size_t> frame_size(std::string_view tag, size_t place, int version
     return plain;
   }
   const std::string_view bytes = tag.substr(place + id_size, 4);
-  const bool is_synchsafe = std::all_of(
-      bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  const bool is_synchsafe =
+      std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   const size_t synchsafe = long_form.header_size + number_at(tag, place + id_size, 4, 7);
   const bool fits = is_synchsafe && (place + synchsafe == tag.size() ||
                                      is_frame_id(tag, place + synchsafe, long_form));

@@ -16,7 +16,7 @@ constexpr size_t buffer_size = 8 * 1024;
 
 /// Smaller ones are read like anything else.
 constexpr size_t shortest_picture = 4 * 1024;
-constexpr long picture_head_size = 4;
+constexpr StreamOffset picture_head_size = 4;
 
 /// Whether the bytes before a block tell that it is a picture.
 PictureKind picture_behind(std::string_view before, size_t block_size) {
@@ -40,7 +40,7 @@ PictureKind picture_behind(std::string_view before, size_t block_size) {
 
 MediaStream::MediaStream(int fd, std::string name, const ReadBudget& budget)
     : fd_(fd), name_(std::move(name)), left_(budget) {
-  struct stat status {};
+  struct stat status = {};
   if (fstat(fd, &status) == 0) {
     length_ = status.st_size;
   } else {
@@ -48,7 +48,7 @@ MediaStream::MediaStream(int fd, std::string name, const ReadBudget& budget)
   }
 }
 
-size_t MediaStream::read_at(char* bytes, size_t size, long offset) {
+size_t MediaStream::read_at(char* bytes, size_t size, StreamOffset offset) {
   const std::optional<size_t> count = read_fully_at(fd_, bytes, size, offset);
   has_failed_ = has_failed_ || !count;
   return count.value_or(0);
@@ -58,6 +58,10 @@ TagLib::FileName MediaStream::name() const {
   return name_.c_str();
 }
 
+size_t MediaStream::bytes_left() const {
+  return static_cast<size_t>(std::max<StreamOffset>(length_ - position_, 0));
+}
+
 /// Takes the amount off a budget, which is spent when it does not hold as much.
 bool MediaStream::spend(size_t& budget, size_t amount) {
   is_spent_ = is_spent_ || amount > budget;
@@ -65,10 +69,9 @@ bool MediaStream::spend(size_t& budget, size_t amount) {
   return !is_spent_;
 }
 
-TagLib::ByteVector MediaStream::readBlock(unsigned long length) {
+TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   // A damaged file may ask for more than there is.
-  const long left = std::max(length_ - position_, 0L);
-  const auto wanted = static_cast<size_t>(std::min(length, static_cast<unsigned long>(left)));
+  const size_t wanted = std::min(static_cast<size_t>(length), bytes_left());
   const std::string id3v2_header = std::exchange(id3v2_header_, {});
   if (!spend(left_.reads, 1)) {
     return {};
@@ -98,15 +101,16 @@ TagLib::ByteVector MediaStream::readBlock(unsigned long length) {
 
 /// The bytes in front of the position, as many as tell a picture.
 std::string MediaStream::bytes_before() {
-  std::string bytes(static_cast<size_t>(std::min<long>(picture_head_size, position_)), '\0');
-  bytes.resize(read_at(bytes.data(), bytes.size(), position_ - static_cast<long>(bytes.size())));
+  std::string bytes(static_cast<size_t>(std::min(picture_head_size, position_)), '\0');
+  bytes.resize(
+      read_at(bytes.data(), bytes.size(), position_ - static_cast<StreamOffset>(bytes.size())));
   return bytes;
 }
 
 /// A picture without its content: no bytes or, where the library wants as many as there are,
 /// zeroes.
 TagLib::ByteVector MediaStream::pass_over(size_t size, PictureKind kind) {
-  position_ += static_cast<long>(size);
+  position_ += static_cast<StreamOffset>(size);
   if (kind == PictureKind::may_be_short) {
     return {};
   }
@@ -122,7 +126,7 @@ TagLib::ByteVector MediaStream::read_id3v2_tag(std::string_view header, size_t s
   }
   std::string tag(size, '\0');
   tag.resize(read_at(tag.data(), size, position_));
-  position_ += static_cast<long>(tag.size());
+  position_ += static_cast<StreamOffset>(tag.size());
   const size_t whole_size = tag.size();
   remove_id3v2_pictures(header, tag);
   if (!spend(left_.pictures, whole_size - tag.size()) || !spend(left_.bytes, tag.size())) {
@@ -139,31 +143,30 @@ TagLib::ByteVector MediaStream::read_within_file(size_t wanted) {
   if (wanted > buffer_size) {
     TagLib::ByteVector block(static_cast<unsigned>(wanted), '\0');
     block.resize(static_cast<unsigned>(read_at(block.data(), wanted, position_)));
-    position_ += static_cast<long>(block.size());
+    position_ += static_cast<StreamOffset>(block.size());
     return block;
   }
-  const long buffer_end = buffer_start_ + static_cast<long>(buffer_.size());
-  if (position_ < buffer_start_ || position_ + static_cast<long>(wanted) > buffer_end) {
+  const StreamOffset buffer_end = buffer_start_ + static_cast<StreamOffset>(buffer_.size());
+  if (position_ < buffer_start_ || position_ + static_cast<StreamOffset>(wanted) > buffer_end) {
     // No more than there is: the end of the file needs no read of its own.
-    const auto left = static_cast<size_t>(std::max(length_ - position_, 0L));
-    buffer_.resize(std::min(buffer_size, left));
+    buffer_.resize(std::min(buffer_size, bytes_left()));
     buffer_.resize(read_at(buffer_.data(), buffer_.size(), position_));
     buffer_start_ = position_;
   }
   const auto begin = static_cast<size_t>(position_ - buffer_start_);
   const size_t count = std::min(wanted, buffer_.size() - begin);
-  position_ += static_cast<long>(count);
+  position_ += static_cast<StreamOffset>(count);
   return {buffer_.data() + begin, static_cast<unsigned>(count)};
 }
 
 void MediaStream::writeBlock(const TagLib::ByteVector& /*data*/) {
 }
 
-void MediaStream::insert(const TagLib::ByteVector& /*data*/, unsigned long /*start*/,
-                         unsigned long /*replace*/) {
+void MediaStream::insert(const TagLib::ByteVector& /*data*/, StreamStart /*start*/,
+                         StreamSize /*replace*/) {
 }
 
-void MediaStream::removeBlock(unsigned long /*start*/, unsigned long /*length*/) {
+void MediaStream::removeBlock(StreamStart /*start*/, StreamSize /*length*/) {
 }
 
 bool MediaStream::readOnly() const {
@@ -174,8 +177,8 @@ bool MediaStream::isOpen() const {
   return true;
 }
 
-void MediaStream::seek(long offset, Position from) {
-  long start = 0;
+void MediaStream::seek(StreamOffset offset, Position from) {
+  StreamOffset start = 0;
   if (from == Current) {
     start = position_;
   } else if (from == End) {
@@ -189,13 +192,13 @@ void MediaStream::seek(long offset, Position from) {
 void MediaStream::clear() {
 }
 
-long MediaStream::tell() const {
+StreamOffset MediaStream::tell() const {
   return position_;
 }
 
-long MediaStream::length() {
+StreamOffset MediaStream::length() {
   return length_;
 }
 
-void MediaStream::truncate(long /*length*/) {
+void MediaStream::truncate(StreamOffset /*length*/) {
 }

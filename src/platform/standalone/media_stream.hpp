@@ -1,9 +1,21 @@
 #pragma once
 
+#include <taglib.h>
 #include <tiostream.h>
 
 #include <string>
 #include <string_view>
+
+// The types in which the tag library counts bytes, those of version 2 and of version 1.
+#if TAGLIB_MAJOR_VERSION >= 2
+using StreamOffset = TagLib::offset_t;
+using StreamStart = TagLib::offset_t;
+using StreamSize = size_t;
+#else
+using StreamOffset = long;
+using StreamStart = unsigned long;
+using StreamSize = unsigned long;
+#endif
 
 /// What reading one media file's tags may take.
 struct ReadBudget {
@@ -29,23 +41,24 @@ class MediaStream : public TagLib::IOStream {
   bool is_spent() const { return is_spent_; }
 
   TagLib::FileName name() const override;
-  TagLib::ByteVector readBlock(unsigned long length) override;
+  TagLib::ByteVector readBlock(StreamSize length) override;
   void writeBlock(const TagLib::ByteVector& data) override;
-  void insert(const TagLib::ByteVector& data, unsigned long start, unsigned long replace) override;
-  void removeBlock(unsigned long start, unsigned long length) override;
+  void insert(const TagLib::ByteVector& data, StreamStart start, StreamSize replace) override;
+  void removeBlock(StreamStart start, StreamSize length) override;
   bool readOnly() const override;
   bool isOpen() const override;
-  void seek(long offset, Position from) override;
+  void seek(StreamOffset offset, Position from) override;
   void clear() override;
-  long tell() const override;
-  long length() override;
-  void truncate(long length) override;
+  StreamOffset tell() const override;
+  StreamOffset length() override;
+  void truncate(StreamOffset length) override;
 
   /// Whether something of the file could not be read; the library takes that for its end.
   bool has_failed() const { return has_failed_; }
 
  private:
-  size_t read_at(char* bytes, size_t size, long offset);
+  size_t read_at(char* bytes, size_t size, StreamOffset offset);
+  size_t bytes_left() const;
   bool spend(size_t& budget, size_t amount);
   std::string bytes_before();
   TagLib::ByteVector pass_over(size_t size, PictureKind kind);
@@ -57,9 +70,9 @@ class MediaStream : public TagLib::IOStream {
   ReadBudget left_;
   bool is_spent_ = false;
   std::string id3v2_header_;  ///< of the tag that the next block is; empty: of none
-  long length_ = 0;
-  long position_ = 0;
+  StreamOffset length_ = 0;
+  StreamOffset position_ = 0;
   bool has_failed_ = false;
   std::string buffer_;
-  long buffer_start_ = 0;
+  StreamOffset buffer_start_ = 0;
 };

@@ -121,7 +121,7 @@ std::string with_lone_surrogates_as_bytes(std::string_view json) {
     size_t length = 2;  // of any other escape
     if (is_first_half(number) && is_second_half(escaped_number(json.substr(escape_length)))) {
       length = 2 * escape_length;
-    } else if (is_first_half(number) || is_second_half(number)) {
+    } else if (number && (is_first_half(number) || is_second_half(number))) {
       append_three_bytes(out, *number);
       json.remove_prefix(escape_length);
       continue;

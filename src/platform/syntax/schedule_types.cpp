@@ -20,7 +20,9 @@ constexpr std::array<ScheduleType, 6> types = {{
     {"interval", "defaults, day of the interval", "", 0, UnitPeriod::none, 0, DayName::number},
 }};
 
-const ScheduleType* find_by(std::string_view ScheduleType::*field, std::string_view text) {
+using TypeName = std::string_view ScheduleType::*;
+
+const ScheduleType* find_by(TypeName field, std::string_view text) {
   for (const ScheduleType& type : types) {
     if (!text.empty() && type.*field == text) {
       return &type;

@@ -20,13 +20,13 @@ std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
 
 std::string lower_case(std::string_view text) {
   std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), to_lower);
+  std::ranges::transform(lower, lower.begin(), to_lower);
   return lower;
 }
 
 std::string upper_case(std::string_view text) {
   std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), to_upper);
+  std::ranges::transform(upper, upper.begin(), to_upper);
   return upper;
 }
 

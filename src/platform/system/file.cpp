@@ -52,7 +52,7 @@ void FileDescriptor::reset(int fd) {
 
 FileDescriptor open_regular_file(int directory, const char* path, Links links) {
   const bool follows = links == Links::followed;
-  struct stat status {};
+  struct stat status = {};
   if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0) {
     return FileDescriptor();
   }

@@ -47,7 +47,7 @@ rlim_t limit_processor_time(rlim_t seconds) {
 }
 
 void set_signal_action(int signal, void (*action)(int)) {
-  struct sigaction wanted {};
+  struct sigaction wanted = {};
   wanted.sa_handler = action;
   wanted.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
   sigemptyset(&wanted.sa_mask);

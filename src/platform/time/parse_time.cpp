@@ -24,6 +24,7 @@ void fill(std::tm& broken_down, const WrittenDate& date, const ClockTime& clock)
   if (date.weekday) {
     broken_down.tm_wday = *date.weekday;
   } else if (date.year) {
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): a date with a year has all of them
     const int64_t days = days_from_civil(*date.year, *date.month, *date.day);
     broken_down.tm_wday = static_cast<int>(((days + 4) % 7 + 7) % 7);  // 1970-01-01: Thursday
   }
@@ -110,6 +111,6 @@ bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& micr
     long_text.resize(text.size());
     lower = long_text.data();
   }
-  std::transform(text.begin(), text.end(), lower, to_lower);
+  std::ranges::transform(text, lower, to_lower);
   return parse_lower_case(TimeText(lower, text.size()), broken_down, microseconds);
 }
