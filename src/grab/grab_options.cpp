@@ -91,7 +91,7 @@ std::string text_of(int option) {
     case capabilities:
       return "baseline\nmanualconfig\n";
     case show_version:
-      return std::string(program) + " " + NV8X_VERSION + "\n";
+      return std::string("tv_grab_nv8x ") + NV8X_VERSION + "\n";
     case show_help:
       return help;
     default:
