@@ -94,7 +94,6 @@ TEST_F(Helper, IsReplacedAfterAQuestionThatWasItsEnd) {
 TEST_F(Helper, IsReplacedWhenItWasEndedFromOutside) {
   const std::optional<std::string> process = ask("p");
   ASSERT_TRUE(process);
-  // NOLINTNEXTLINE(bugprone-unchecked-optional-access): asserted above
   ASSERT_EQ(kill(std::stoi(*process), SIGKILL), 0);
   const std::optional<std::string> other = ask("p");
   ASSERT_TRUE(other);
