@@ -172,8 +172,13 @@ void sort_reports(FileReports& file) {
     return std::tie(report.place.line, report.place.column, report.finding, report.text);
   };
   std::ranges::stable_sort(file.reports, {}, order);
-  const auto repeated = std::ranges::unique(file.reports, {}, order);
-  file.reports.erase(repeated.begin(), repeated.end());
+  std::vector<Report> once;
+  for (Report& report : file.reports) {
+    if (once.empty() || order(once.back()) != order(report)) {
+      once.push_back(std::move(report));
+    }
+  }
+  file.reports = std::move(once);
 }
 
 std::string text_of(const FileReports& file, size_t most) {

@@ -10,13 +10,13 @@
 
 extern "C" {
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the C library's names
+// NOLINTBEGIN(bugprone-reserved-identifier): the C library's names
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* memory, size_t size);
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* memory);
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace {
@@ -34,16 +34,17 @@ void* or_end(void* memory) {
 
 extern "C" {
 
+// With the parameters' names that it has in its headers.
 void* malloc(size_t size) {
   return or_end(__libc_malloc(size));
 }
 
-void* calloc(size_t count, size_t size) {
-  return or_end(__libc_calloc(count, size));
+void* calloc(size_t nmemb, size_t size) {
+  return or_end(__libc_calloc(nmemb, size));
 }
 
-void* realloc(void* memory, size_t size) {
-  void* const moved = __libc_realloc(memory, size);
+void* realloc(void* ptr, size_t size) {
+  void* const moved = __libc_realloc(ptr, size);
   return size == 0 ? moved : or_end(moved);  // a null pointer for no bytes is no failure
 }
 
@@ -51,13 +52,13 @@ void* aligned_alloc(size_t alignment, size_t size) {
   return or_end(__libc_memalign(alignment, size));
 }
 
-int posix_memalign(void** memory, size_t alignment, size_t size) {
-  *memory = or_end(__libc_memalign(alignment, size));
-  return *memory == nullptr ? ENOMEM : 0;
+int posix_memalign(void** memptr, size_t alignment, size_t size) {
+  *memptr = or_end(__libc_memalign(alignment, size));
+  return *memptr == nullptr ? ENOMEM : 0;
 }
 
-void free(void* memory) {
-  __libc_free(memory);
+void free(void* ptr) {
+  __libc_free(ptr);
 }
 
 }  // extern "C"

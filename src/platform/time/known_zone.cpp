@@ -19,17 +19,18 @@ bool is_letter(char c) {
 /// A name of three letters or more, or of anything in angle brackets, and an offset.
 bool is_written_out(std::string_view zone) {
   const bool has_brackets = zone.starts_with('<');
-  const auto past_name =
-      has_brackets ? std::ranges::find(zone, '>') : std::ranges::find_if_not(zone, is_letter);
-  const auto name_size = static_cast<size_t>(past_name - zone.begin()) - (has_brackets ? 1 : 0);
-  std::string_view offset(past_name, zone.end());
-  if (has_brackets && !offset.empty()) {
-    offset.remove_prefix(1);
+  const size_t name_begin = has_brackets ? 1 : 0;
+  const size_t name_end =
+      has_brackets ? zone.find('>')
+                   : static_cast<size_t>(std::ranges::find_if_not(zone, is_letter) - zone.begin());
+  if (name_end == std::string_view::npos) {
+    return false;
   }
+  std::string_view offset = zone.substr(name_end + name_begin);
   if (offset.starts_with('+') || offset.starts_with('-')) {
     offset.remove_prefix(1);
   }
-  return name_size >= 3 && !offset.empty() && is_digit(offset.front());
+  return name_end - name_begin >= 3 && !offset.empty() && is_digit(offset.front());
 }
 
 bool is_zone_file(std::string_view zone) {
