@@ -20,7 +20,12 @@ is_zone_file() {  # name in the zone database, or path
     /*) zone_file=$1 ;;
     *) zone_file=${TZDIR:-/usr/share/zoneinfo}/$1 ;;
   esac
-  [ -f "$zone_file" ] && [ "$(/usr/bin/head -c 4 "$zone_file" 2> /dev/null)" = TZif ]
+  mark=
+  [ ! -f "$zone_file" ] || IFS= read -r mark 2> /dev/null < "$zone_file" || :
+  case $mark in
+    TZif*) ;;
+    *) return 1 ;;
+  esac
 }
 # Written out, as <+03>-3 or EST5EDT,M3.2.0,M11.1.0.
 is_written_zone() {
