@@ -176,7 +176,8 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   settle_stops(programmes);
   std::erase_if(programmes, [&](const Programme& programme) {
     const bool is_before = programme.start < begin;
-    return programme.start >= end || (is_before && (!channel.previous || programme.stop <= begin));
+    return programme.start >= end || !has_four_digit_year(programme.start) ||
+           (is_before && (!channel.previous || programme.stop <= begin));
   });
   return programmes;
 }

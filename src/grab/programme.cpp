@@ -286,12 +286,17 @@ ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set) {
   return texts;
 }
 
+bool has_four_digit_year(time_t t) {
+  std::tm tm{};
+  return localtime_r(&t, &tm) != nullptr && tm.tm_year + 1900 <= 9999;
+}
+
 void append_programme(std::string& out, const Programme& programme, const std::string& channel,
                       const std::string& language) {
   const ProgrammeTexts& texts = programme.texts;
   append(out, "  <programme start=\"");
   append_time(out, programme.start);
-  if (programme.stop > programme.start) {
+  if (programme.stop > programme.start && has_four_digit_year(programme.stop)) {
     append(out, "\" stop=\"");
     append_time(out, programme.stop);
   }
