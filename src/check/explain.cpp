@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 
-#include <array>
 #include <charconv>
 #include <cstring>
 #include <ctime>
@@ -16,17 +15,16 @@
 #include "check/time_advice.hpp"
 #include "check/written_schedule.hpp"
 #include "metadata/item_metadata.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
+#include "platform/time/local_text.hpp"
 #include "platform/time/parse_time.hpp"
-#include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
-#include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
 #include "writers/gracenote_writer.hpp"
 #include "writers/listing_rows.hpp"
@@ -34,13 +32,9 @@
 
 namespace {
 
-std::string local_text(time_t t, const char* format) {
-  std::tm tm{};
-  std::array<char, 64> text{};
-  if (localtime_r(&t, &tm) == nullptr) {
-    return "no time";
-  }
-  return {text.data(), std::strftime(text.data(), text.size(), format, &tm)};
+std::string time_or_none(time_t t, const char* format) {
+  std::string text = local_text(t, format);
+  return text.empty() ? "no time" : text;
 }
 
 /// Where what airs comes from, and what befell it on the way.
@@ -241,7 +235,7 @@ std::string row_text(const std::vector<Row>& rows, time_t t, bool is_announced) 
   for (const Row& row : rows) {
     if (row.start <= t && t < row.end) {
       const std::string times =
-          local_text(row.start, "%F %R") + " to " + local_text(row.end, "%F %R");
+          time_or_none(row.start, "%F %R") + " to " + time_or_none(row.end, "%F %R");
       return horizon.shows(row) ? "the row of " + times + ", " + quoted(row.title)
                                 : "none: the listing runs from today to 21 days ahead";
     }
@@ -289,8 +283,8 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
   UnitClock clock(schedule);
   append_line(out, "airs",
               (item.item.empty() ? "nothing" : quoted(item.item)) + ", from " +
-                  local_text(clock.time_of(item.start), "%F %T") + " to " +
-                  local_text(clock.time_of(item.end), "%F %T"));
+                  time_or_none(clock.time_of(item.start), "%F %T") + " to " +
+                  time_or_none(clock.time_of(item.end), "%F %T"));
   const Origin& origin = story.origin_at(item.start);
   append_line(out, "from", origin.where);
   for (const std::string& event : origin.events) {
@@ -340,18 +334,13 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
   if (!t) {
     return std::nullopt;
   }
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
-  compute_unit_times(schedule, *t);
-  merge_play_log(schedule, path);
-  block_announce_subst(schedule);
-  patch_all_subschedules(schedule);
+  complete_schedule(schedule);
+  place_schedule(schedule, *t, path);
   schedule.observe = nullptr;
 
   const uint64_t position = time_to_schedule_seconds(schedule, *t);
   std::string out =
-      local_text(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + name + "\n";
+      time_or_none(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + name + "\n";
   const ScheduleItem* airing = nullptr;
   UnitClock clock(schedule);
   for (const auto& [start, item] : schedule.schedule) {

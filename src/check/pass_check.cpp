@@ -1,6 +1,5 @@
 #include "check/pass_check.hpp"
 
-#include <array>
 #include <map>
 #include <set>
 #include <string>
@@ -9,9 +8,10 @@
 #include "check/time_advice.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/local_stretches.hpp"
+#include "platform/time/local_text.hpp"
 #include "platform/time/written_time.hpp"
 #include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
@@ -26,11 +26,6 @@ std::string length_text(uint64_t seconds) {
     return std::to_string(seconds / 60) + (seconds == 60 ? " minute" : " minutes");
   }
   return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
-}
-
-std::string date_text(const std::tm& tm) {
-  std::array<char, 16> text{};
-  return {text.data(), std::strftime(text.data(), text.size(), "%F", &tm)};
 }
 
 class PassCheck {
@@ -48,9 +43,7 @@ class PassCheck {
     check_membership();
     Schedule& schedule = written_.schedule;
     schedule.observe = [&](const Observation& seen) { look(seen); };
-    remove_reversed_items(schedule);
-    fix_schedule_file(schedule);
-    patch_schedule_default_items(schedule);
+    complete_schedule(schedule);
     cancel_watchdog();
     if (type_.unit_length > 0) {
       compute_unit_times(schedule, report_time);
@@ -236,7 +229,7 @@ class PassCheck {
     }
     const WrittenSection& item = written_.items[number];
     add(finding, item.place_of("start"),
-        "the clocks " + what + " this time on " + date_text(*tm) +
+        "the clocks " + what + " this time on " + local_text(*tm, "%F") +
             (finding == Finding::skipped_hour ? ", so that it does not air then"
                                               : "; it airs at one of the two"));
   }

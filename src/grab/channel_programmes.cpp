@@ -8,16 +8,14 @@
 #include <utility>
 
 #include "metadata/item_metadata.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
-#include "schedule/block_announce.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/rendermgr.hpp"
-#include "schedule/repair.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
-#include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
 
@@ -55,10 +53,7 @@ class UnitWalk {
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
     Schedule schedule = prepared_;
     arm_watchdog();
-    compute_unit_times(schedule, begin);
-    merge_play_log(schedule, path_);
-    block_announce_subst(schedule);
-    patch_all_subschedules(schedule);
+    place_schedule(schedule, begin, path_);
     const time_t unit_end = schedule.unit_end;
     UnitClock clock(schedule);
     std::map<time_t, Programme> by_start;  // of two at one second the later one airs
@@ -153,19 +148,15 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     error = "'" + *path + "' is of a type without unit";
     return std::nullopt;
   }
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
+  complete_schedule(schedule);
 
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
-  Schedule unit;
-  unit.type = schedule.type;
-  compute_unit_times(unit, begin - 1);
+  const Unit unit = unit_of(find_schedule_type(schedule.type), begin - 1);
   UnitWalk walk(std::move(schedule), *path);
   std::vector<Programme> programmes;
-  for (time_t cursor = unit.unit_start; cursor <= end;) {
+  for (time_t cursor = unit.start; cursor <= end;) {
     std::vector<Programme> found;
     // A unit that begins as the span ends may go on with what the seam cuts.
     const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);
