@@ -59,6 +59,7 @@ class UnitWalk {
     merge_play_log(schedule, path_);
     block_announce_subst(schedule);
     patch_all_subschedules(schedule);
+    arm_watchdog();  // which that has cancelled: media files are still to be read
     const time_t unit_end = schedule.unit_end;
     UnitClock clock(schedule);
     std::map<time_t, Programme> by_start;  // of two at one second the later one airs
@@ -127,6 +128,9 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
     return channel.schedule;
   }
   std::optional<std::string> path = read_rendermgr(channel.rendermgr);
+  if (!path) {
+    fail_run_if_short("'%s' cannot be read: %s", channel.rendermgr.c_str());
+  }
   if (!path || path->empty()) {
     error = "'" + channel.rendermgr + "' names no schedule";
     return std::nullopt;
@@ -146,6 +150,7 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   Schedule schedule;
   if (!read_schedule_file(schedule, path->c_str())) {
+    fail_run_if_short("'%s' cannot be read: %s", path->c_str());
     error = "'" + *path + "' cannot be read: " + std::strerror(errno);
     return std::nullopt;
   }

@@ -152,7 +152,7 @@ bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
   }
   std::error_code ignored;
   std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
-  GuideFile file(path);
+  GuideFile file(path, NewMode::readable);
   if (!file.is_open() || !file.write(text_of_guide_config(channels)) || !file.publish()) {
     std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", path.c_str(), std::strerror(errno));
     return false;
