@@ -29,12 +29,6 @@ void say(const char* text) {
   std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", work_at_hand->channel.id.c_str(), text);
 }
 
-void keep_warning(std::string_view text) {
-  if (std::string line(chomp(text)); std::ranges::find(warnings, line) == warnings.end()) {
-    warnings.push_back(std::move(line));
-  }
-}
-
 [[noreturn]] void end_with(ChannelEnd end) {
   _exit(static_cast<int>(end));
 }
@@ -49,6 +43,20 @@ void say_warnings() {
   say_warnings();
   say(reason.c_str());
   end_with(ChannelEnd::failed);
+}
+
+/// A channel whose schedule cannot be read to its end has failed.
+void take_warning(Warning kind, std::string_view text) {
+  const std::string line(chomp(text));
+  if (kind == Warning::cut_short && work_at_hand->attempt == Attempt::first) {
+    end_with(ChannelEnd::lacking);
+  }
+  if (kind == Warning::cut_short) {
+    fail_channel(line);
+  }
+  if (std::ranges::find(warnings, line) == warnings.end()) {
+    warnings.push_back(line);
+  }
 }
 
 /// What the machine lacks now may be there for a process that works alone.
@@ -116,7 +124,7 @@ void write_programmes(const std::vector<Programme>& programmes, const GuideChann
 void work_on_channel(const ChannelWork& work, const FileDescriptor& file) {
   work_at_hand = &work;
   set_failure_reporter(end_lacking);
-  set_warning_reporter(keep_warning);
+  set_warning_reporter(take_warning);
   std::set_new_handler(end_without_memory);
   enter_channel(work.channel);
   std::string error;

@@ -17,7 +17,7 @@ struct ProgrammesHead {
 enum class ChannelEnd : int {
   done = 0,
   failed = 1,   ///< for what its files hold; it has said so
-  lacking = 2,  ///< the machine was short of something
+  lacking = 2,  ///< the machine was short of something, or failed
 };
 
 enum class Attempt { first, last };
@@ -26,7 +26,7 @@ struct ChannelWork {
   const GuideChannel& channel;
   GuideSpan span;
   time_t now;
-  Attempt attempt;  ///< a shortage is told in the last one only
+  Attempt attempt;  ///< a shortage and an error in reading are told in the last one only
 };
 
 /// The life of a channel's process: works in the channel's zone and folder, writes the head and the

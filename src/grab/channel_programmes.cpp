@@ -138,6 +138,24 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
   return path;
 }
 
+/// Read and repaired, with its gaps filled.
+std::optional<Schedule> prepared_schedule(const std::string& path, std::string& error) {
+  Schedule schedule;
+  if (!read_schedule_file(schedule, path.c_str())) {
+    fail_run_if_short("'%s' cannot be read: %s", path.c_str());
+    error = "'" + path + "' cannot be read: " + std::strerror(errno);
+    return std::nullopt;
+  }
+  if (schedule.unit_length == 0) {
+    error = "'" + path + "' is of a type without unit";
+    return std::nullopt;
+  }
+  remove_reversed_items(schedule);
+  fix_schedule_file(schedule);
+  patch_schedule_default_items(schedule);
+  return schedule;
+}
+
 }  // namespace
 
 std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& channel,
@@ -148,27 +166,17 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
-  if (!read_schedule_file(schedule, path->c_str())) {
-    fail_run_if_short("'%s' cannot be read: %s", path->c_str());
-    error = "'" + *path + "' cannot be read: " + std::strerror(errno);
+  std::optional<Schedule> schedule = prepared_schedule(*path, error);
+  if (!schedule) {
     return std::nullopt;
   }
-  if (schedule.unit_length == 0) {
-    error = "'" + *path + "' is of a type without unit";
-    return std::nullopt;
-  }
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
-
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
   Schedule unit;
-  unit.type = schedule.type;
+  unit.type = schedule->type;
   compute_unit_times(unit, begin - 1);
-  UnitWalk walk(std::move(schedule), *path);
+  UnitWalk walk(*std::move(schedule), *path);
   std::vector<Programme> programmes;
   for (time_t cursor = unit.unit_start; cursor <= end;) {
     std::vector<Programme> found;

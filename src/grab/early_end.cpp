@@ -6,6 +6,7 @@
 #include <new>
 
 #include "grab/guide_file.hpp"
+#include "platform/system/messages.hpp"
 #include "platform/system/run_limits.hpp"
 
 namespace {
@@ -23,6 +24,11 @@ void end_by_signal(int signal) {
   std::_Exit(EXIT_FAILURE);
 }
 
+void report_failure(const char* message) {
+  remove_draft();
+  std::fprintf(stderr, "tv_grab_nv8x: %s\n", message);
+}
+
 bool is_ignored(int signal) {
   struct sigaction action = {};
   return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
@@ -31,6 +37,7 @@ bool is_ignored(int signal) {
 }  // namespace
 
 void prepare_for_early_end() {
+  set_failure_reporter(report_failure);
   std::set_new_handler(end_without_memory);
   limit_memory();
   for (const int signal : {SIGCHLD, SIGALRM}) {

@@ -21,6 +21,8 @@ class GuideFile {
   ~GuideFile();
 
   bool is_open() const { return file_.is_open(); }
+  /// Whether it takes a place later, and is not written to what is there.
+  bool is_draft() const { return !draft_.empty(); }
   int fd() const { return file_.get(); }
   bool write(std::string_view text);
 

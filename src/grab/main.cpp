@@ -85,7 +85,7 @@ int write_to_standard_output(const GrabCommand& command,
 /// Whether a guide without programmes may take the place of what is there; it says why not.
 bool may_be_emptied(const std::string& path) {
   const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
-  if (!file.is_open() && (errno == ENOENT || errno == EINVAL)) {  // nothing, or a pipe
+  if (!file.is_open() && errno == ENOENT) {
     return true;
   }
   const auto content = file.is_open() ? read_content(file.get()) : std::nullopt;
@@ -108,7 +108,7 @@ int write_file(const GrabCommand& command, const std::vector<GuideChannel>& chan
   }
   const Outcome outcome = write_to(file.fd(), command, channels);
   if (outcome == Outcome::failed ||
-      (outcome == Outcome::empty && !may_be_emptied(command.output))) {
+      (outcome == Outcome::empty && file.is_draft() && !may_be_emptied(command.output))) {
     return EXIT_FAILURE;
   }
   if (!file.publish()) {

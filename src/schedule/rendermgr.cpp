@@ -36,8 +36,8 @@ std::optional<std::string> read_rendermgr(const std::string& path) {
     }
   }
   if (file.error() != 0) {
-    print_warning("WARNING: Rendermgr file %s, cannot be read further, %s\n", path.c_str(),
-                  std::strerror(file.error()));
+    print_warning(Warning::cut_short, "WARNING: Rendermgr file %s, cannot be read further, %s\n",
+                  path.c_str(), std::strerror(file.error()));
   }
   return schedule_path;
 }

@@ -46,7 +46,7 @@ void print_diagnostic(const char* format, ...) {
   say(text);
 }
 
-void print_warning(const char* format, ...) {
+void print_warning(Warning kind, const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
   const std::string text = format_text(format, arguments);
@@ -54,7 +54,7 @@ void print_warning(const char* format, ...) {
   if (report_warning == nullptr) {
     say(text);
   } else {
-    report_warning(text);
+    report_warning(kind, text);
   }
 }
 

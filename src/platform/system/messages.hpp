@@ -13,11 +13,16 @@
 /// Prints what the reader and the passes have to say of a schedule, as std::fprintf does.
 [[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
 
-/// The same for what a pass cannot do, or a file not be read for: more than a repair.
-[[gnu::format(printf, 1, 2)]] void print_warning(const char* format, ...);
+enum class Warning {
+  pass,       ///< a pass cannot do all that the schedule asks for
+  cut_short,  ///< an error ends the reading of a file
+};
+
+/// The same for what is more than a repair.
+[[gnu::format(printf, 2, 3)]] void print_warning(Warning kind, const char* format, ...);
 
 /// Takes each warning in place of standard error, whoever leaves what is said unsaid.
-using WarningReporter = void (*)(std::string_view text);
+using WarningReporter = void (*)(Warning kind, std::string_view text);
 void set_warning_reporter(WarningReporter reporter);
 
 /// Keeps a copy of those while it lives. What was said of a schedule that is used again can so be
