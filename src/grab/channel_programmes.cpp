@@ -54,6 +54,7 @@ class UnitWalk {
     Schedule schedule = prepared_;
     arm_watchdog();
     place_schedule(schedule, begin, path_);
+    arm_watchdog();  // which that has cancelled: media files are still to be read
     const time_t unit_end = schedule.unit_end;
     UnitClock clock(schedule);
     std::map<time_t, Programme> by_start;  // of two at one second the later one airs
@@ -122,11 +123,30 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
     return channel.schedule;
   }
   std::optional<std::string> path = read_rendermgr(channel.rendermgr);
+  if (!path) {
+    fail_run_if_short("'%s' cannot be read: %s", channel.rendermgr.c_str());
+  }
   if (!path || path->empty()) {
     error = "'" + channel.rendermgr + "' names no schedule";
     return std::nullopt;
   }
   return path;
+}
+
+/// Read and completed.
+std::optional<Schedule> prepared_schedule(const std::string& path, std::string& error) {
+  Schedule schedule;
+  if (!read_schedule_file(schedule, path.c_str())) {
+    fail_run_if_short("'%s' cannot be read: %s", path.c_str());
+    error = "'" + path + "' cannot be read: " + std::strerror(errno);
+    return std::nullopt;
+  }
+  if (schedule.unit_length == 0) {
+    error = "'" + path + "' is of a type without unit";
+    return std::nullopt;
+  }
+  complete_schedule(schedule);
+  return schedule;
 }
 
 }  // namespace
@@ -139,22 +159,15 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
-  if (!read_schedule_file(schedule, path->c_str())) {
-    error = "'" + *path + "' cannot be read: " + std::strerror(errno);
+  std::optional<Schedule> schedule = prepared_schedule(*path, error);
+  if (!schedule) {
     return std::nullopt;
   }
-  if (schedule.unit_length == 0) {
-    error = "'" + *path + "' is of a type without unit";
-    return std::nullopt;
-  }
-  complete_schedule(schedule);
-
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
-  const Unit unit = unit_of(find_schedule_type(schedule.type), begin - 1);
-  UnitWalk walk(std::move(schedule), *path);
+  const Unit unit = unit_of(find_schedule_type(schedule->type), begin - 1);
+  UnitWalk walk(*std::move(schedule), *path);
   std::vector<Programme> programmes;
   for (time_t cursor = unit.start; cursor <= end;) {
     std::vector<Programme> found;

@@ -180,6 +180,19 @@ std::string complaint_about_channel(const GuideChannel& channel) {
                                      : "the machine knows no zone '" + channel.zone + "'";
 }
 
+std::string complaint_about_value(std::string_view text) {
+  if (text.find('\n') != std::string_view::npos) {
+    return "The configuration cannot hold a line feed";
+  }
+  if (strip_blanks(chomp(text)) != text) {
+    return "The configuration cannot hold blanks around a text";
+  }
+  const std::string line = "= " + std::string(text);
+  return without_comment(line) == strip_blanks(line)
+             ? std::string()
+             : "A blank before # or ; begins a comment in the configuration";
+}
+
 bool is_channel_id(std::string_view text) {
   return !text.empty() && text == clean_text(text);
 }

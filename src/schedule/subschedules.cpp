@@ -133,14 +133,14 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
     // The round ends with the last second of the subschedule's unit, not behind it.
     uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
     if (round_end <= position) {
-      print_diagnostic("WARNING: schedule wraparound.\n");
+      print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
       const uint64_t unit_length = unit_length_of(outer);
       if (unit_length == 0) {
         std::abort();
       }
       round_end += unit_length;
       if (round_end <= position) {
-        print_diagnostic("Um, even after correction\n");
+        print_warning(Warning::pass, "Um, even after correction\n");
         return;
       }
     }
@@ -212,5 +212,5 @@ void patch_all_subschedules(Schedule& schedule) {
       return;
     }
   }
-  print_diagnostic("Warning: too many subschedules\n");
+  print_warning(Warning::pass, "Warning: too many subschedules\n");
 }

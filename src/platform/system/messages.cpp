@@ -15,6 +15,16 @@ void print_error(const char* message) {
 }
 
 FailureReporter report = print_error;
+WarningReporter report_warning = nullptr;
+
+void say(const std::string& text) {
+  if (is_printing) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  }
+  if (record != nullptr) {
+    *record += text;
+  }
+}
 
 }  // namespace
 
@@ -33,17 +43,28 @@ void print_diagnostic(const char* format, ...) {
   va_start(arguments, format);
   const std::string text = format_text(format, arguments);
   va_end(arguments);
-  if (is_printing) {
-    std::fwrite(text.data(), 1, text.size(), stderr);
+  say(text);
+}
+
+void print_warning(Warning kind, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const std::string text = format_text(format, arguments);
+  va_end(arguments);
+  if (report_warning == nullptr) {
+    say(text);
+  } else {
+    report_warning(kind, text);
   }
-  if (record != nullptr) {
-    *record += text;
-  }
+}
+
+void set_warning_reporter(WarningReporter reporter) {
+  report_warning = reporter;
 }
 
 DiagnosticsRecord::DiagnosticsRecord(Printing printing)
     : record_around_(record), was_printing_(is_printing) {
-  record = &text_;
+  record = printing == Printing::on ? &text_ : nullptr;
   is_printing = is_printing && printing == Printing::on;
 }
 
