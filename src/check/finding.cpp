@@ -13,6 +13,7 @@ namespace {
 // By the value of Finding.
 constexpr auto infos = std::to_array<FindingInfo>({
     {Finding::unreadable, "unreadable", Severity::error},
+    {Finding::link, "link", Severity::error},
     {Finding::byte_order_mark, "byte-order-mark", Severity::error},
     {Finding::utf_16, "utf-16", Severity::error},
     {Finding::carriage_return, "carriage-return", Severity::error},

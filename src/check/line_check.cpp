@@ -656,14 +656,11 @@ size_t comment_behind_path(std::string_view path) {
   return path.find(" # ");
 }
 
-bool read_and_check_lines(WrittenSchedule& written, const std::string& path, bool with_media,
+void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
                           std::vector<Report>& reports) {
   LineCheck check(written, with_media, reports);
   written.schedule.observe = [&](const Observation& seen) { check.look(seen); };
-  const bool is_read = read_schedule_file(written.schedule, path.c_str());
+  read_schedule_content(written.schedule, written.source.content(), file.c_str());
   written.schedule.observe = nullptr;
-  if (is_read) {
-    check.finish();
-  }
-  return is_read;
+  check.finish();
 }

@@ -13,25 +13,21 @@
 #include "check/line_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/watchdog.hpp"
 
 namespace {
 
 constexpr uint64_t long_enough_for_a_programme = 600;  // seconds
-
-/// A file, whatever path leads to it.
-using FileId = std::pair<dev_t, ino_t>;
 
 class MediaCheck {
  public:
   MediaCheck(const WrittenSchedule& written, std::vector<Report>& reports)
       : written_(written), reports_(reports) {}
 
-  void check(const std::string& path) {
-    struct stat status = {};
-    if (stat(path.c_str(), &status) == 0) {
-      schedules_above_.emplace_back(status.st_dev, status.st_ino);
-    }
+  void check(FileId id) {
+    schedules_above_.push_back(id);
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];
       const std::string media = item.text_of("item");
@@ -61,6 +57,7 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
+    arm_watchdog();  // a time of its own for each file: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
@@ -88,13 +85,21 @@ class MediaCheck {
     return true;
   }
 
+  static bool read_subschedule(Schedule& schedule, const std::string& path) {
+    const bool is_read = read_schedule_file(schedule, path.c_str());
+    if (!is_read) {
+      fail_run_if_short("Unable to open %s: %s", path.c_str());
+    }
+    return is_read;
+  }
+
   void check_subschedule(const std::string& path, FileId id, Place place) {
     if (leads_back(path, id, schedules_above_)) {
       add(Finding::circular, place, "the schedule " + quoted(path) + " leads back to itself");
       return;
     }
     Schedule schedule;
-    if (!read_schedule_file(schedule, path.c_str())) {
+    if (!read_subschedule(schedule, path)) {
       add(Finding::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
     } else if (find_schedule_type(schedule.type)->unit_length == 0) {
       add(Finding::bad_schedule, place,
@@ -117,7 +122,7 @@ class MediaCheck {
     }
     Schedule schedule;
     bool is_circular = false;
-    if (read_schedule_file(schedule, path.c_str())) {
+    if (read_subschedule(schedule, path)) {
       above.push_back(id);
       std::set<std::string> paths = {schedule.global_default};
       for (const auto& [start, item] : schedule.schedule) {
@@ -182,7 +187,6 @@ class MediaCheck {
 
 }  // namespace
 
-void check_media(const WrittenSchedule& written, const std::string& path,
-                 std::vector<Report>& reports) {
-  MediaCheck(written, reports).check(path);
+void check_media(const WrittenSchedule& written, FileId id, std::vector<Report>& reports) {
+  MediaCheck(written, reports).check(id);
 }

@@ -140,7 +140,11 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   Schedule schedule;
-  if (!read_schedule_file(schedule, path->c_str())) {
+  if (look_at(*path) == FileState::link) {
+    error = "'" + *path + "' is a link; name the file that it leads to";
+    return std::nullopt;
+  }
+  if (!read_schedule_file(schedule, path->c_str(), Links::refused)) {
     error = "'" + *path + "' cannot be read: " + std::strerror(errno);
     return std::nullopt;
   }
