@@ -65,6 +65,8 @@ enum class Finding {
   no_file,
   bad_schedule,
   circular,
+  too_deep,
+  wraparound,
   not_announced,
   markup,
   control_character,

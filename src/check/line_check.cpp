@@ -47,13 +47,6 @@ struct Section {
 constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
                                                         "&apos;"};
 
-/// The reference of XML that the text begins with, or nothing.
-std::string_view reference_at(std::string_view text) {
-  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
-  const auto* found = std::ranges::find_if(references, begins);
-  return found == references.end() ? std::string_view() : *found;
-}
-
 bool contains(std::span<const std::string_view> words, std::string_view word) {
   return std::ranges::find(words, word) != words.end();
 }
@@ -651,6 +644,12 @@ class LineCheck {
 };
 
 }  // namespace
+
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
 
 size_t comment_behind_path(std::string_view path) {
   return path.find(" # ");

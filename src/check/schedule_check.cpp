@@ -8,6 +8,7 @@
 #include "check/pass_check.hpp"
 #include "check/schedule_source.hpp"
 #include "check/source_text.hpp"
+#include "check/subschedule_check.hpp"
 #include "check/written_schedule.hpp"
 #include "platform/system/messages.hpp"
 #include "schedule/watchdog.hpp"
@@ -30,8 +31,8 @@ FileReports check_schedule_file(const std::string& file, const CheckOptions& opt
   if (!is_hopeless(written.source)) {
     read_and_check_lines(written, file, options.media, found.reports);
     check_passes(written, options.report_time, found.reports);
-    if (options.media) {
-      check_media(written, source->id, found.reports);
+    if (options.media && check_media(written, source->id, found.reports)) {
+      check_subschedules(written, found.reports);
     }
   }
   cancel_watchdog();
