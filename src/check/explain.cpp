@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/schedule_source.hpp"
 #include "check/source_text.hpp"
 #include "check/time_advice.hpp"
 #include "check/written_schedule.hpp"
@@ -26,6 +27,7 @@
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
+#include "schedule/watchdog.hpp"
 #include "writers/gracenote_writer.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/rovi_writer.hpp"
@@ -315,17 +317,19 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
 
 }  // namespace
 
-std::optional<std::string> explain_moment(const std::string& name, const std::string& path,
-                                          const std::string& moment, const CheckOptions& options,
-                                          std::string& error) {
-  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
-  Story story(name, schedule);
-  schedule.observe = [&](const Observation& seen) { story.look(seen); };
-  if (!read_schedule_file(schedule, path.c_str())) {
-    error = std::string("cannot be read: ") + std::strerror(errno);
+std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
+                                          const CheckOptions& options, std::string& error) {
+  Report failure{};
+  const std::optional<ScheduleSource> source = read_schedule_source(file, failure);
+  if (!source) {
+    error = failure.text;
     return std::nullopt;
   }
+  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
+  Schedule schedule;
+  Story story(file, schedule);
+  schedule.observe = [&](const Observation& seen) { story.look(seen); };
+  read_schedule_content(schedule, source->content, file.c_str());
   if (schedule.unit_length == 0) {
     error = "a schedule of this type has no times";
     return std::nullopt;
@@ -335,12 +339,13 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
     return std::nullopt;
   }
   complete_schedule(schedule);
-  place_schedule(schedule, *t, path);
+  place_schedule(schedule, *t, source->path);
   schedule.observe = nullptr;
+  arm_watchdog();
 
   const uint64_t position = time_to_schedule_seconds(schedule, *t);
   std::string out =
-      time_or_none(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + name + "\n";
+      time_or_none(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + file + "\n";
   const ScheduleItem* airing = nullptr;
   UnitClock clock(schedule);
   for (const auto& [start, item] : schedule.schedule) {
@@ -357,5 +362,6 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
   for (const std::string& lost : story.lost_at(position)) {
     append_line(out, "lost", lost);
   }
+  cancel_watchdog();
   return out;
 }

@@ -47,13 +47,6 @@ struct Section {
 constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
                                                         "&apos;"};
 
-/// The reference of XML that the text begins with, or nothing.
-std::string_view reference_at(std::string_view text) {
-  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
-  const auto* found = std::ranges::find_if(references, begins);
-  return found == references.end() ? std::string_view() : *found;
-}
-
 bool contains(std::span<const std::string_view> words, std::string_view word) {
   return std::ranges::find(words, word) != words.end();
 }
@@ -652,18 +645,21 @@ class LineCheck {
 
 }  // namespace
 
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
+
 size_t comment_behind_path(std::string_view path) {
   return path.find(" # ");
 }
 
-bool read_and_check_lines(WrittenSchedule& written, const std::string& path, bool with_media,
+void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
                           std::vector<Report>& reports) {
   LineCheck check(written, with_media, reports);
   written.schedule.observe = [&](const Observation& seen) { check.look(seen); };
-  const bool is_read = read_schedule_file(written.schedule, path.c_str());
+  read_schedule_content(written.schedule, written.source.content(), file.c_str());
   written.schedule.observe = nullptr;
-  if (is_read) {
-    check.finish();
-  }
-  return is_read;
+  check.finish();
 }

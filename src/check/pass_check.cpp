@@ -14,7 +14,6 @@
 #include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
-#include "schedule/watchdog.hpp"
 
 namespace {
 
@@ -44,7 +43,6 @@ class PassCheck {
     Schedule& schedule = written_.schedule;
     schedule.observe = [&](const Observation& seen) { look(seen); };
     complete_schedule(schedule);
-    cancel_watchdog();
     if (type_.unit_length > 0) {
       compute_unit_times(schedule, report_time);
       check_clock_changes();

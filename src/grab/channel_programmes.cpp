@@ -136,7 +136,11 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
 /// Read and completed.
 std::optional<Schedule> prepared_schedule(const std::string& path, std::string& error) {
   Schedule schedule;
-  if (!read_schedule_file(schedule, path.c_str())) {
+  if (look_at(path) == FileState::link) {
+    error = "'" + path + "' is a link; name the file that it leads to";
+    return std::nullopt;
+  }
+  if (!read_schedule_file(schedule, path.c_str(), Links::refused)) {
     fail_run_if_short("'%s' cannot be read: %s", path.c_str());
     error = "'" + path + "' cannot be read: " + std::strerror(errno);
     return std::nullopt;

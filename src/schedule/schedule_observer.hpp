@@ -38,6 +38,8 @@ enum class Deed {
   block_moved_item,     ///< which starts at the block's end `other` now
   patched_in_schedule,  ///< in place of the item from `start` to `end`; `text` is its path
   patched_in_item,      ///< from `start` to `end`: the one at `other` of the schedule in `text`
+  wrapped_around,  ///< at `start` the unit of the schedule in `text` ends, the item only at `end`
+  reached_last_level,  ///< schedules within schedules are patched in no deeper
 };
 
 struct Observation {

@@ -230,15 +230,9 @@ void complete(Schedule& schedule) {
   schedule.unit_length = find_schedule_type(schedule.type)->unit_length;
 }
 
-}  // namespace
-
-bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path, links);
-  if (!opened.is_open()) {
-    return false;
-  }
+void read_lines(Schedule& schedule, LineReader lines, const char* path) {
   const Activity activity("reading", path);
-  ReadFile file{schedule, LineReader(std::move(opened), longest_schedule_line)};
+  ReadFile file{schedule, std::move(lines)};
   schedule.schedule.clear();
   schedule.type.clear();
   schedule.defaults.own.clear();
@@ -265,5 +259,19 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
                   path, std::strerror(error));
   }
   complete(schedule);
+}
+
+}  // namespace
+
+bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path, links);
+  if (!opened.is_open()) {
+    return false;
+  }
+  read_lines(schedule, LineReader(std::move(opened), longest_schedule_line), path);
   return true;
+}
+
+void read_schedule_content(Schedule& schedule, std::string_view content, const char* name) {
+  read_lines(schedule, LineReader(content, longest_schedule_line), name);
 }

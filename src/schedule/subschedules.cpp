@@ -134,6 +134,7 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
     uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
     if (round_end <= position) {
       print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
+      tell(outer, {Deed::wrapped_around, 0, item.item, position, item.end});
       const uint64_t unit_length = unit_length_of(outer);
       if (unit_length == 0) {
         std::abort();
@@ -213,4 +214,5 @@ void patch_all_subschedules(Schedule& schedule) {
     }
   }
   print_warning(Warning::pass, "Warning: too many subschedules\n");
+  tell(schedule, {Deed::reached_last_level, 0, {}});
 }

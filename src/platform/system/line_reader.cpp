@@ -15,14 +15,23 @@ LineReader::LineReader(FileDescriptor file, size_t longest_piece)
     : file_(std::move(file)),
       longest_piece_(longest_piece),
       buffer_size_(std::max(buffer_size, longest_piece)),
-      buffer_(std::make_unique_for_overwrite<char[]>(buffer_size_)) {
+      buffer_(std::make_unique_for_overwrite<char[]>(buffer_size_)),
+      bytes_(buffer_.get()) {
+}
+
+LineReader::LineReader(std::string_view content, size_t longest_piece)
+    : longest_piece_(longest_piece),
+      buffer_size_(0),
+      bytes_(content.data()),
+      end_(content.size()),
+      at_end_(true) {
 }
 
 bool LineReader::read(std::string_view& piece) {
   size_t searched = 0;
   for (;;) {
     const size_t available = std::min(end_ - begin_, longest_piece_);
-    const char* start = buffer_.get() + begin_;
+    const char* start = bytes_ + begin_;
     const void* line_feed = std::memchr(start + searched, '\n', available - searched);
     size_t length = available;
     if (line_feed != nullptr) {

@@ -12,6 +12,9 @@ class LineReader {
  public:
   LineReader(FileDescriptor file, size_t longest_piece);
 
+  /// Reads what was read before, which must outlive this object.
+  LineReader(std::string_view content, size_t longest_piece);
+
   /// Sets `piece` to the next line with its line feed, or to the next `longest_piece` bytes of a
   /// longer line. As for any C string, a NUL byte ends the piece, and what follows it up to there
   /// is lost. The view stays valid until the next call. False at the end of the file or on a read
@@ -30,7 +33,8 @@ class LineReader {
   FileDescriptor file_;
   size_t longest_piece_;
   size_t buffer_size_;
-  std::unique_ptr<char[]> buffer_;
+  std::unique_ptr<char[]> buffer_;  ///< null where the content is given
+  const char* bytes_;               ///< in the buffer, or of the content
   size_t begin_ = 0;
   size_t end_ = 0;
   bool at_end_ = false;

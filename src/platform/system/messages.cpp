@@ -25,6 +25,7 @@ void say(const std::string& text) {
     *record += text;
   }
 }
+int status_of_failure = EXIT_FAILURE;
 
 }  // namespace
 
@@ -73,8 +74,13 @@ DiagnosticsRecord::~DiagnosticsRecord() {
   is_printing = was_printing_;
 }
 
-void set_failure_reporter(FailureReporter reporter) {
+void set_failure_reporter(FailureReporter reporter, int status) {
   report = reporter;
+  status_of_failure = status;
+}
+
+int failure_status() {
+  return status_of_failure;
 }
 
 void fail_run(const char* format, ...) {
@@ -83,7 +89,7 @@ void fail_run(const char* format, ...) {
   const std::string message = format_text(format, arguments);
   va_end(arguments);
   report(message.c_str());
-  std::exit(EXIT_FAILURE);
+  std::exit(status_of_failure);
 }
 
 void fail_run_if_short(const char* format, const char* name) {

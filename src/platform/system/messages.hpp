@@ -46,10 +46,13 @@ class DiagnosticsRecord {
 
 /// Prints the message of a failure; need not return.
 using FailureReporter = void (*)(const char* message);
-void set_failure_reporter(FailureReporter reporter);
 
-/// Ends the run with status 1 and the message, a printf format and its arguments: by default with
-/// "Error: " before it on standard error.
+/// Sets who tells of failures, and the status of a run that ends by one.
+void set_failure_reporter(FailureReporter reporter, int status = 1);
+int failure_status();
+
+/// Ends the run with that status, 1 by default, and the message, a printf format and its arguments:
+/// by default with "Error: " before it on standard error.
 [[noreturn, gnu::format(printf, 1, 2)]] void fail_run(const char* format, ...);
 
 /// To be called when a system call failed without which the document would come out poorer: fails
