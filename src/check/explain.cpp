@@ -220,7 +220,9 @@ bool is_in_sidecar(const std::string& media, std::string_view name) {
   }
   const SourceText sidecar(*content);
   for (int64_t line = 1; line <= sidecar.line_count(); ++line) {
-    const auto pair = divide_name_equ_value_pair(chomp(sidecar.line(line)));
+    std::string_view text = sidecar.line(line);
+    chomp(text);
+    const auto pair = divide_name_equ_value_pair(text);
     if (pair && pair->name == name) {
       return true;
     }

@@ -144,9 +144,10 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
                                                             ConfigMistake& mistake) {
   ConfigParser parser;
   for (std::string_view rest = content; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find('\n'));
+    std::string_view line = rest.substr(0, rest.find('\n'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    if (std::string text = parser.take_line(chomp(line)); !text.empty()) {
+    chomp(line);
+    if (std::string text = parser.take_line(line); !text.empty()) {
       mistake = {parser.line(), std::move(text)};
       return std::nullopt;
     }
