@@ -56,7 +56,8 @@ std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item) {
   return cuts;
 }
 
-std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item) {
+std::vector<ScheduleItem> expand_airing(const Schedule& schedule, ScheduleItem& item) {
+  UnitClock clock(schedule);
   std::vector<ScheduleItem> pieces;
   for (const uint64_t cut : airing_cuts(clock, item)) {
     pieces.push_back(item);
