@@ -266,11 +266,9 @@ std::optional<time_t> time_of_moment(const std::string& moment, const std::strin
     long microseconds = 0;
     if (schedule_parse_time(moment, broken_down, microseconds)) {
       // The schedule's own unit must not be known before its gaps are filled.
-      Schedule unit;
-      unit.type = type;
-      compute_unit_times(unit, report_time);
-      const time_t t = schedule_seconds_to_time(
-          unit, broken_down_to_schedule_seconds(find_schedule_type(type), broken_down));
+      const time_t t =
+          UnitClock(type, unit_times(type, report_time).start)
+              .time_of(broken_down_to_schedule_seconds(find_schedule_type(type), broken_down));
       if (t != -1) {
         return t;
       }

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "check/line_check.hpp"
@@ -21,6 +23,20 @@ constexpr uint64_t long_enough_for_a_programme = 600;  // seconds
 
 /// A file, whatever path leads to it.
 using FileId = std::pair<dev_t, ino_t>;
+
+/// What the schedule in that file may name, apart from the default items of single days; nothing
+/// when it cannot be read.
+std::set<std::string> paths_in_schedule(const std::string& path) {
+  const auto schedule = std::make_unique<Schedule>();
+  if (!read_schedule_file(*schedule, path.c_str())) {
+    return {};
+  }
+  std::set<std::string> paths = {schedule->global_default};
+  for (const auto& [start, item] : schedule->schedule) {
+    paths.insert(item.item);
+  }
+  return paths;
+}
 
 class MediaCheck {
  public:
@@ -93,14 +109,14 @@ class MediaCheck {
       add(Finding::circular, place, "the schedule " + quoted(path) + " leads back to itself");
       return;
     }
-    Schedule schedule;
-    if (!read_schedule_file(schedule, path.c_str())) {
+    const auto schedule = std::make_unique<Schedule>();
+    if (!read_schedule_file(*schedule, path.c_str())) {
       add(Finding::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
-    } else if (find_schedule_type(schedule.type)->unit_length == 0) {
+    } else if (find_schedule_type(schedule->type)->unit_length == 0) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " has no unit, which ends the run");
-    } else if (schedule.schedule.empty() && schedule.global_default.empty() &&
-               schedule.defaults.own.empty()) {
+    } else if (schedule->schedule.empty() &&
+               std::ranges::all_of(schedule->defaults, &std::string::empty)) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " holds nothing that airs");
     }
@@ -115,19 +131,12 @@ class MediaCheck {
     if (above.size() > most_levels || !seen_schedules_.insert(id).second) {
       return false;
     }
-    Schedule schedule;
+    above.push_back(id);
     bool is_circular = false;
-    if (read_schedule_file(schedule, path.c_str())) {
-      above.push_back(id);
-      std::set<std::string> paths = {schedule.global_default};
-      for (const auto& [start, item] : schedule.schedule) {
-        paths.insert(item.item);
-      }
-      for (const std::string& inner : paths) {
-        is_circular = is_circular || inner_leads_back(inner, above);
-      }
-      above.pop_back();
+    for (const std::string& inner : paths_in_schedule(path)) {
+      is_circular = is_circular || inner_leads_back(inner, above);
     }
+    above.pop_back();
     return is_circular;
   }
 

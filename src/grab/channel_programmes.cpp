@@ -45,15 +45,16 @@ ItemInfo info_of(const ScheduleItem& item) {
   return {extract_item_metadata(opened.set), texts_of_item(item, opened.set)};
 }
 
-/// Goes through the units of a schedule one after the other.
+/// Goes through the units of a prepared schedule one after the other.
 class UnitWalk {
  public:
-  UnitWalk(Schedule schedule, std::string path)
-      : prepared_(std::move(schedule)), path_(std::move(path)) {}
+  UnitWalk(Schedule& schedule, std::string path)
+      : schedule_(schedule), prepared_items_(schedule.schedule), path_(std::move(path)) {}
 
   /// Adds what is announced in [begin, end) of the unit that holds `begin`; the unit's end.
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
-    Schedule schedule = prepared_;
+    Schedule& schedule = schedule_;
+    schedule.schedule = prepared_items_;
     arm_watchdog();
     compute_unit_times(schedule, begin);
     merge_play_log(schedule, path_);
@@ -91,8 +92,9 @@ class UnitWalk {
     }
   }
 
-  Schedule prepared_;
-  std::string path_;
+  Schedule& schedule_;
+  const ScheduleItems prepared_items_;  ///< as no unit has changed them
+  const std::string path_;
 };
 
 /// Whether the second goes on with the first, which the end of a unit cut in two.
@@ -160,12 +162,10 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
-  Schedule unit;
-  unit.type = schedule.type;
-  compute_unit_times(unit, begin - 1);
-  UnitWalk walk(std::move(schedule), *path);
+  time_t cursor = unit_times(schedule.type, begin - 1).start;
+  UnitWalk walk(schedule, *path);
   std::vector<Programme> programmes;
-  for (time_t cursor = unit.unit_start; cursor <= end;) {
+  while (cursor <= end) {
     std::vector<Programme> found;
     // A unit that begins as the span ends may go on with what the seam cuts.
     const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);

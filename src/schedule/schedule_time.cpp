@@ -70,9 +70,12 @@ time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seco
   return UnitClock(schedule).time_of(schedule_seconds);
 }
 
-UnitClock::UnitClock(const Schedule& schedule) : type_(find_schedule_type(schedule.type)) {
+UnitClock::UnitClock(const Schedule& schedule) : UnitClock(schedule.type, schedule.unit_start) {
+}
+
+UnitClock::UnitClock(std::string_view type, time_t unit_start) : type_(find_schedule_type(type)) {
   const bool is_endless = type_ != nullptr && type_->day_name == DayName::date;
-  const std::optional<time_t> first = is_endless ? endless_base() : schedule.unit_start;
+  const std::optional<time_t> first = is_endless ? endless_base() : unit_start;
   beginning_.time = first.value_or(0);
   beginning_.exists = first && localtime_r(&*first, &base_) != nullptr;
   beginning_.offset = base_.tm_gmtoff;

@@ -4,35 +4,36 @@
 
 #include "platform/time/calendar.hpp"
 
-bool compute_unit_times(Schedule& schedule, time_t report_time) {
-  const ScheduleType* type = find_schedule_type(schedule.type);
+UnitTimes unit_times(std::string_view type_text, time_t report_time) {
+  const ScheduleType* type = find_schedule_type(type_text);
   switch (type != nullptr ? type->period : UnitPeriod::none) {
     case UnitPeriod::none:
-      std::abort();
+      break;
     case UnitPeriod::day:
-      schedule.unit_start = calendar_start_of_day(report_time);
-      schedule.unit_end = calendar_end_of_day(report_time);
-      break;
+      return {type->unit_days, calendar_start_of_day(report_time),
+              calendar_end_of_day(report_time)};
     case UnitPeriod::week:
-      schedule.unit_start = calendar_start_of_week(report_time);
-      schedule.unit_end = calendar_end_of_week(report_time);
-      break;
+      return {type->unit_days, calendar_start_of_week(report_time),
+              calendar_end_of_week(report_time)};
     case UnitPeriod::month:
-      schedule.unit_start = calendar_start_of_month(report_time);
-      schedule.unit_end = calendar_end_of_month(report_time);
-      break;
+      return {type->unit_days, calendar_start_of_month(report_time),
+              calendar_end_of_month(report_time)};
     case UnitPeriod::year:
-      schedule.unit_start = calendar_start_of_year(report_time);
-      schedule.unit_end = calendar_end_of_year(report_time);
-      break;
+      return {type->unit_days, calendar_start_of_year(report_time),
+              calendar_end_of_year(report_time)};
     case UnitPeriod::month_and_neighbours:
       constexpr time_t a_day = seconds_per_day;
-      schedule.unit_start =
-          calendar_start_of_month(calendar_shift(calendar_start_of_month(report_time), -a_day));
-      schedule.unit_end =
-          calendar_end_of_month(calendar_shift(calendar_end_of_month(report_time), a_day));
-      break;
+      return {type->unit_days,
+              calendar_start_of_month(calendar_shift(calendar_start_of_month(report_time), -a_day)),
+              calendar_end_of_month(calendar_shift(calendar_end_of_month(report_time), a_day))};
   }
-  schedule.unit_days = type->unit_days;
+  std::abort();
+}
+
+bool compute_unit_times(Schedule& schedule, time_t report_time) {
+  const UnitTimes times = unit_times(schedule.type, report_time);
+  schedule.unit_days = times.days;
+  schedule.unit_start = times.start;
+  schedule.unit_end = times.end;
   return true;
 }
