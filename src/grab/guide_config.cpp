@@ -144,7 +144,7 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
                                                             ConfigMistake& mistake) {
   ConfigParser parser;
   for (std::string_view rest = content; !rest.empty();) {
-    if (std::string text = parser.take_line(chomp(take_line(rest))); !text.empty()) {
+    if (std::string text = parser.take_line(take_line(rest)); !text.empty()) {
       mistake = {parser.line(), std::move(text)};
       return std::nullopt;
     }

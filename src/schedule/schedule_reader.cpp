@@ -124,7 +124,7 @@ void read_defaults_section(ReadFile& file, std::string_view name) {
       file.tell(Deed::passed_default, text);
       return;
     }
-    schedule.defaults.set(static_cast<size_t>(*slot), entry->value);
+    schedule.defaults[static_cast<size_t>(*slot)] = entry->value;
     file.tell(Deed::took_default, text, static_cast<uint64_t>(*slot));
   });
 }
@@ -226,7 +226,11 @@ void complete(Schedule& schedule) {
   if (schedule.type.empty()) {
     schedule.type = default_schedule_type;
   }
-  schedule.defaults.rest = schedule.global_default;
+  for (std::string& item : schedule.defaults) {
+    if (item.empty()) {
+      item = schedule.global_default;
+    }
+  }
   schedule.unit_length = find_schedule_type(schedule.type)->unit_length;
 }
 
@@ -235,7 +239,9 @@ void read_lines(Schedule& schedule, LineReader lines, const char* path) {
   ReadFile file{schedule, std::move(lines)};
   schedule.schedule.clear();
   schedule.type.clear();
-  schedule.defaults.own.clear();
+  for (std::string& item : schedule.defaults) {
+    item.clear();
+  }
   std::string_view text;
   while (file.read_line(text)) {
     const ScheduleLine line = classify_schedule_line(text);

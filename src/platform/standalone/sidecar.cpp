@@ -74,7 +74,7 @@ FileMetadata read_sidecar(int directory, const std::string& media_name) {
   KnownGroups known_groups;
   int32_t group = no_group;
   for (std::string_view rest = *content; !rest.empty();) {
-    const std::string_view text = strip_blanks(chomp(take_line(rest)));
+    const std::string_view text = strip_blanks(take_line(rest));
     if (text.empty() || text.front() == '#') {
       continue;
     }

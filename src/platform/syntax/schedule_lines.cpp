@@ -3,7 +3,8 @@
 #include "platform/syntax/text.hpp"
 
 std::string_view schedule_line_text(std::string_view line) {
-  return skip_blanks(chomp(line));
+  chomp(line);
+  return skip_blanks(line);
 }
 
 bool opens_section(std::string_view text) {
