@@ -34,10 +34,10 @@ constexpr size_t mib = 1024 * kib;
 /// Almost every file's tags are read with this, in the run's own process. Whatever the file is
 /// like, the library then makes no more than some twenty megabytes of it, and goes no deeper into
 /// boxes in boxes than the reads allow.
-constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, false};
+constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, 2048, false};
 
 /// The others are read in a process beside the run.
-constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, true};
+constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, 8000000, true};
 constexpr size_t helper_memory = 64 * mib;
 
 /// Processor time that the run gives files that it then has to give up. Each may take a tenth of
@@ -89,6 +89,13 @@ bool is_mp4(const TagLib::ByteVector& head) {
   return head.containsAt("ftyp", 4);
 }
 
+/// Whether the library takes a name for an MP4 file's. Such a file may begin in another way.
+bool is_mp4_extension(const std::string& extension) {
+  constexpr std::array<std::string_view, 9> names = {"mp4", "m4a", "m4v", "m4b", "m4p",
+                                                     "m4r", "3g2", "aax", "aaxc"};
+  return std::ranges::find(names, extension) != names.end();
+}
+
 /// Whether a file begins as Windows media do. The library goes through as many attributes as such a
 /// file says it has.
 bool is_asf(const TagLib::ByteVector& head) {
@@ -136,7 +143,8 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
     if (!budget.risks && is_asf(head)) {
       return {TagsOutcome::spent, {}};
     }
-    if (is_mp4(head)) {
+    if (is_mp4(head) || (!name_to_go_by.empty() && is_mp4_extension(extension))) {
+      stream.show_mp4_parts();
       TagLib::MP4::File file(&stream, read_audio_properties);
       return result_of(stream, tags_of(file));
     }

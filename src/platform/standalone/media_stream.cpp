@@ -19,9 +19,9 @@ constexpr size_t shortest_picture = 4 * 1024;
 constexpr StreamOffset picture_head_size = 4;
 
 /// Whether the bytes before a block tell that it is a picture.
-PictureKind picture_behind(std::string_view before, size_t block_size) {
-  if (before == "covr") {  // the name of a box (ISO/IEC 14496-12)
-    return PictureKind::may_be_short;
+PictureKind picture_behind(std::string_view before, size_t block_size, bool is_mp4) {
+  if (is_mp4) {
+    return before == "covr" ? PictureKind::may_be_short : PictureKind::none;
   }
   if (before.size() < picture_head_size) {
     return PictureKind::none;
@@ -43,15 +43,46 @@ MediaStream::MediaStream(int fd, std::string name, const ReadBudget& budget)
   struct stat status = {};
   if (fstat(fd, &status) == 0) {
     length_ = status.st_size;
+    parts_ = {{0, length_}};
   } else {
     has_failed_ = true;
   }
 }
 
+void MediaStream::show_mp4_parts() {
+  Mp4Parts found = find_mp4_parts(fd_, length_, left_.box_reads);
+  is_mp4_ = true;
+  has_failed_ = has_failed_ || found.outcome == TagsOutcome::failed;
+  is_spent_ = is_spent_ || found.outcome == TagsOutcome::spent;
+  parts_ = std::move(found.parts);
+  length_ = 0;
+  for (const FilePart& part : parts_) {
+    length_ += part.size;
+  }
+  buffer_.clear();
+  position_ = 0;
+}
+
+/// Reads from an offset in what the library sees.
 size_t MediaStream::read_at(char* bytes, size_t size, StreamOffset offset) {
-  const std::optional<size_t> count = read_fully_at(fd_, bytes, size, offset);
-  has_failed_ = has_failed_ || !count;
-  return count.value_or(0);
+  size_t total = 0;
+  StreamOffset part_offset = 0;
+  for (const FilePart& part : parts_) {
+    const StreamOffset begin = offset + static_cast<StreamOffset>(total) - part_offset;
+    part_offset += part.size;
+    if (begin >= part.size || total == size) {
+      continue;
+    }
+    const size_t wanted = std::min(size - total, static_cast<size_t>(part.size - begin));
+    const std::optional<size_t> count =
+        read_fully_at(fd_, bytes + total, wanted, part.start + begin);
+    has_failed_ = has_failed_ || !count;
+    total += count.value_or(0);
+    if (count != wanted) {
+      break;
+    }
+  }
+  return total;
 }
 
 TagLib::FileName MediaStream::name() const {
@@ -76,13 +107,15 @@ TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   if (!spend(left_.reads, 1)) {
     return {};
   }
-  const PictureKind picture =
-      wanted >= shortest_picture ? picture_behind(bytes_before(), wanted) : PictureKind::none;
-  if (picture != PictureKind::none) {
-    return pass_over(wanted, picture);
-  }
+  // The bytes of a tag's size may be any, those that tell a picture too.
   if (!id3v2_header.empty()) {
     return read_id3v2_tag(id3v2_header, wanted);
+  }
+  const PictureKind picture = wanted >= shortest_picture
+                                  ? picture_behind(bytes_before(), wanted, is_mp4_)
+                                  : PictureKind::none;
+  if (picture != PictureKind::none) {
+    return pass_over(wanted, picture);
   }
   if (!spend(left_.bytes, wanted)) {
     return {};

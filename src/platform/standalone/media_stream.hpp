@@ -5,6 +5,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/standalone/mp4_parts.hpp"
 
 // The types in which the tag library counts bytes, those of version 2 and of version 1.
 #if TAGLIB_MAJOR_VERSION >= 2
@@ -22,7 +25,8 @@ struct ReadBudget {
   size_t bytes;     ///< without pictures
   size_t pictures;  ///< bytes of pictures that are passed over
   size_t reads;
-  bool risks;  ///< whether to read what can take much more memory than it has bytes
+  size_t box_reads;  ///< to find the part of an MP4 file that holds its tags
+  bool risks;        ///< whether to read what can take much more memory than it has bytes
 };
 
 /// Whether a block is a picture, and if so whether the library does with less of it than there is.
@@ -36,6 +40,9 @@ class MediaStream : public TagLib::IOStream {
  public:
   /// The library takes the format from the name's extension, or from the content without a name.
   MediaStream(int fd, std::string name, const ReadBudget& budget);
+
+  /// Makes an MP4 file seem to consist of its parts with tags alone, and goes to its beginning.
+  void show_mp4_parts();
 
   /// Whether the library was told less than the file holds.
   bool is_spent() const { return is_spent_; }
@@ -68,6 +75,8 @@ class MediaStream : public TagLib::IOStream {
   int fd_;
   std::string name_;
   ReadBudget left_;
+  std::vector<FilePart> parts_;  ///< what the library sees of the file, in this order
+  bool is_mp4_ = false;
   bool is_spent_ = false;
   std::string id3v2_header_;  ///< of the tag that the next block is; empty: of none
   StreamOffset length_ = 0;
