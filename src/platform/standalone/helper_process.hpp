@@ -24,7 +24,8 @@ class HelperProcess {
   ~HelperProcess() { end(); }
 
   /// What `work` answers there, as bytes that are not to be trusted. Nothing when that takes more
-  /// than the processor time given or the memory, crashes, throws or is longer than a MiB.
+  /// than the processor time given or the memory, crashes, throws or is longer than a MiB. Fails
+  /// the run (messages.hpp) when the machine does not have what the process is granted.
   std::optional<std::string> ask(int fd, const std::string& question,
                                  std::chrono::microseconds processor_time);
 
