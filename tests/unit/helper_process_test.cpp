@@ -122,6 +122,7 @@ void leave_memory(size_t size) {
 }
 
 TEST_F(Helper, EndsTheRunWhereTheMachineLacksTheMemoryThatItGrants) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // in a process without memory of other tests
   const std::string question = "m" + std::to_string(memory / 2);
   EXPECT_EXIT(
       {
@@ -133,6 +134,7 @@ TEST_F(Helper, EndsTheRunWhereTheMachineLacksTheMemoryThatItGrants) {
 }
 
 TEST_F(Helper, GivesNothingWhereTheFileTakesMoreThanAnyMachineGrants) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
   const std::string question = "m" + std::to_string(2 * memory);
   EXPECT_EXIT(
       {

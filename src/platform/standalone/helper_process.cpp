@@ -223,7 +223,10 @@ bool answer_next(int socket, HelperProcess::Work work) {
     end_for_want(socket, errno);
   }
   const std::string answer = work(file.get(), question);
-  return limit_time(0) && send_answer(socket, answer);
+  if (!limit_time(0)) {
+    end_for_want(socket, errno);
+  }
+  return send_answer(socket, answer);
 }
 
 /// The helper's whole life. It dies quietly: what it has to say of its death helps nobody.
@@ -316,13 +319,14 @@ std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& qu
   if (process_ < 0 && !start()) {
     return std::nullopt;
   }
-  if (!send_head(socket_.get(), head, fd) || !send_fully(socket_.get(), question)) {
+  const bool is_sent = send_head(socket_.get(), head, fd) && send_fully(socket_.get(), question);
+  if (!is_sent) {
     const bool is_gone = errno == EPIPE || errno == ECONNRESET;
     if (!is_gone) {
       fail_run("Unable to hand %s to the process that reads tags: %s", question.c_str(),
                std::strerror(errno));
     }
-    return std::nullopt;
+    shutdown(socket_.get(), SHUT_WR);  // it may have said why, and says no more
   }
   return receive_answer(socket_.get(), question);
 }
