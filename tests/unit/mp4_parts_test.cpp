@@ -142,6 +142,35 @@ TEST(Mp4Parts, MoreReadsThanAllowedAreTooMuch) {
   EXPECT_TRUE(found.parts.empty());
 }
 
+std::string made_whole(std::string block) {
+  make_mp4_texts_whole(block.data(), block.size());
+  return block;
+}
+
+/// The value of a tag, of that kind: 1 is a text.
+std::string data(const std::string& content, size_t kind = 1) {
+  return box("data", number(kind, 4) + number(0, 4) + content);
+}
+
+TEST(Mp4Texts, BlanksStandForNulBytesInTheirMidst) {
+  const std::string text("\0a\0\0b\0\0", 7);
+  const std::string whole = " a  b" + number(0, 2);
+  EXPECT_EQ(made_whole(data(text)), data(whole));
+  EXPECT_EQ(made_whole(data(text) + data(text)), data(whole) + data(whole));
+  EXPECT_EQ(made_whole(box("mean", number(0, 8)) + data(text)),
+            box("mean", number(0, 8)) + data(whole));
+}
+
+TEST(Mp4Texts, WhatIsNoTextStays) {
+  const std::string bytes("\0a\0b", 4);
+  for (const std::string& block :
+       {std::string(), number(0, 20), data(bytes, 0), data(bytes, 21), data(""), data(number(0, 9)),
+        box("free", data(bytes)), data(bytes).substr(0, 18),
+        head("data", 30) + number(1, 4) + bytes}) {
+    EXPECT_EQ(made_whole(block), block);
+  }
+}
+
 TEST(Mp4Parts, AFileThatCannotBeReadHasFailed) {
   const Mp4Parts found = find_mp4_parts(-1, 1000, many_reads);
   EXPECT_EQ(found.outcome, TagsOutcome::failed);

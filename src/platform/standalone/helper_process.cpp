@@ -25,8 +25,6 @@
 
 namespace {
 
-constexpr uint64_t longest_answer = 1024UL * 1024;
-
 /// Stands before a question's text, and carries the descriptor.
 struct QuestionHead {
   uint64_t size;
@@ -147,8 +145,8 @@ bool send_answer_head(int socket, AnswerHead head) {
 }
 
 bool send_answer(int socket, const std::string& answer) {
-  return answer.size() <= longest_answer && send_answer_head(socket, {answer.size(), 0}) &&
-         send_fully(socket, answer);
+  return answer.size() <= HelperProcess::longest_answer &&
+         send_answer_head(socket, {answer.size(), 0}) && send_fully(socket, answer);
 }
 
 /// Ends the helper: what it lacks is not the file's fault. The run tells of it.
@@ -198,7 +196,7 @@ std::optional<std::string> receive_answer(int socket, const std::string& questio
   if (head.error != 0) {
     fail_for_want(question, static_cast<int>(head.error));
   }
-  if (head.size > longest_answer) {
+  if (head.size > HelperProcess::longest_answer) {
     return std::nullopt;
   }
   std::string answer(head.size, '\0');

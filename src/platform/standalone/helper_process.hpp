@@ -17,6 +17,9 @@ class HelperProcess {
   /// Answers a question about an open file.
   using Work = std::string (*)(int fd, const std::string& question);
 
+  /// Bytes.
+  static constexpr size_t longest_answer = 1024UL * 1024;
+
   /// `memory` is what it may claim beyond what the run has when it is forked, in bytes.
   HelperProcess(Work work, size_t memory) : work_(work), memory_(memory) {}
   HelperProcess(const HelperProcess&) = delete;

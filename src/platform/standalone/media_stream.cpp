@@ -18,6 +18,10 @@ constexpr size_t buffer_size = 8 * 1024;
 constexpr size_t shortest_picture = 4 * 1024;
 constexpr StreamOffset picture_head_size = 4;
 
+/// Bytes. Larger ones are left out, where they can be told before they are read as a whole. In
+/// UTF-16 as large a text as the helper process may hand back has half of it.
+constexpr size_t largest_tag = 4UL * 1024 * 1024;
+
 /// Whether the bytes before a block tell that it is a picture.
 PictureKind picture_behind(std::string_view before, size_t block_size, bool is_mp4) {
   if (is_mp4) {
@@ -117,10 +121,16 @@ TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   if (picture != PictureKind::none) {
     return pass_over(wanted, picture);
   }
+  if (is_mp4_ && wanted > largest_tag) {
+    return leave_out_mp4_item(wanted);
+  }
   if (!spend(left_.bytes, wanted)) {
     return {};
   }
-  const TagLib::ByteVector block = read_within_file(wanted);
+  TagLib::ByteVector block = read_within_file(wanted);
+  if (is_mp4_) {
+    make_mp4_texts_whole(block.data(), block.size());
+  }
   const std::string_view bytes(block.data(), block.size());
   if (is_id3v2_header(bytes)) {
     if (!left_.risks && id3v2_header_is_unusual(bytes)) {
@@ -138,6 +148,13 @@ std::string MediaStream::bytes_before() {
   bytes.resize(
       read_at(bytes.data(), bytes.size(), position_ - static_cast<StreamOffset>(bytes.size())));
   return bytes;
+}
+
+/// Passes over the content of a box; the library reads as large a block of nothing else.
+TagLib::ByteVector MediaStream::leave_out_mp4_item(size_t size) {
+  add_left_out(left_out_, bytes_before());
+  position_ += static_cast<StreamOffset>(size);
+  return {};
 }
 
 /// A picture without its content: no bytes or, where the library wants as many as there are,
@@ -161,7 +178,9 @@ TagLib::ByteVector MediaStream::read_id3v2_tag(std::string_view header, size_t s
   tag.resize(read_at(tag.data(), size, position_));
   position_ += static_cast<StreamOffset>(tag.size());
   const size_t whole_size = tag.size();
-  remove_id3v2_pictures(header, tag);
+  for (const std::string& id : remove_id3v2_frames(header, tag, largest_tag)) {
+    add_left_out(left_out_, id);
+  }
   if (!spend(left_.pictures, whole_size - tag.size()) || !spend(left_.bytes, tag.size())) {
     return {};
   }

@@ -63,6 +63,9 @@ class MediaStream : public TagLib::IOStream {
   /// Whether something of the file could not be read; the library takes that for its end.
   bool has_failed() const { return has_failed_; }
 
+  /// The names of tags that the library did not see since they are too large.
+  const std::string& left_out() const { return left_out_; }
+
  private:
   size_t read_at(char* bytes, size_t size, StreamOffset offset);
   size_t bytes_left() const;
@@ -71,6 +74,7 @@ class MediaStream : public TagLib::IOStream {
   TagLib::ByteVector pass_over(size_t size, PictureKind kind);
   TagLib::ByteVector read_id3v2_tag(std::string_view header, size_t size);
   TagLib::ByteVector read_within_file(size_t wanted);
+  TagLib::ByteVector leave_out_mp4_item(size_t size);
 
   int fd_;
   std::string name_;
@@ -82,6 +86,7 @@ class MediaStream : public TagLib::IOStream {
   StreamOffset length_ = 0;
   StreamOffset position_ = 0;
   bool has_failed_ = false;
+  std::string left_out_;
   std::string buffer_;
   StreamOffset buffer_start_ = 0;
 };

@@ -104,3 +104,20 @@ Mp4Parts find_mp4_parts(int fd, long length, size_t reads) {
   }
   return found;
 }
+
+void make_mp4_texts_whole(char* block, size_t size) {
+  constexpr std::string_view text_head("data\0\0\0\1", 8);  // behind the size: name and kind
+  constexpr size_t text_place = 16;
+  const std::string_view bytes(block, size);
+  for (size_t place = 0, box = 0; size - place >= text_place; place += box) {
+    box = number_at(bytes, place, name_place);
+    if (box < short_head || box > size - place) {
+      break;
+    }
+    if (box > text_place && bytes.substr(place + name_place).starts_with(text_head)) {
+      const size_t last = bytes.substr(place + text_place, box - text_place).find_last_not_of('\0');
+      char* text = block + place + text_place;
+      std::replace(text, text + (last == std::string_view::npos ? 0 : last), '\0', ' ');
+    }
+  }
+}

@@ -21,3 +21,7 @@ struct Mp4Parts {
 /// what follows it is never looked at, however many boxes that are. Spent when it takes more than
 /// `reads` reads to find the "moov".
 Mp4Parts find_mp4_parts(int fd, long length, size_t reads);
+
+/// Puts blanks for the NUL bytes amid the texts of a tag's item, where the library would cut them
+/// off. The block may be any; only one that consists of boxes with texts is changed.
+void make_mp4_texts_whole(char* block, size_t size);
