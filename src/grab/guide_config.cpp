@@ -184,7 +184,8 @@ std::string complaint_about_value(std::string_view text) {
   if (text.find('\n') != std::string_view::npos) {
     return "The configuration cannot hold a line feed";
   }
-  if (strip_blanks(chomp(text)) != text) {
+  std::string_view rest = text;
+  if (strip_blanks(take_line(rest)) != text) {
     return "The configuration cannot hold blanks around a text";
   }
   const std::string line = "= " + std::string(text);
