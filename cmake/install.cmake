@@ -13,11 +13,11 @@ install(FILES guide/nv8x-guide@.service guide/nv8x-guide@.timer guide/nv8x-guide
 install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1 man/tv_grab_nv8x.1 man/render-guide.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
-install(DIRECTORY share/completion/bash/
+install(DIRECTORY ${PROJECT_BINARY_DIR}/completion/bash/
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 # Where zsh looks below /usr/local; a Debian package has another place (cmake/debian_form.cmake).
-install(DIRECTORY share/completion/zsh/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
-install(DIRECTORY share/completion/fish/ DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/completion/zsh/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/completion/fish/ DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(DIRECTORY share/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
 install(DIRECTORY share/schema DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
 install(FILES README.md CHANGELOG.md LICENSE SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

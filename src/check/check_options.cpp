@@ -1,78 +1,27 @@
 #include "check/check_options.hpp"
 
-#include <getopt.h>
-
 #include <array>
-#include <charconv>
 #include <cstdio>
-#include <cstring>
 #include <string_view>
 
 #include "check/check_failures.hpp"
 #include "platform/system/clock.hpp"
-#include "platform/system/output.hpp"
 #include "schedule/rendermgr.hpp"
 
 namespace {
 
-constexpr const char* program = "nv8x_schedule_check";
-
-constexpr const char* help =
+constexpr const char* about =
     "Usage: nv8x_schedule_check [OPTION]... FILE...\n"
     "Finds what schedule files say that will not air, or not as it was meant.\n"
     "FILE - is standard input.\n"
-    "\n"
-    "      --channel=N        check the schedule of channel N too\n"
-    "      --explain=WHEN     tell what airs then and why; WHEN as a schedule file\n"
-    "                         writes a time, or @SECONDS since 1970\n"
-    "      --format=FORMAT    print findings as text (the default) or json\n"
-    "      --max=N            print at most N findings of a file (100)\n"
-    "      --no-media         leave media files alone\n"
-    "      --rendermgr=FILE   check the schedule that a render-manager file names too\n"
-    "      --strict           let warnings count as errors do\n"
-    "      --time=SECONDS     the report time, in seconds since 1970\n"
-    "      --help             print this and exit\n"
-    "      --version          print the version and exit\n"
+    "\n";
+constexpr const char* exit_status =
     "\n"
     "The exit status is 0 if nothing was found that counts, 1 if something was, and 2\n"
     "for a wrong command line or what cannot be read, checked or printed.\n";
 
-enum Option : int {
-  channel = 1,
-  explain,
-  format,
-  most,
-  no_media,
-  rendermgr,
-  strict,
-  time_of_report,
-  show_help,
-  show_version
-};
-
-constexpr std::array<option, 11> options = {{
-    {"channel", required_argument, nullptr, channel},
-    {"explain", required_argument, nullptr, explain},
-    {"format", required_argument, nullptr, format},
-    {"max", required_argument, nullptr, most},
-    {"no-media", no_argument, nullptr, no_media},
-    {"rendermgr", required_argument, nullptr, rendermgr},
-    {"strict", no_argument, nullptr, strict},
-    {"time", required_argument, nullptr, time_of_report},
-    {"help", no_argument, nullptr, show_help},
-    {"version", no_argument, nullptr, show_version},
-    {nullptr, 0, nullptr, 0},
-}};
-
-template <typename Number>
-bool parse_number(const char* text, Number& number) {
-  const char* end = text + std::strlen(text);
-  const auto result = std::from_chars(text, end, number);
-  return result.ec == std::errc() && result.ptr == end && text != end;
-}
-
 bool refuse(const char* what, const char* value) {
-  std::fprintf(stderr, "%s: %s '%s'\n", program, what, value);
+  std::fprintf(stderr, "nv8x_schedule_check: %s '%s'\n", what, value);
   return false;
 }
 
@@ -88,67 +37,81 @@ bool take_rendermgr(CheckCommand& command, const std::string& path) {
   return true;
 }
 
-bool take_option(CheckCommand& command, int option) {
-  switch (option) {
-    case channel: {
-      int32_t number = 0;
-      return parse_number(optarg, number) && number >= 0
-                 ? take_rendermgr(command, rendermgr_path_of_channel(number))
-                 : refuse("no channel number:", optarg);
-    }
-    case explain:
-      command.moment = optarg;
-      return true;
-    case format:
-      command.json = std::string_view(optarg) == "json";
-      return command.json || std::string_view(optarg) == "text" || refuse("no format:", optarg);
-    case most:
-      return parse_number(optarg, command.most) || refuse("no number:", optarg);
-    case no_media:
-      command.options.media = false;
-      return true;
-    case rendermgr:
-      return take_rendermgr(command, optarg);
-    case strict:
-      command.strict = true;
-      return true;
-    case time_of_report:
-      return parse_number(optarg, command.options.report_time) || refuse("no time:", optarg);
-    default:
-      return false;
-  }
+bool take_channel(CheckCommand& command, const char* value) {
+  int32_t number = 0;
+  return parse_whole_number(value, number) && number >= 0
+             ? take_rendermgr(command, rendermgr_path_of_channel(number))
+             : refuse("no channel number:", value);
 }
+
+struct CheckOption {
+  OptionInfo info;
+  /// False, after a message, when the value is wrong.
+  bool (*take)(CheckCommand& command, const char* value) = nullptr;
+};
+
+constexpr std::array<CheckOption, 10> options = {{
+    {{"channel", "N", "check the schedule of channel N too", Offer::channels, Use::repeated},
+     take_channel},
+    {{"explain", "WHEN",
+      "tell what airs then and why; WHEN as a schedule file\n"
+      "writes a time, or @SECONDS since 1970"},
+     set_text<&CheckCommand::moment>},
+    {{"format", "FORMAT", "print findings as text (the default) or json", Offer::words, Use::once,
+      "text json"},
+     [](CheckCommand& command, const char* value) {
+       command.json = std::string_view(value) == "json";
+       return command.json || std::string_view(value) == "text" || refuse("no format:", value);
+     }},
+    {{"max", "N", "print at most N findings of a file (100)"},
+     [](CheckCommand& command, const char* value) {
+       return parse_whole_number(value, command.most) || refuse("no number:", value);
+     }},
+    {{"no-media", nullptr, "leave media files alone"},
+     [](CheckCommand& command, const char*) {
+       command.options.media = false;
+       return true;
+     }},
+    {{"rendermgr", "FILE", "check the schedule that a render-manager file names too", Offer::files,
+      Use::repeated},
+     [](CheckCommand& command, const char* value) { return take_rendermgr(command, value); }},
+    {{"strict", nullptr, "let warnings count as errors do"}, set_flag<&CheckCommand::strict>},
+    {{"time", "SECONDS", "the report time, in seconds since 1970"},
+     [](CheckCommand& command, const char* value) {
+       return parse_whole_number(value, command.options.report_time) || refuse("no time:", value);
+     }},
+    {{"help", nullptr, "print this and exit", Offer::nothing, Use::alone}},
+    {{"version", nullptr, "print the version and exit", Offer::nothing, Use::alone}},
+}};
 
 }  // namespace
 
+ProgramInfo check_program() {
+  return {.name = "nv8x_schedule_check",
+          .options = options_of(options),
+          .operands = Offer::files,
+          .version = NV8X_VERSION,
+          .about = about,
+          .status = exit_status};
+}
+
 std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& status) {
+  const ProgramInfo program = check_program();
   CheckCommand command;
-  status = could_not_check;
-  int option = 0;
-  while ((option = getopt_long(argc, argv, "", options.data(), nullptr)) != -1) {
-    if (option == show_help || option == show_version) {
-      if (option == show_help) {
-        print_output(help);
-      } else {
-        print_output(std::string(program) + " " + NV8X_VERSION + "\n");
-      }
-      finish_output();
-      status = 0;
-      return std::nullopt;
-    }
-    if (!take_option(command, option)) {
-      std::fprintf(stderr, "Try '%s --help'.\n", program);
-      return std::nullopt;
-    }
+  const auto files = parse_command_line(
+      program, argc, argv,
+      [&](size_t place, const char* value) { return options.at(place).take(command, value); },
+      status);
+  if (!files) {
+    return std::nullopt;
   }
-  command.files.insert(command.files.end(), argv + optind, argv + argc);
+  command.files.insert(command.files.end(), files->begin(), files->end());
   if (command.files.empty()) {
-    std::fprintf(stderr, "%s: no file is given\nTry '%s --help'.\n", program, program);
+    status = refuse_command_line(program, "no file is given");
     return std::nullopt;
   }
   if (command.options.report_time == 0) {
     command.options.report_time = current_time();
   }
-  status = 0;
   return command;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/schedule_check.hpp"
+#include "platform/syntax/command_line.hpp"
 
 struct CheckCommand {
   CheckOptions options;
@@ -15,6 +16,9 @@ struct CheckCommand {
   std::optional<std::string> moment;  ///< of --explain
   std::vector<std::string> files;
 };
+
+/// The checker and its table of options.
+ProgramInfo check_program();
 
 /// The command line. Nothing when the program is to end at once, with `status`.
 std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& status);

@@ -9,8 +9,8 @@
 #include <set>
 #include <utility>
 
-#include "check/nearest_word.hpp"
 #include "check/time_advice.hpp"
+#include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/schedule_lines.hpp"
 #include "platform/syntax/text.hpp"
 #include "schedule/default_slot.hpp"

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "check/nearest_word.hpp"
+#include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/calendar_names.hpp"
 #include "platform/time/parse_time.hpp"

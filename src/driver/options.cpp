@@ -11,121 +11,111 @@
 
 namespace {
 
-constexpr const char* usage_head = "nv8x_schedule_to_xml [options]\n";
-
-/// One option: what it is called, what it does and what the usage text says of it.
+/// An option, with the fixed texts of the usage text and of a missing value.
 struct Option {
-  std::string_view name;
-  const char* usage;                 ///< its line of the usage text; null: not shown
-  const char* missing_value;         ///< message without the value; null: it takes no value
-  bool (*apply)(const char* value);  ///< false: the run ends with status 1
+  OptionInfo info;
+  const char* usage;        ///< null: the usage text does not list it
+  const char* followed_by;  ///< null: it takes no value
+  /// False: the run ends with status 1.
+  bool (*take)(RunOptions& run, const char* value);
 };
 
-bool show_usage(const char* value);
+bool show_usage(RunOptions&, const char*);
 
-bool set_format(const char* value) {
+bool set_format(RunOptions& run, const char* value) {
   const OutputFormatInfo* format = find_output_format(value);
   if (format == nullptr) {
     std::fprintf(stderr, "Unknown output format %s\n", value);
     return false;
   }
-  run_options.format = format->format;
+  run.format = format->format;
   return true;
 }
 
-bool set_deprecated_format(OutputFormat format, const char* name) {
+bool set_deprecated_format(RunOptions& run, OutputFormat format, const char* name) {
   std::fprintf(stderr, "The `--%s` flag is deprecated; please use `--format %s` instead.\n", name,
                name);
-  run_options.format = format;
+  run.format = format;
   return true;
 }
 
-bool set_schedule(const char* value) {
-  run_options.schedule_path = value;
+bool set_html(RunOptions& run, const char*) {
+  return set_deprecated_format(run, OutputFormat::html, "html");
+}
+
+bool set_json(RunOptions& run, const char*) {
+  return set_deprecated_format(run, OutputFormat::json, "json");
+}
+
+bool set_channel(RunOptions& run, const char* value) {
+  run.channel = static_cast<int32_t>(std::strtol(value, nullptr, 10));
   return true;
 }
 
-bool set_rendermgr(const char* value) {
-  run_options.rendermgr_path = value;
+bool set_time(RunOptions& run, const char* value) {
+  run.report_time = std::strtoull(value, nullptr, 10);
   return true;
 }
 
-bool set_channel(const char* value) {
-  run_options.channel = static_cast<int32_t>(std::strtol(value, nullptr, 10));
-  return true;
-}
-
-bool set_time(const char* value) {
-  run_options.report_time = std::strtoull(value, nullptr, 10);
-  return true;
-}
-
-bool set_cgi(const char*) {
-  run_options.cgi = true;
-  return true;
-}
-
-bool set_pcn_week(const char*) {
-  run_options.pcn_week = true;
-  return true;
-}
-
-bool set_pcn_month(const char*) {
-  run_options.pcn_month = true;
-  return true;
-}
-
-bool set_debug_patch(const char*) {
-  run_options.debug_patch = true;
-  return true;
-}
-
-bool set_html(const char*) {
-  return set_deprecated_format(OutputFormat::html, "html");
-}
-
-bool set_json(const char*) {
-  return set_deprecated_format(OutputFormat::json, "json");
-}
-
-bool set_station_id(const char* value) {
-  run_options.station_id = value;
-  return true;
-}
-
-// In the order of the usage text.
+// In the order of the usage text, which scripts may compare.
 constexpr std::array<Option, 14> options = {{
-    {"schedule", "  --schedule <schedule path>        Directly convert schedule file\n",
-     "The --schedule option must be followed by a schedule path\n", set_schedule},
-    {"rendermgr",
-     "  --rendermgr <rendermgr file>      Convert schedule associated with rendermgr file\n",
-     "The --rendermgr option must be followed by a rendermgr file\n", set_rendermgr},
-    {"channel", "  --channel <N>                     Convert schedule associated with channel\n",
-     "The --channel option must be followed by a channel number\n", set_channel},
-    {"time", "  --time <t>                        Show schedule around time t\n",
-     "The --time option must be followed by a time\n", set_time},
-    {"cgi", "  --cgi                             CGI mode\n", nullptr, set_cgi},
-    {"pcn-week", "  --pcn-week                        Only prev/current/next week\n", nullptr,
-     set_pcn_week},
-    {"pcn-month", "  --pcn-month                       Only prev/current/next month\n", nullptr,
-     set_pcn_month},
-    {"d-patch", "  --d-patch                         debug\n", nullptr, set_debug_patch},
-    {"format",
-     "  --format <fmt>                    Format to emit (one of xml, html, json, or rovi)\n",
-     "The --format option must be followed by one of xml, html, or json.\n", set_format},
-    {"station-id", "  --station-id <id>                 Station ID for Rovi LO X-List\n",
-     "The --station-id option must be followed by a station ID\n", set_station_id},
-    {"html", nullptr, nullptr, set_html},
-    {"json", nullptr, nullptr, set_json},
-    {"h", nullptr, nullptr, show_usage},
-    {"help", nullptr, nullptr, show_usage},
+    {{"schedule", "schedule path", "print this schedule file", Offer::files},
+     "Directly convert schedule file",
+     "a schedule path",
+     set_text<&RunOptions::schedule_path>},
+    {{"rendermgr", "rendermgr file", "print the schedule that a render-manager file names",
+      Offer::files},
+     "Convert schedule associated with rendermgr file",
+     "a rendermgr file",
+     set_text<&RunOptions::rendermgr_path>},
+    {{"channel", "N", "print the schedule of channel N", Offer::channels},
+     "Convert schedule associated with channel",
+     "a channel number",
+     set_channel},
+    {{"time", "t", "show the unit around this time, in seconds since 1970"},
+     "Show schedule around time t",
+     "a time",
+     set_time},
+    {{"cgi", nullptr, "answer a web server"}, "CGI mode", nullptr, set_flag<&RunOptions::cgi>},
+    {{"pcn-week", nullptr, "only the previous, current and next week"},
+     "Only prev/current/next week",
+     nullptr,
+     set_flag<&RunOptions::pcn_week>},
+    {{"pcn-month", nullptr, "only the previous, current and next month"},
+     "Only prev/current/next month",
+     nullptr,
+     set_flag<&RunOptions::pcn_month>},
+    {{"d-patch", nullptr, "trace the repairs on standard error"},
+     "debug",
+     nullptr,
+     set_flag<&RunOptions::debug_patch>},
+    {{"format", "fmt", "print the document in this format", Offer::words, Use::once,
+      "xml html json rovi gracenote"},
+     "Format to emit (one of xml, html, json, or rovi)",
+     "one of xml, html, or json.",
+     set_format},
+    {{"station-id", "id", "the name of the station in the listings"},
+     "Station ID for Rovi LO X-List",
+     "a station ID",
+     set_text<&RunOptions::station_id>},
+    {{"html"}, nullptr, nullptr, set_html},
+    {{"json"}, nullptr, nullptr, set_json},
+    {{"h"}, nullptr, nullptr, show_usage},
+    {{"help", nullptr, "print the options", Offer::nothing, Use::alone},
+     nullptr,
+     nullptr,
+     show_usage},
 }};
 
-bool show_usage(const char*) {
-  std::fputs(usage_head, stderr);
+bool show_usage(RunOptions&, const char*) {
+  std::fputs("nv8x_schedule_to_xml [options]\n", stderr);
   for (const Option& option : options) {
     if (option.usage != nullptr) {
-      std::fputs(option.usage, stderr);
+      std::string head = option.info.name;
+      if (option.info.value != nullptr) {
+        head += std::string(" <") + option.info.value + ">";
+      }
+      std::fprintf(stderr, "  --%-32s%s\n", head.c_str(), option.usage);
     }
   }
   return false;
@@ -133,7 +123,7 @@ bool show_usage(const char*) {
 
 const Option* find_option(std::string_view name) {
   for (const Option& option : options) {
-    if (option.name == name) {
+    if (option.info.name == name) {
       return &option;
     }
   }
@@ -158,14 +148,14 @@ bool parse_arguments(int argc, char** argv) {
       return false;
     }
     const char* value = nullptr;
-    if (option->missing_value != nullptr) {
+    if (option->followed_by != nullptr) {
       if (++i == argc) {
-        std::fputs(option->missing_value, stderr);
+        std::fprintf(stderr, "The --%s option must be followed by %s\n", name, option->followed_by);
         return false;
       }
       value = argv[i];
     }
-    if (!option->apply(value)) {
+    if (!option->take(run_options, value)) {
       return false;
     }
   }
@@ -173,6 +163,10 @@ bool parse_arguments(int argc, char** argv) {
 }
 
 }  // namespace
+
+ProgramInfo printer_program() {
+  return {.name = "nv8x_schedule_to_xml", .options = options_of(options), .any_dashes = true};
+}
 
 bool parse_options(int argc, char** argv) {
   if (!parse_arguments(argc, argv)) {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "platform/syntax/command_line.hpp"
+
+/// The program and its table of options.
+ProgramInfo printer_program();
+
 /// Reads the command line into `run_options`; a report time of 0 becomes the current time. False
 /// when the run is to end with status 1, after a message (or the usage text) on standard error.
 bool parse_options(int argc, char** argv);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "grab/guide.hpp"
+#include "platform/syntax/command_line.hpp"
 
 enum class GrabTask { guide, channels, configure };
 
@@ -14,6 +15,9 @@ struct GrabCommand {
   std::string channel;  ///< the only one; empty: all
   GuideRun run;
 };
+
+/// The grabber and its table of options.
+ProgramInfo grab_program();
 
 /// The command line, as XMLTV's grabbers have it. Nothing when the program is to end at once, with
 /// `status`.

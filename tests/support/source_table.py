@@ -6,9 +6,6 @@ from pathlib import Path
 PROJECT = Path(__file__).resolve().parents[2]
 # Below the project's folder; the names of what they hold stand first in each row.
 FORMATS = "src/driver/output_formats.cpp"
-OPTIONS = "src/driver/options.cpp"
-CHECK_OPTIONS = "src/check/check_options.cpp"
-GRAB_OPTIONS = "src/grab/grab_options.cpp"
 
 
 def rows(source, kind, row):

@@ -1,9 +1,8 @@
-#include "check/nearest_word.hpp"
+#include "platform/syntax/nearest_word.hpp"
 
 #include <algorithm>
 #include <vector>
 
-#include "check/finding.hpp"
 #include "platform/syntax/text.hpp"
 
 namespace {
@@ -50,5 +49,5 @@ std::optional<std::string_view> nearest_word(std::string_view text,
 
 std::string did_you_mean(std::string_view text, std::span<const std::string_view> words) {
   const std::optional<std::string_view> word = nearest_word(text, words);
-  return word ? "; did you mean " + quoted(*word) + "?" : std::string();
+  return word ? "; did you mean '" + std::string(*word) + "'?" : std::string();
 }
