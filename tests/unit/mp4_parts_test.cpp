@@ -74,29 +74,29 @@ Places places_in(const std::string& content) {
   return places(MediaFile().write(0, content).parts());
 }
 
-const std::string type = box("ftyp", "isom");    // 12 bytes
-const std::string movie = box("moov", "inner");  // 13 bytes
-const Places type_alone = {{0, 12}};
+const std::string file_type = box("ftyp", "isom");  // 12 bytes
+const std::string movie = box("moov", "inner");     // 13 bytes
+const Places file_type_alone = {{0, 12}};
 
 TEST(Mp4Parts, AreTheTypeAndTheFirstMovie) {
-  EXPECT_EQ(places_in(type + movie), (Places{{0, 12}, {12, 13}}));
-  EXPECT_EQ(places_in(type + box("mdat", "sample") + movie), (Places{{0, 12}, {26, 13}}));
+  EXPECT_EQ(places_in(file_type + movie), (Places{{0, 12}, {12, 13}}));
+  EXPECT_EQ(places_in(file_type + box("mdat", "sample") + movie), (Places{{0, 12}, {26, 13}}));
   EXPECT_EQ(places_in(movie), (Places{{0, 13}}));
-  EXPECT_EQ(places_in(type + movie + movie + type), (Places{{0, 12}, {12, 13}}));
-  EXPECT_EQ(places_in(type + type + movie), (Places{{0, 12}, {24, 13}}));
-  EXPECT_EQ(places_in(type + box("free") + box("udta", "x")), type_alone);
+  EXPECT_EQ(places_in(file_type + movie + movie + file_type), (Places{{0, 12}, {12, 13}}));
+  EXPECT_EQ(places_in(file_type + file_type + movie), (Places{{0, 12}, {24, 13}}));
+  EXPECT_EQ(places_in(file_type + box("free") + box("udta", "x")), file_type_alone);
   EXPECT_EQ(places_in(""), Places());
 }
 
 TEST(Mp4Parts, SizeZeroIsTheRestOfTheFile) {
-  EXPECT_EQ(places_in(type + head("moov", 0) + "inner"), (Places{{0, 12}, {12, 13}}));
-  EXPECT_EQ(places_in(type + head("mdat", 0) + movie), type_alone);
+  EXPECT_EQ(places_in(file_type + head("moov", 0) + "inner"), (Places{{0, 12}, {12, 13}}));
+  EXPECT_EQ(places_in(file_type + head("mdat", 0) + movie), file_type_alone);
 }
 
 TEST(Mp4Parts, SizesOf64BitsCount) {
   constexpr long place = 12 + 5'000'000'000;
   const MediaFile file = std::move(MediaFile()
-                                       .write(0, type + long_head("mdat", 5'000'000'000))
+                                       .write(0, file_type + long_head("mdat", 5'000'000'000))
                                        .write(place, long_head("moov", 20) + "four"));
   EXPECT_EQ(places(file.parts()), (Places{{0, 12}, {place, 20}}));
 }
@@ -104,19 +104,19 @@ TEST(Mp4Parts, SizesOf64BitsCount) {
 TEST(Mp4Parts, ABoxWhoseSizeCannotBeEndsTheSearch) {
   const std::string behind = movie + std::string(100, '\0');
   for (const size_t size : {size_t{2}, size_t{7}, size_t{1000}}) {
-    EXPECT_EQ(places_in(type + head("mdat", size) + behind), type_alone) << size;
-    EXPECT_EQ(places_in(type + head("moov", size) + behind), type_alone) << size;
+    EXPECT_EQ(places_in(file_type + head("mdat", size) + behind), file_type_alone) << size;
+    EXPECT_EQ(places_in(file_type + head("moov", size) + behind), file_type_alone) << size;
   }
   for (const size_t size : {size_t{0}, size_t{7}, size_t{1000}, size_t{1} << 63U, ~size_t{0}}) {
-    EXPECT_EQ(places_in(type + long_head("mdat", size) + behind), type_alone) << size;
+    EXPECT_EQ(places_in(file_type + long_head("mdat", size) + behind), file_type_alone) << size;
   }
-  EXPECT_EQ(places_in(type + number(0, 3)), type_alone);
-  EXPECT_EQ(places_in(type + number(1, 4) + "moov" + "1234567"), type_alone);
+  EXPECT_EQ(places_in(file_type + number(0, 3)), file_type_alone);
+  EXPECT_EQ(places_in(file_type + number(1, 4) + "moov" + "1234567"), file_type_alone);
 }
 
 TEST(Mp4Parts, ABoxMayEndWithTheFile) {
-  EXPECT_EQ(places_in(type + head("mdat", 21) + movie), type_alone);
-  EXPECT_EQ(places_in(type + head("mdat", 8) + movie), (Places{{0, 12}, {20, 13}}));
+  EXPECT_EQ(places_in(file_type + head("mdat", 21) + movie), file_type_alone);
+  EXPECT_EQ(places_in(file_type + head("mdat", 8) + movie), (Places{{0, 12}, {20, 13}}));
 }
 
 TEST(Mp4Parts, SmallBoxesAreReadTogether) {
@@ -178,8 +178,8 @@ TEST(Mp4Parts, AFileThatCannotBeReadHasFailed) {
 }
 
 TEST(Mp4Parts, AFileMayShrinkWhileItIsRead) {
-  const MediaFile file = std::move(MediaFile().write(0, type));
-  EXPECT_EQ(places(file.parts_of_length(1000)), type_alone);
+  const MediaFile file = std::move(MediaFile().write(0, file_type));
+  EXPECT_EQ(places(file.parts_of_length(1000)), file_type_alone);
 }
 
 }  // namespace
