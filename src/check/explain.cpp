@@ -6,15 +6,13 @@
 #include <charconv>
 #include <cstring>
 #include <ctime>
-#include <map>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "check/finding.hpp"
 #include "check/source_text.hpp"
-#include "check/time_advice.hpp"
-#include "check/written_schedule.hpp"
+#include "check/story.hpp"
 #include "metadata/item_metadata.hpp"
 #include "metadata/merge_play_log.hpp"
 #include "platform/syntax/text.hpp"
@@ -42,151 +40,6 @@ std::string local_text(time_t t, const char* format) {
   }
   return {text.data(), std::strftime(text.data(), text.size(), format, &tm)};
 }
-
-/// Where what airs comes from, and what befell it on the way.
-struct Origin {
-  std::string where;
-  std::vector<std::string> events;
-};
-
-class Story {
- public:
-  Story(std::string name, Schedule& schedule) : name_(std::move(name)), schedule_(schedule) {}
-
-  void look(const Observation& seen) {
-    switch (seen.deed) {
-      case Deed::began_section:
-        section_line_ = seen.line;
-        break;
-      case Deed::stored_item:
-        take_written(seen);
-        break;
-      case Deed::stored_block:
-        block_lines_[seen.start] = section_line_;
-        break;
-      case Deed::removed_reversed:
-        lost_.push_back({{seen.start, (seen.start / seconds_per_day + 1) * seconds_per_day},
-                         "line " + std::to_string(written_[seen.start].line) +
-                             ": ends before it starts and is dropped"});
-        break;
-      case Deed::clipped:
-        origins_[seen.start].events.push_back(cut_text(seen));
-        lost_.push_back(
-            {{seen.other, seen.end},
-             "line " + std::to_string(written_[seen.start].line) + ": " + cut_text(seen)});
-        break;
-      case Deed::filled_gap:
-        origins_[seen.start] = {"a gap, as nothing is written for " + position(seen.start) +
-                                    " to " + end_position(seen.end) +
-                                    ": the default item of the day",
-                                {}};
-        break;
-      case Deed::announced_block:
-        take_block(seen);
-        break;
-      case Deed::block_removed_item: {
-        if (is_announced_again_) {
-          break;
-        }
-        const Origin& gone = seen.start == seen.other ? displaced_ : origins_[seen.start];
-        origins_[seen.other].events.push_back("in place of: " + gone.where + " at " +
-                                              position(seen.start));
-        break;
-      }
-      case Deed::block_cut_item:
-        origins_[seen.start].events.push_back(cut_text(seen));
-        break;
-      case Deed::block_moved_item: {
-        Origin origin = origins_[seen.start];
-        origin.events.push_back("cut: begins at " + position(seen.other) +
-                                ", behind a block, and no longer at " + position(seen.start));
-        origins_[seen.other] = std::move(origin);
-        break;
-      }
-      case Deed::patched_in_schedule:
-        parent_ = std::move(origins_[seen.start]);
-        break;
-      case Deed::patched_in_item: {
-        Origin origin{
-            "the schedule " + quoted(seen.text) + ", which airs in place of " + parent_.where,
-            parent_.events};
-        origins_[seen.start] = std::move(origin);
-        break;
-      }
-      default:
-        break;
-    }
-  }
-
-  const Origin& origin_at(uint64_t start) { return origins_[start]; }
-
-  /// What is written for the moment and does not air then.
-  std::vector<std::string> lost_at(uint64_t moment) const {
-    std::vector<std::string> lost;
-    for (const auto& [span, what] : lost_) {
-      if (span.first <= moment && moment < span.second) {
-        lost.push_back(what);
-      }
-    }
-    return lost;
-  }
-
-  std::string position(uint64_t seconds) const {
-    return written_position(seconds, *find_schedule_type(schedule_.type));
-  }
-
-  std::string end_position(uint64_t seconds) const {
-    return written_end(seconds, *find_schedule_type(schedule_.type));
-  }
-
- private:
-  struct Written {
-    int64_t line;
-    uint64_t end;
-  };
-
-  void take_written(const Observation& seen) {
-    const auto earlier = written_.find(seen.start);
-    if (earlier != written_.end()) {
-      lost_.push_back({{seen.start, earlier->second.end},
-                       "line " + std::to_string(earlier->second.line) +
-                           ": another item starts at the same time, at line " +
-                           std::to_string(section_line_)});
-    }
-    written_[seen.start] = {section_line_, seen.end};
-    origins_[seen.start] = {name_ + ":" + std::to_string(section_line_), {}};
-  }
-
-  /// Blocks are announced anew for each schedule that is patched in: the story stays the first.
-  void take_block(const Observation& seen) {
-    const std::string block = "the block " + quoted(seen.text) + " of " + name_ + ":" +
-                              std::to_string(block_lines_[seen.start]) + ", announced as one";
-    is_announced_again_ = origins_[seen.start].where == block;
-    if (!is_announced_again_) {
-      displaced_ = std::exchange(origins_[seen.start], Origin{block, {}});
-    }
-  }
-
-  std::string cut_text(const Observation& seen) {
-    return "cut: at " + end_position(seen.other) + " by " + where(seen.other) +
-           "; it was to end at " + end_position(seen.end);
-  }
-
-  std::string where(uint64_t start) {
-    return origins_[start].where.empty() ? "what starts there" : origins_[start].where;
-  }
-
-  std::string name_;
-  Schedule& schedule_;
-  int64_t section_line_ = 0;
-  std::map<uint64_t, Written> written_;
-  std::map<uint64_t, int64_t> block_lines_;
-  std::map<uint64_t, Origin> origins_;
-  std::vector<std::pair<std::pair<uint64_t, uint64_t>, std::string>> lost_;
-  Origin displaced_;
-  bool is_announced_again_ = false;
-  Origin parent_;
-};
 
 std::string announce_rule(const ItemMetadata& metadata, const ScheduleItem& item) {
   if (item.is_block) {
@@ -319,6 +172,46 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
       row_text(gracenote_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
 }
 
+/// Reads the file and shows the story each part.
+bool read_schedule(const std::string& path, Schedule& schedule, Story& story) {
+  FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str());
+  if (!opened.is_open()) {
+    return false;
+  }
+  ScheduleFile file(std::move(opened));
+  ScheduleBuilder builder(schedule);
+  for (SchedulePart part; file.next(part);) {
+    story.add_part(part, builder.add_part(part));
+  }
+  builder.finish();
+  return true;
+}
+
+/// All passes, as for a document.
+void prepare(Schedule& schedule, Story& story, const std::string& path, time_t t) {
+  schedule.observer = &story;
+  remove_reversed_items(schedule);
+  fix_schedule_file(schedule);
+  patch_schedule_default_items(schedule);
+  compute_unit_times(schedule, t);
+  merge_play_log(schedule, path);
+  block_announce_subst(schedule);
+  patch_all_subschedules(schedule);
+  schedule.observer = nullptr;
+}
+
+const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
+  const ScheduleItem* airing = nullptr;
+  UnitClock clock(schedule);
+  for (const auto& [start, item] : schedule.schedule) {
+    const time_t item_start = clock.time_of(start);
+    if (item_start != -1 && item_start <= t && t < clock.time_of(item.end)) {
+      airing = &item;
+    }
+  }
+  return airing;
+}
+
 }  // namespace
 
 std::optional<std::string> explain_moment(const std::string& name, const std::string& path,
@@ -327,8 +220,7 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   Schedule schedule;
   Story story(name, schedule);
-  schedule.observe = [&](const Observation& seen) { story.look(seen); };
-  if (!read_schedule_file(schedule, path.c_str())) {
+  if (!read_schedule(path, schedule, story)) {
     error = std::string("cannot be read: ") + std::strerror(errno);
     return std::nullopt;
   }
@@ -340,27 +232,11 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
   if (!t) {
     return std::nullopt;
   }
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
-  compute_unit_times(schedule, *t);
-  merge_play_log(schedule, path);
-  block_announce_subst(schedule);
-  patch_all_subschedules(schedule);
-  schedule.observe = nullptr;
-
+  prepare(schedule, story, path, *t);
   const uint64_t position = time_to_schedule_seconds(schedule, *t);
   std::string out =
       local_text(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + name + "\n";
-  const ScheduleItem* airing = nullptr;
-  UnitClock clock(schedule);
-  for (const auto& [start, item] : schedule.schedule) {
-    const time_t item_start = clock.time_of(start);
-    if (item_start != -1 && item_start <= *t && *t < clock.time_of(item.end)) {
-      airing = &item;
-    }
-  }
-  if (airing != nullptr) {
+  if (const ScheduleItem* airing = item_at(schedule, *t)) {
     append_item(out, *airing, story, schedule, *t);
   } else {
     append_line(out, "airs", "nothing that the schedule knows of");

@@ -1,18 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "check/finding.hpp"
 #include "check/written_schedule.hpp"
 
-/// Where in a path a comment seems to begin that is part of it; npos: nowhere. Some files have such
-/// names.
-size_t comment_behind_path(std::string_view path);
-
-/// Reads the file at the path into `written` and finds what its lines and sections do not say, or
-/// not as they were meant; `with_media` looks whether the files are there where that matters. False
-/// when the file cannot be opened.
-bool read_and_check_lines(WrittenSchedule& written, const std::string& path, bool with_media,
-                          std::vector<Report>& reports);
+/// Makes the schedule of the text in `written` and finds what its lines and sections do not say, or
+/// not as they were meant; `with_media` looks whether the files are there where that matters.
+void read_and_check_lines(WrittenSchedule& written, bool with_media, std::vector<Report>& reports);

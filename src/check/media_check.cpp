@@ -10,7 +10,7 @@
 #include <set>
 #include <utility>
 
-#include "check/line_check.hpp"
+#include "check/path_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "schedule/schedule_reader.hpp"
@@ -34,8 +34,8 @@ class MediaCheck {
     }
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];
-      const std::string media = item.text_of("item");
-      if (check_file(media, item.place_of("item"))) {
+      const std::string media = item.text_of(ScheduleKey::item);
+      if (check_file(media, item.place_of(ScheduleKey::item))) {
         check_announced(item);
       }
     }
@@ -146,9 +146,9 @@ class MediaCheck {
 
   void check_announced(const WrittenSection& section) {
     ScheduleItem item;
-    item.item = section.text_of("item");
-    item.label = section.text_of("label");
-    item.event_id = section.text_of("event id");
+    item.item = section.text_of(ScheduleKey::item);
+    item.label = section.text_of(ScheduleKey::label);
+    item.event_id = section.text_of(ScheduleKey::event_id);
     const auto [known, is_new] = metadata_.try_emplace(item.item);
     if (is_new) {
       known->second = extract_item_metadata(open_item_metadata(item).set);

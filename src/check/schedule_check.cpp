@@ -38,7 +38,7 @@ FileReports check_schedule_file(const std::string& name, const std::string& path
   WrittenSchedule written(*std::move(content));
   check_bytes(written.source, found.reports);
   if (!is_hopeless(written.source)) {
-    is_read = read_and_check_lines(written, path, options.media, found.reports);
+    read_and_check_lines(written, options.media, found.reports);
     check_passes(written, options.report_time, found.reports);
     if (options.media) {
       check_media(written, path, found.reports);

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/schedule_file.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/syntax/utf_8.hpp"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/syntax/schedule_types.hpp"
-#include "schedule/schedule_observer.hpp"
+#include "schedule/pass_observer.hpp"
 
 // One channel's playout schedule in memory.
 //
@@ -73,11 +73,5 @@ struct Schedule {
   uint64_t unit_length = 0;                  ///< schedule seconds
   int64_t unit_start = 0;                    ///< first and last second of the calendar unit that
   int64_t unit_end = 0;                      ///< holds the report time, calendar time
-  ScheduleObserver observe;                  ///< told what becomes of the file; empty: nobody looks
+  PassObserver* observer = nullptr;          ///< told what the passes do; null: nobody
 };
-
-inline void tell(const Schedule& schedule, const Observation& observation) {
-  if (schedule.observe) {
-    schedule.observe(observation);
-  }
-}

@@ -99,8 +99,7 @@ const Placements& placements_of(PreparedSubschedule& prepared, const Schedule& o
 
 /// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
 /// Where the outer unit is the shorter one, placements run through it again and again.
-void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end,
-                std::string_view path) {
+void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end) {
   const auto& [beginning, in_order, latest_ends, first_starts] = placements;
   // Only those between have a chance: all before end too early, all behind start too late.
   const auto first = std::ranges::upper_bound(latest_ends, begin) - latest_ends.begin();
@@ -115,7 +114,9 @@ void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, u
     ScheduleItem copy = *placement.item;
     copy.start = from;
     copy.end = to;
-    tell(outer, {Deed::patched_in_item, 0, path, from, to, placement.item->start});
+    if (outer.observer != nullptr) {
+      outer.observer->inserting_from_schedule(from);
+    }
     outer.schedule.insert_or_assign(from, std::move(copy));
   }
 }
@@ -145,7 +146,7 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
       }
     }
     copy_items(outer, placements_of(prepared, outer, outer_clock), position,
-               std::min(item.end, round_end), item.item);
+               std::min(item.end, round_end));
     position = round_end;
   }
 }
@@ -171,9 +172,11 @@ bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& sub
     resume_at = key;
     return false;
   }
+  if (outer.observer != nullptr) {
+    outer.observer->replacing_by_schedule(found->second);
+  }
   const ScheduleItem item = std::move(found->second);
   outer.schedule.erase(found);
-  tell(outer, {Deed::patched_in_schedule, 0, item.item, item.start, item.end});
   fill_span(outer, outer_clock, *prepared, item);
   resume_at = item.end;
   return true;

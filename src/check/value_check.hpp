@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "check/finding.hpp"
+#include "check/written_schedule.hpp"
+
+/// Checks the times, numbers and texts of items and blocks.
+class ValueCheck {
+ public:
+  ValueCheck(const Schedule& schedule, std::vector<Report>& reports)
+      : schedule_(schedule), reports_(reports) {}
+
+  void check_section(const WrittenSection& section);
+
+  /// Checks numbers alone in place of times, when all times of the file are known.
+  void finish();
+
+ private:
+  void check_time(const WrittenValue& value);
+  void check_number(const WrittenValue& value);
+  void check_announce(const WrittenValue& value);
+  void check_markup(const WrittenValue& value);
+  void check_control_characters(const WrittenValue& value);
+
+  const Schedule& schedule_;
+  std::vector<Report>& reports_;
+  bool has_clocks_ = false;  ///< whether a time is more than a number
+  std::vector<WrittenValue> bare_numbers_;
+};
