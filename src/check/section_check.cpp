@@ -75,7 +75,7 @@ void SectionCheck::check_unknown_key(const SchedulePart& part, std::string_view 
 }
 
 void SectionCheck::take_value(const SchedulePart& part) {
-  const WrittenValue value{part.key, part.value, value_place_of(part), place_of(part)};
+  const WrittenValue value{part.key, part.value, value_place_of(part), part.column};
   if (part.key->key == ScheduleKey::item) {
     check_path(std::string(part.value), value.place, with_media_, reports_);
   }
@@ -85,9 +85,9 @@ void SectionCheck::take_value(const SchedulePart& part) {
     return;
   }
   reports_.push_back({Finding::repeated_key,
-                      earlier->key_place,
+                      earlier->key_place(),
                       quoted(part.key->name) + " is given again; this line is of no effect",
-                      {{value.key_place, "here"}}});
+                      {{value.key_place(), "here"}}});
   *earlier = value;
 }
 

@@ -28,7 +28,9 @@ struct WrittenValue {
   const SectionKey* key;
   std::string_view text;
   Place place;
-  Place key_place;
+  int64_t key_column;  ///< on the same line
+
+  Place key_place() const { return {place.line, key_column}; }
 };
 
 /// An item's or a block's section.

@@ -12,7 +12,16 @@
 
 namespace {
 
-/// The pieces that a file of that content gives.
+std::vector<std::string> pieces(LineReader& reader) {
+  std::vector<std::string> found;
+  std::string_view piece;
+  while (reader.read(piece)) {
+    found.emplace_back(piece);
+  }
+  return found;
+}
+
+/// The pieces that a file of that content gives, and so does a text in memory.
 std::vector<std::string> pieces(const std::string& content, size_t longest_piece) {
   char path[] = "/tmp/line_reader_XXXXXX";
   FileDescriptor file(mkstemp(path));
@@ -22,11 +31,10 @@ std::vector<std::string> pieces(const std::string& content, size_t longest_piece
   FileDescriptor opened = open_regular_file(AT_FDCWD, path);
   unlink(path);
   LineReader reader(std::move(opened), longest_piece);
-  std::vector<std::string> found;
-  std::string_view piece;
-  while (reader.read(piece)) {
-    found.emplace_back(piece);
-  }
+  std::vector<std::string> found = pieces(reader);
+  LineReader text_reader(content, longest_piece);
+  EXPECT_EQ(pieces(text_reader), found);
+  EXPECT_EQ(text_reader.line(), reader.line());
   return found;
 }
 

@@ -54,8 +54,11 @@ std::span<const SectionKey> section_keys(SectionKind kind) {
 }
 
 const SectionKey* find_section_key(SectionKind kind, std::string_view name) {
+  if (name.empty()) {
+    return nullptr;
+  }
   for (const SectionKey& key : section_keys(kind)) {
-    if (key.name == name) {
+    if (key.name.front() == name.front() && key.name == name) {
       return &key;
     }
   }
@@ -66,35 +69,44 @@ bool ScheduleFile::next(SchedulePart& part) {
   std::string_view piece;
   const int64_t last_line = lines_.line();
   const bool is_line = lines_.read(piece);
-  part = {};
+  // Each member on its own: a whole new part would cost much of the time that a line takes.
   part.section = section_;
   part.section_line = section_line_;
   part.line = lines_.line();
+  part.column = 0;
+  part.is_rest = false;
+  part.text = {};
+  part.name = {};
+  part.value = {};
+  part.clarifier = {};
+  part.value_column = 0;
+  part.key = nullptr;
   if (!is_line) {
     part.kind = PartKind::cut_off;
-    return std::exchange(section_, SectionKind::none) != SectionKind::none;
+    leave_section();
+    return part.section != SectionKind::none;
   }
-  part.text = skip_blanks(chomp(piece));
-  part.column = part.text.data() - piece.data() + 1;
+  const std::string_view text = skip_blanks(chomp(piece));
+  part.text = text;
+  part.column = text.data() - piece.data() + 1;
   part.is_rest = part.line == last_line;
   switch (section_) {
     case SectionKind::none:
-      read_top_level_line(part);
+      read_top_level_line(part, text);
       break;
     case SectionKind::item:
     case SectionKind::block:
-      read_flat_section_line(part);
+      read_flat_section_line(part, text);
       break;
     case SectionKind::defaults:
     case SectionKind::unknown:
-      read_nested_section_line(part);
+      read_nested_section_line(part, text);
       break;
   }
   return true;
 }
 
-void ScheduleFile::read_top_level_line(SchedulePart& part) {
-  const std::string_view text = part.text;
+void ScheduleFile::read_top_level_line(SchedulePart& part, std::string_view text) {
   if (text.empty() || text.front() == '#') {
     part.kind = PartKind::comment;
   } else if (text.front() == '*') {
@@ -113,35 +125,38 @@ void ScheduleFile::read_top_level_line(SchedulePart& part) {
   }
 }
 
-void ScheduleFile::read_flat_section_line(SchedulePart& part) {
-  if (closes_section(part.text)) {
+void ScheduleFile::read_flat_section_line(SchedulePart& part, std::string_view text) {
+  if (closes_section(text)) {
     part.kind = PartKind::section_end;
-    section_ = SectionKind::none;
+    leave_section();
     return;
   }
-  if (part.text.empty() || part.text.front() == '#') {
+  if (text.empty() || text.front() == '#') {
     part.kind = PartKind::comment;  // no key begins with "#"
     return;
   }
-  set_name_and_value(part, divide_name_equ_value_pair(part.text));
+  set_name_and_value(part, divide_name_equ_value_pair(text));
   part.kind = part.value.empty() ? PartKind::unusable_line : PartKind::entry;
   part.key = find_section_key(section_, part.name);
 }
 
-void ScheduleFile::read_nested_section_line(SchedulePart& part) {
-  if (closes_section(part.text)) {
+void ScheduleFile::read_nested_section_line(SchedulePart& part, std::string_view text) {
+  if (closes_section(text)) {
     --depth_;
-    part.kind = depth_ == 0 ? PartKind::section_end : PartKind::nested_end;
-    section_ = depth_ == 0 ? SectionKind::none : section_;
-  } else if (opens_section(part.text)) {
+    part.kind = PartKind::nested_end;
+    if (depth_ == 0) {
+      part.kind = PartKind::section_end;
+      leave_section();
+    }
+  } else if (opens_section(text)) {
     ++depth_;
     part.kind = PartKind::nested_begin;
-  } else if (part.text.empty() || part.text.front() == '#') {
+  } else if (text.empty() || text.front() == '#') {
     part.kind = PartKind::comment;
   } else {
     part.kind = PartKind::unusable_line;
     const auto entry = section_ == SectionKind::defaults
-                           ? schedule_defaults_name_equ_value_and_clarifier(part.text)
+                           ? schedule_defaults_name_equ_value_and_clarifier(text)
                            : std::nullopt;
     if (entry) {
       part.kind = PartKind::entry;
@@ -149,6 +164,11 @@ void ScheduleFile::read_nested_section_line(SchedulePart& part) {
       part.clarifier = entry->clarifier;
     }
   }
+}
+
+void ScheduleFile::leave_section() {
+  section_ = SectionKind::none;
+  section_line_ = 0;
 }
 
 bool opens_section(std::string_view text) {

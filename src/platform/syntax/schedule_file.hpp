@@ -93,9 +93,11 @@ class ScheduleFile {
   int error() const { return lines_.error(); }
 
  private:
-  void read_top_level_line(SchedulePart& part);
-  void read_flat_section_line(SchedulePart& part);
-  void read_nested_section_line(SchedulePart& part);
+  void read_top_level_line(SchedulePart& part, std::string_view text);
+  void read_flat_section_line(SchedulePart& part, std::string_view text);
+  void read_nested_section_line(SchedulePart& part, std::string_view text);
+
+  void leave_section();
 
   LineReader lines_;
   SectionKind section_ = SectionKind::none;
