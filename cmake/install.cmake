@@ -19,8 +19,7 @@ install(DIRECTORY share/completion/bash/
 install(DIRECTORY share/completion/zsh/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 install(DIRECTORY share/completion/fish/ DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(DIRECTORY share/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
-install(DIRECTORY share/schema share/xslt
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
+install(DIRECTORY share/schema DESTINATION ${CMAKE_INSTALL_DATADIR}/nv8x_schedule_to_xml OPTIONAL)
 install(FILES README.md CHANGELOG.md LICENSE SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # These are for those who have the source tree.
 set(pages_of_developers add-a-format.md architecture.md metadata-library.md images/run.dot

@@ -17,7 +17,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS tzdata)
 # What pages of the documentation use; the shells and editors that there are find their files.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS
-    "bash-completion, lighttpd | httpd-cgi, parallel, vim, xmltv-util, xsltproc")
+    "bash-completion, lighttpd | httpd-cgi, parallel, vim, xmltv-util")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "It reads the schedule file of a playout channel (a day, a week, a month, a
 year or an endless span), repairs overlaps and gaps, adds what the media files

@@ -8,12 +8,13 @@
 #include <cstring>
 #include <string_view>
 
+#include "check/check_failures.hpp"
 #include "platform/system/clock.hpp"
+#include "platform/system/output.hpp"
 #include "schedule/rendermgr.hpp"
 
 namespace {
 
-constexpr int usage_error = 2;
 constexpr const char* program = "nv8x_schedule_check";
 
 constexpr const char* help =
@@ -34,7 +35,7 @@ constexpr const char* help =
     "      --version          print the version and exit\n"
     "\n"
     "The exit status is 0 if nothing was found that counts, 1 if something was, and 2\n"
-    "for a wrong command line or a file that cannot be read.\n";
+    "for a wrong command line or what cannot be read, checked or printed.\n";
 
 enum Option : int {
   channel = 1,
@@ -122,15 +123,16 @@ bool take_option(CheckCommand& command, int option) {
 
 std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& status) {
   CheckCommand command;
-  status = usage_error;
+  status = could_not_check;
   int option = 0;
   while ((option = getopt_long(argc, argv, "", options.data(), nullptr)) != -1) {
     if (option == show_help || option == show_version) {
       if (option == show_help) {
-        std::fputs(help, stdout);
+        print_output(help);
       } else {
-        std::printf("%s %s\n", program, NV8X_VERSION);
+        print_output(std::string(program) + " " + NV8X_VERSION + "\n");
       }
+      finish_output();
       status = 0;
       return std::nullopt;
     }

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 
-#include <array>
 #include <charconv>
 #include <cstring>
 #include <ctime>
@@ -11,34 +10,32 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/schedule_source.hpp"
 #include "check/source_text.hpp"
 #include "check/story.hpp"
 #include "metadata/item_metadata.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/system/activity.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
+#include "platform/time/local_text.hpp"
 #include "platform/time/parse_time.hpp"
-#include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
-#include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
+#include "schedule/watchdog.hpp"
 #include "writers/gracenote_writer.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/rovi_writer.hpp"
 
 namespace {
 
-std::string local_text(time_t t, const char* format) {
-  std::tm tm{};
-  std::array<char, 64> text{};
-  if (localtime_r(&t, &tm) == nullptr) {
-    return "no time";
-  }
-  return {text.data(), std::strftime(text.data(), text.size(), format, &tm)};
+std::string time_or_none(time_t t, const char* format) {
+  std::string text = local_text(t, format);
+  return text.empty() ? "no time" : text;
 }
 
 std::string announce_rule(const ItemMetadata& metadata, const ScheduleItem& item) {
@@ -94,7 +91,7 @@ std::string row_text(const std::vector<Row>& rows, time_t t, bool is_announced) 
   for (const Row& row : rows) {
     if (row.start <= t && t < row.end) {
       const std::string times =
-          local_text(row.start, "%F %R") + " to " + local_text(row.end, "%F %R");
+          time_or_none(row.start, "%F %R") + " to " + time_or_none(row.end, "%F %R");
       return horizon.shows(row) ? "the row of " + times + ", " + quoted(row.title)
                                 : "none: the listing runs from today to 21 days ahead";
     }
@@ -142,8 +139,8 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
   UnitClock clock(schedule);
   append_line(out, "airs",
               (item.item.empty() ? "nothing" : quoted(item.item)) + ", from " +
-                  local_text(clock.time_of(item.start), "%F %T") + " to " +
-                  local_text(clock.time_of(item.end), "%F %T"));
+                  time_or_none(clock.time_of(item.start), "%F %T") + " to " +
+                  time_or_none(clock.time_of(item.end), "%F %T"));
   const Origin& origin = story.origin_at(item.start);
   append_line(out, "from", origin.where);
   for (const std::string& event : origin.events) {
@@ -172,32 +169,16 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
       row_text(gracenote_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
 }
 
-/// Reads the file and shows the story each part.
-bool read_schedule(const std::string& path, Schedule& schedule, Story& story) {
-  FileDescriptor opened = open_regular_file(AT_FDCWD, path.c_str());
-  if (!opened.is_open()) {
-    return false;
-  }
-  ScheduleFile file(std::move(opened));
+/// Reads what is in the file and shows the story each part of it.
+void read_schedule(Schedule& schedule, Story& story, const std::string& file,
+                   std::string_view content) {
+  const Activity activity("reading", file.c_str());
+  ScheduleFile parts(content);
   ScheduleBuilder builder(schedule);
-  for (SchedulePart part; file.next(part);) {
+  for (SchedulePart part; parts.next(part);) {
     story.add_part(part, builder.add_part(part));
   }
   builder.finish();
-  return true;
-}
-
-/// All passes, as for a document.
-void prepare(Schedule& schedule, Story& story, const std::string& path, time_t t) {
-  schedule.observer = &story;
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
-  compute_unit_times(schedule, t);
-  merge_play_log(schedule, path);
-  block_announce_subst(schedule);
-  patch_all_subschedules(schedule);
-  schedule.observer = nullptr;
 }
 
 const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
@@ -212,18 +193,36 @@ const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
   return airing;
 }
 
+/// What airs at the moment and why, and what does not.
+std::string story_of(const Schedule& schedule, Story& story, time_t t, const std::string& file) {
+  const uint64_t position = time_to_schedule_seconds(schedule, t);
+  std::string out =
+      time_or_none(t, "%a %F %T %z") + ", " + story.position(position) + " of " + file + "\n";
+  if (const ScheduleItem* airing = item_at(schedule, t)) {
+    append_item(out, *airing, story, schedule, t);
+  } else {
+    append_line(out, "airs", "nothing that the schedule knows of");
+  }
+  for (const std::string& lost : story.lost_at(position)) {
+    append_line(out, "lost", lost);
+  }
+  return out;
+}
+
 }  // namespace
 
-std::optional<std::string> explain_moment(const std::string& name, const std::string& path,
-                                          const std::string& moment, const CheckOptions& options,
-                                          std::string& error) {
-  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
-  Story story(name, schedule);
-  if (!read_schedule(path, schedule, story)) {
-    error = std::string("cannot be read: ") + std::strerror(errno);
+std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
+                                          const CheckOptions& options, std::string& error) {
+  Report failure{};
+  const std::optional<ScheduleSource> source = read_schedule_source(file, failure);
+  if (!source) {
+    error = failure.text;
     return std::nullopt;
   }
+  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
+  Schedule schedule;
+  Story story(file, schedule);
+  read_schedule(schedule, story, file, source->content);
   if (schedule.unit_length == 0) {
     error = "a schedule of this type has no times";
     return std::nullopt;
@@ -232,17 +231,12 @@ std::optional<std::string> explain_moment(const std::string& name, const std::st
   if (!t) {
     return std::nullopt;
   }
-  prepare(schedule, story, path, *t);
-  const uint64_t position = time_to_schedule_seconds(schedule, *t);
-  std::string out =
-      local_text(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + name + "\n";
-  if (const ScheduleItem* airing = item_at(schedule, *t)) {
-    append_item(out, *airing, story, schedule, *t);
-  } else {
-    append_line(out, "airs", "nothing that the schedule knows of");
-  }
-  for (const std::string& lost : story.lost_at(position)) {
-    append_line(out, "lost", lost);
-  }
+  schedule.observer = &story;
+  complete_schedule(schedule);
+  place_schedule(schedule, *t, source->path);
+  schedule.observer = nullptr;
+  arm_watchdog();
+  std::string out = story_of(schedule, story, *t, file);
+  cancel_watchdog();
   return out;
 }

@@ -8,6 +8,5 @@
 /// Tells what the schedule in the file airs at a moment, and why: a time as a schedule file writes
 /// it, or "@" and seconds since 1970. Nothing when the moment is none or the file cannot be read;
 /// `error` says why.
-std::optional<std::string> explain_moment(const std::string& name, const std::string& path,
-                                          const std::string& moment, const CheckOptions& options,
-                                          std::string& error);
+std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
+                                          const CheckOptions& options, std::string& error);

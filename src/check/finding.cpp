@@ -13,6 +13,7 @@ namespace {
 // By the value of Finding.
 constexpr auto infos = std::to_array<FindingInfo>({
     {Finding::unreadable, "unreadable", Severity::error},
+    {Finding::link, "link", Severity::error},
     {Finding::byte_order_mark, "byte-order-mark", Severity::error},
     {Finding::utf_16, "utf-16", Severity::error},
     {Finding::carriage_return, "carriage-return", Severity::error},
@@ -64,6 +65,8 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {Finding::no_file, "no-file", Severity::error},
     {Finding::bad_schedule, "bad-schedule", Severity::error},
     {Finding::circular, "circular", Severity::error},
+    {Finding::too_deep, "too-deep", Severity::error},
+    {Finding::wraparound, "wraparound", Severity::warning},
     {Finding::not_announced, "not-announced", Severity::warning},
     {Finding::markup, "markup", Severity::warning},
     {Finding::control_character, "control-character", Severity::warning},

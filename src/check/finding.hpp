@@ -13,6 +13,7 @@ enum class Severity { error, warning, note };
 /// What the checker can find.
 enum class Finding {
   unreadable,
+  link,
   byte_order_mark,
   utf_16,
   carriage_return,
@@ -64,6 +65,8 @@ enum class Finding {
   no_file,
   bad_schedule,
   circular,
+  too_deep,
+  wraparound,
   not_announced,
   markup,
   control_character,

@@ -8,6 +8,7 @@
 #include "check/section_check.hpp"
 #include "check/type_check.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/system/activity.hpp"
 #include "schedule/schedule_reader.hpp"
 
 namespace {
@@ -187,11 +188,13 @@ bool is_checked(const SchedulePart& part) {
 
 }  // namespace
 
-void read_and_check_lines(WrittenSchedule& written, bool with_media, std::vector<Report>& reports) {
-  ScheduleFile file(written.source.content());
+void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
+                          std::vector<Report>& reports) {
+  const Activity activity("reading", file.c_str());
+  ScheduleFile parts(written.source.content());
   ScheduleBuilder builder(written.schedule);
   LineCheck check(written, with_media, reports);
-  for (SchedulePart part; file.next(part);) {
+  for (SchedulePart part; parts.next(part);) {
     const PartEffect effect = builder.add_part(part);
     if (is_checked(part)) {
       check.check_part(part, effect);

@@ -1,6 +1,3 @@
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -10,32 +7,19 @@
 #include <string>
 #include <vector>
 
+#include "check/check_failures.hpp"
 #include "check/check_options.hpp"
 #include "check/explain.hpp"
 #include "check/finding.hpp"
 #include "check/zone_check.hpp"
-#include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
+#include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
 
 namespace {
 
 constexpr int something_found = 1;
-constexpr int unreadable = 2;
-
-/// A file that holds what standard input did: the reader takes regular files.
-std::string path_of_standard_input() {
-  const std::optional<std::string> content = read_content(STDIN_FILENO);
-  const int fd = memfd_create("standard input", 0);
-  if (!content || fd < 0 || !write_fully(fd, *content)) {
-    return "/dev/stdin";  // which says why
-  }
-  return "/proc/self/fd/" + std::to_string(fd);
-}
-
-std::string path_of(const std::string& file) {
-  return file == "-" ? path_of_standard_input() : file;
-}
 
 int explain_all(const CheckCommand& command, const std::string& moment) {
   int status = EXIT_SUCCESS;
@@ -44,12 +28,12 @@ int explain_all(const CheckCommand& command, const std::string& moment) {
   }
   for (const std::string& file : command.files) {
     std::string error;
-    const auto story = explain_moment(file, path_of(file), moment, command.options, error);
+    const auto story = explain_moment(file, moment, command.options, error);
     if (story) {
       print_output(*story);
     } else {
       std::fprintf(stderr, "nv8x_schedule_check: %s: %s\n", file.c_str(), error.c_str());
-      status = unreadable;
+      status = could_not_check;
     }
   }
   finish_output();
@@ -65,13 +49,17 @@ bool counts(const FileReports& file, bool strict) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  report_check_failures();
   prepare_standard_streams();
+  limit_memory();
   int status = EXIT_SUCCESS;
   const std::optional<CheckCommand> command = parse_check_command(argc, argv, status);
   if (!command) {
     return status;
   }
-  settle_local_zone();
+  if (!settle_local_zone()) {
+    fail_run("Unable to read the time zone: %s", std::strerror(errno));
+  }
   if (command->moment) {
     return explain_all(*command, *command->moment);
   }
@@ -81,8 +69,8 @@ int main(int argc, char** argv) {
   }
   for (const std::string& file : command->files) {
     bool is_read = false;
-    found.push_back(check_schedule_file(file, path_of(file), command->options, is_read));
-    status = is_read ? status : unreadable;
+    found.push_back(check_schedule_file(file, command->options, is_read));
+    status = is_read ? status : could_not_check;
   }
   for (const FileReports& file : found) {
     if (counts(file, command->strict) && status == EXIT_SUCCESS) {

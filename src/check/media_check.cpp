@@ -7,31 +7,47 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <map>
+#include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include "check/path_check.hpp"
+#include "check/value_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/watchdog.hpp"
 
 namespace {
 
 constexpr uint64_t long_enough_for_a_programme = 600;  // seconds
 
-/// A file, whatever path leads to it.
-using FileId = std::pair<dev_t, ino_t>;
+/// Whether it ends an attribute's value or begins an element or a reference.
+bool has_markup(std::string_view name) {
+  const auto is_markup = [&](const char& c) {
+    const auto rest = name.substr(static_cast<size_t>(&c - name.data()));
+    return c == '"' || c == '<' || (c == '&' && reference_at(rest).empty());
+  };
+  return std::ranges::any_of(name, is_markup);
+}
+
+/// Whether it holds what no XML document may, not even escaped.
+bool has_control_character(std::string_view text) {
+  return std::ranges::any_of(text, [](char c) {
+    return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
+  });
+}
 
 class MediaCheck {
  public:
   MediaCheck(const WrittenSchedule& written, std::vector<Report>& reports)
       : written_(written), reports_(reports) {}
 
-  void check(const std::string& path) {
-    struct stat status = {};
-    if (stat(path.c_str(), &status) == 0) {
-      schedules_above_.emplace_back(status.st_dev, status.st_ino);
-    }
+  bool check(FileId id) {
+    schedules_above_.push_back(id);
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];
       const std::string media = item.text_of(ScheduleKey::item);
@@ -42,6 +58,7 @@ class MediaCheck {
     for (const auto& [media, place] : written_.default_paths) {
       check_file(media, place);
     }
+    return names_schedules_ && can_be_patched_in_;
   }
 
  private:
@@ -61,6 +78,7 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
+    arm_watchdog();  // a time of its own for each file: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
@@ -82,23 +100,69 @@ class MediaCheck {
     ScheduleItem item;
     item.item = path;
     const OpenedMetadata opened = open_item_metadata(item);
+    check_metadata(path, opened.set, place);
     if (find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) != nullptr) {
+      names_schedules_ = true;
       check_subschedule(path, {status.st_dev, status.st_ino}, place);
     }
     return true;
   }
 
+  /// The XML document escapes the values of metadata alone, and control characters nowhere. Each is
+  /// said once of a file.
+  void check_metadata(const std::string& path, const MetadataSet& set, Place place) {
+    std::optional<std::string> with_markup;
+    std::optional<std::string> with_control_character;
+    for_each_entry(set, [&](const metadata_v4_entry& entry) {
+      const char* group = group_name(set, entry);
+      for (const char* name : {group, entry.name}) {
+        if (!with_markup && name != nullptr && has_markup(name)) {
+          with_markup = name;
+        }
+      }
+      for (const char* text : {group, entry.name, entry.value}) {
+        if (!with_control_character && text != nullptr && has_control_character(text)) {
+          with_control_character = text == group || entry.name == nullptr ? text : entry.name;
+        }
+      }
+    });
+    if (with_markup) {
+      add(Finding::markup, place,
+          "the name " + quoted(*with_markup) + " in the metadata of " + quoted(path) +
+              " goes into the XML document as it is and makes it ill-formed");
+    }
+    if (with_control_character) {
+      add(Finding::control_character, place,
+          "a control character at " + quoted(*with_control_character) + " in the metadata of " +
+              quoted(path) + " makes the XML document ill-formed");
+    }
+  }
+
+  static bool read_subschedule(Schedule& schedule, const std::string& path) {
+    const bool is_read = read_schedule_file(schedule, path.c_str());
+    if (!is_read) {
+      fail_run_if_short("Unable to open %s: %s", path.c_str());
+    }
+    return is_read;
+  }
+
   void check_subschedule(const std::string& path, FileId id, Place place) {
-    if (leads_back(path, id, schedules_above_)) {
+    std::string without_unit;
+    if (leads_back(path, id, schedules_above_, without_unit)) {
+      can_be_patched_in_ = false;
       add(Finding::circular, place, "the schedule " + quoted(path) + " leads back to itself");
       return;
     }
     Schedule schedule;
-    if (!read_schedule_file(schedule, path.c_str())) {
+    if (!read_subschedule(schedule, path)) {
       add(Finding::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
     } else if (find_schedule_type(schedule.type)->unit_length == 0) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " has no unit, which ends the run");
+    } else if (!without_unit.empty()) {
+      add(Finding::bad_schedule, place,
+          "the schedule " + quoted(path) + " leads to " + quoted(without_unit) +
+              ", which has no unit and ends the run");
     } else if (schedule.schedule.empty() && schedule.global_default.empty() &&
                schedule.defaults.own.empty()) {
       add(Finding::bad_schedule, place,
@@ -106,32 +170,45 @@ class MediaCheck {
     }
   }
 
-  /// Whether the schedule, or one that it names, is one of those above it.
-  bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above) {
+  /// Whether the schedule, or one that it names, is one of those above it. The path of one that has
+  /// no unit goes into `without_unit`.
+  bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above,
+                  std::string& without_unit) {
     constexpr size_t most_levels = 11;
     if (std::ranges::find(above, id) != above.end()) {
       return true;
     }
-    if (above.size() > most_levels || !seen_schedules_.insert(id).second) {
+    const size_t level = above.size();
+    const auto [seen, is_new] = seen_schedules_.emplace(id, level);
+    if (level > most_levels || (!is_new && seen->second <= level)) {
       return false;
     }
+    seen->second = level;  // nearer than before, so more of what is below it counts
     Schedule schedule;
     bool is_circular = false;
-    if (read_schedule_file(schedule, path.c_str())) {
+    if (read_subschedule(schedule, path)) {
       above.push_back(id);
-      std::set<std::string> paths = {schedule.global_default};
+      if (schedule.unit_length == 0) {
+        without_unit = path;
+        can_be_patched_in_ = false;
+      }
+      std::set<std::string> paths;
+      for (size_t day = 0; day < default_slots; ++day) {
+        paths.insert(schedule.defaults[day]);
+      }
       for (const auto& [start, item] : schedule.schedule) {
         paths.insert(item.item);
       }
       for (const std::string& inner : paths) {
-        is_circular = is_circular || inner_leads_back(inner, above);
+        is_circular = is_circular || inner_leads_back(inner, above, without_unit);
       }
       above.pop_back();
     }
     return is_circular;
   }
 
-  bool inner_leads_back(const std::string& path, std::vector<FileId>& above) {
+  bool inner_leads_back(const std::string& path, std::vector<FileId>& above,
+                        std::string& without_unit) {
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
       return false;
@@ -141,7 +218,7 @@ class MediaCheck {
     const OpenedMetadata opened = open_item_metadata(item);
     return find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) !=
                nullptr &&
-           leads_back(path, {status.st_dev, status.st_ino}, above);
+           leads_back(path, {status.st_dev, status.st_ino}, above, without_unit);
   }
 
   void check_announced(const WrittenSection& section) {
@@ -176,13 +253,14 @@ class MediaCheck {
   std::vector<Report>& reports_;
   std::map<std::string, bool> known_;
   std::vector<FileId> schedules_above_;
-  std::set<FileId> seen_schedules_;
+  std::map<FileId, size_t> seen_schedules_;  ///< with the level at which each was seen
+  bool names_schedules_ = false;
+  bool can_be_patched_in_ = true;
   std::map<std::string, ItemMetadata> metadata_;
 };
 
 }  // namespace
 
-void check_media(const WrittenSchedule& written, const std::string& path,
-                 std::vector<Report>& reports) {
-  MediaCheck(written, reports).check(path);
+bool check_media(const WrittenSchedule& written, FileId id, std::vector<Report>& reports) {
+  return MediaCheck(written, reports).check(id);
 }

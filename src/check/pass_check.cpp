@@ -1,6 +1,5 @@
 #include "check/pass_check.hpp"
 
-#include <array>
 #include <map>
 #include <set>
 #include <string>
@@ -9,12 +8,12 @@
 #include "check/time_advice.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/local_stretches.hpp"
+#include "platform/time/local_text.hpp"
 #include "platform/time/written_time.hpp"
 #include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
-#include "schedule/watchdog.hpp"
 
 namespace {
 
@@ -26,11 +25,6 @@ std::string length_text(uint64_t seconds) {
     return std::to_string(seconds / 60) + (seconds == 60 ? " minute" : " minutes");
   }
   return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
-}
-
-std::string date_text(const std::tm& tm) {
-  std::array<char, 16> text{};
-  return {text.data(), std::strftime(text.data(), text.size(), "%F", &tm)};
 }
 
 class PassCheck : public PassObserver {
@@ -48,10 +42,7 @@ class PassCheck : public PassObserver {
     check_membership();
     Schedule& schedule = written_.schedule;
     schedule.observer = this;
-    remove_reversed_items(schedule);
-    fix_schedule_file(schedule);
-    patch_schedule_default_items(schedule);
-    cancel_watchdog();
+    complete_schedule(schedule);
     if (type_.unit_length > 0) {
       compute_unit_times(schedule, report_time);
       check_clock_changes();
@@ -260,7 +251,7 @@ class PassCheck : public PassObserver {
     }
     const WrittenSection& item = written_.items[number];
     add(finding, item.place_of(ScheduleKey::start),
-        "the clocks " + what + " this time on " + date_text(*tm) +
+        "the clocks " + what + " this time on " + local_text(*tm, "%F") +
             (finding == Finding::skipped_hour ? ", so that it does not air then"
                                               : "; it airs at one of the two"));
   }

@@ -10,7 +10,7 @@ struct CheckOptions {
   time_t report_time = 0;  ///< calendar time
 };
 
-/// Checks the schedule file at the path, which goes by `name` in what is found. `is_read` becomes
-/// false when it cannot be read, which is a finding too.
-FileReports check_schedule_file(const std::string& name, const std::string& path,
-                                const CheckOptions& options, bool& is_read);
+/// Checks the schedule file; "-" is standard input. `is_read` becomes false when it cannot be read,
+/// which is a finding too.
+FileReports check_schedule_file(const std::string& file, const CheckOptions& options,
+                                bool& is_read);

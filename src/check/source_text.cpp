@@ -71,24 +71,6 @@ std::string_view SourceText::line(int64_t number) const {
   return rest.substr(0, rest.find('\n'));
 }
 
-Place SourceText::place_of_text(int64_t number) const {
-  const std::string_view text = line(number);
-  return {number, static_cast<int64_t>(text.size() - skip_blanks(text).size()) + 1};
-}
-
-Place SourceText::place_of_value(int64_t number) const {
-  const std::string_view text = line(number);
-  size_t separator = text.find('=');
-  if (separator == std::string_view::npos) {
-    separator = text.find(':');
-  }
-  if (separator == std::string_view::npos) {
-    return place_of_text(number);
-  }
-  const std::string_view value = skip_blanks(text.substr(separator + 1));
-  return {number, static_cast<int64_t>(text.size() - value.size()) + 1};
-}
-
 bool is_hopeless(const SourceText& source) {
   return is_utf_16(source.content()) || has_old_line_ends(source.content());
 }

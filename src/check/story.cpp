@@ -99,7 +99,7 @@ void Story::replacing_by_schedule(const ScheduleItem& item) {
       "the schedule " + quoted(item.item) + ", which airs in place of " + inserted_.where;
 }
 
-void Story::inserting_from_schedule(uint64_t start) {
+void Story::inserting_from_schedule(uint64_t start, uint64_t /*end*/) {
   origins_[start] = inserted_;
 }
 

@@ -42,7 +42,7 @@ class Story : public PassObserver {
   void cutting_for_block(const ScheduleItem& item, uint64_t block_start) override;
   void moving_behind_block(const ScheduleItem& item, uint64_t block_end) override;
   void replacing_by_schedule(const ScheduleItem& item) override;
-  void inserting_from_schedule(uint64_t start) override;
+  void inserting_from_schedule(uint64_t start, uint64_t end) override;
 
  private:
   struct Written {

@@ -9,16 +9,12 @@
 
 #include "check/nearest_word.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/time/calendar_names.hpp"
 #include "platform/time/parse_time.hpp"
 #include "platform/time/written_time.hpp"
 
 namespace {
 
-constexpr std::array<std::string_view, 7> weekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                      "Thursday", "Friday", "Saturday"};
-constexpr std::array<std::string_view, 12> months = {
-    "January", "February", "March",     "April",   "May",      "June",
-    "July",    "August",   "September", "October", "November", "December"};
 constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
 /// Weekdays in other languages, by their first letters; the longer ones stand first.
@@ -79,7 +75,7 @@ std::string with(std::string_view text, const Word& word, std::string_view repla
 }
 
 std::string short_name(int weekday) {
-  return std::string(weekdays.at(static_cast<size_t>(weekday)).substr(0, 3));
+  return std::string(weekday_names.at(static_cast<size_t>(weekday)).substr(0, 3));
 }
 
 std::optional<TimeAdvice> advise_on_comment(std::string_view text) {
@@ -151,8 +147,8 @@ std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vect
 
 TimeAdvice advise_on_rest(std::string_view text, const std::vector<Word>& words) {
   static const std::vector<std::string_view> names = [] {
-    std::vector<std::string_view> all(weekdays.begin(), weekdays.end());
-    all.insert(all.end(), months.begin(), months.end());
+    std::vector<std::string_view> all(weekday_names.begin(), weekday_names.end());
+    all.insert(all.end(), month_names.begin(), month_names.end());
     return all;
   }();
   for (const Word& word : words) {
@@ -198,7 +194,7 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
       long microseconds = 0;
       schedule_parse_time(text, broken_down, microseconds);
       advice = "the date in a weekly schedule counts as its weekday: every " +
-               std::string(weekdays.at(static_cast<size_t>(broken_down.tm_wday)));
+               std::string(weekday_names.at(static_cast<size_t>(broken_down.tm_wday)));
     }
     return TimeAdvice{Finding::needless_date, 0, advice};
   }
@@ -211,8 +207,9 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
     const auto month = static_cast<size_t>(*date.month) - 1;
     if (*date.day > month_lengths.at(month)) {
       return TimeAdvice{Finding::no_such_date, 0,
-                        std::string(months.at(month)) + " has no day " + std::to_string(*date.day) +
-                            "; it airs on " + std::string(months.at((month + 1) % 12)) + " " +
+                        std::string(month_names.at(month)) + " has no day " +
+                            std::to_string(*date.day) + "; it airs on " +
+                            std::string(month_names.at((month + 1) % 12)) + " " +
                             std::to_string(*date.day - month_lengths.at(month)) +
                             (month == 1 ? ", or a day later where February has no 29th" : "")};
     }
@@ -277,7 +274,7 @@ std::string written_position(uint64_t position, const ScheduleType& type) {
       text = std::to_string(first_schedule_year + static_cast<int>(day / days_per_year)) + " ";
       [[fallthrough]];
     case DayName::day_of_year:
-      text = std::string(months.at(day / days_per_month % 12).substr(0, 3)) + " " +
+      text = std::string(month_names.at(day / days_per_month % 12).substr(0, 3)) + " " +
              std::to_string(day % days_per_month + 1) + (text.empty() ? " " : " " + text);
       break;
     case DayName::none:

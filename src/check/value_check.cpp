@@ -14,18 +14,17 @@ constexpr std::array<std::string_view, 3> announces = {"block", "items", ""};
 constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
                                                         "&apos;"};
 
-/// The reference of XML that the text begins with, or nothing.
-std::string_view reference_at(std::string_view text) {
-  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
-  const auto* found = std::ranges::find_if(references, begins);
-  return found == references.end() ? std::string_view() : *found;
-}
-
 Place place_within(const WrittenValue& value, size_t offset) {
   return {value.place.line, value.place.column + static_cast<int64_t>(offset)};
 }
 
 }  // namespace
+
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
 
 void ValueCheck::check_section(const WrittenSection& section) {
   for (const WrittenValue& value : section.values) {

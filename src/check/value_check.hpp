@@ -1,9 +1,13 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "check/finding.hpp"
 #include "check/written_schedule.hpp"
+
+/// The reference of XML, as "&amp;", that the text begins with, or nothing.
+std::string_view reference_at(std::string_view text);
 
 /// Checks the times, numbers and texts of items and blocks.
 class ValueCheck {

@@ -1,7 +1,5 @@
 #include "driver/run_steps.hpp"
 
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -10,27 +8,18 @@
 #include <utility>
 
 #include "driver/report_error.hpp"
+#include "platform/system/file.hpp"
 #include "schedule/rendermgr.hpp"
 #include "schedule/run_options.hpp"
 
 namespace {
 
-enum class FileState { regular, not_a_file, missing };
-
-/// What lies at a path, links not followed; errno is set when nothing can be seen there.
-FileState look_at(const std::string& path) {
-  struct stat status = {};
-  if (lstat(path.c_str(), &status) != 0) {
-    return FileState::missing;
-  }
-  return S_ISREG(status.st_mode) ? FileState::regular : FileState::not_a_file;
-}
-
 void check_given_schedule(const std::string& path) {
   switch (look_at(path)) {
     case FileState::missing:
       report_errorf("Schedule file %s, cannot %s", path.c_str(), std::strerror(errno));
-    case FileState::not_a_file:
+    case FileState::link:
+    case FileState::other:
       report_errorf("Schedule file %s, is not a file", path.c_str());
     case FileState::regular:
       break;
@@ -41,7 +30,8 @@ void check_rendermgr(const std::string& path) {
   switch (look_at(path)) {
     case FileState::missing:
       report_errorf("Rendermgr file %s, cannot stat, %s", path.c_str(), std::strerror(errno));
-    case FileState::not_a_file:
+    case FileState::link:
+    case FileState::other:
       report_errorf("Rendermgr file %s, is not a file", path.c_str());
     case FileState::regular:
       break;
@@ -55,7 +45,8 @@ bool check_located_schedule(const std::string& path) {
     case FileState::missing:
       std::fprintf(stderr, "Schedule file %s, cannot %s\n", path.c_str(), std::strerror(errno));
       return false;
-    case FileState::not_a_file:
+    case FileState::link:
+    case FileState::other:
       std::fprintf(stderr, "Schedule file %s, is not a file\n", path.c_str());
       return false;
     case FileState::regular:

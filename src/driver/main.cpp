@@ -7,14 +7,13 @@
 #include "driver/report_error.hpp"
 #include "driver/report_limits.hpp"
 #include "driver/run_steps.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
-#include "schedule/block_announce.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/run_options.hpp"
-#include "schedule/subschedules.hpp"
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
@@ -32,14 +31,13 @@ int main(int argc, char** argv) {
   }
   const Activity activity("working on", run_options.schedule_path.c_str());
   Schedule schedule;
-  load_schedule(schedule);  // arms the watchdog
-  merge_play_log(schedule, run_options.schedule_path);
-  const ReportWindow window = report_window(schedule);
-  block_announce_subst(schedule);
-  patch_all_subschedules(schedule);  // cancels it
+  read_schedule(schedule);
+  report_failed_pass(complete_schedule(schedule));  // arms the watchdog
+  report_failed_pass(place_schedule(schedule, static_cast<time_t>(run_options.report_time),
+                                    run_options.schedule_path));  // cancels it
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());
-  print_document(schedule, window);
+  print_document(schedule, report_window(schedule));
   // Leaving by exit() spares taking the schedule down item by item: the process's end frees it.
   std::exit(EXIT_SUCCESS);
 }

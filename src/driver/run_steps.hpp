@@ -11,9 +11,11 @@
 /// put their message on standard error alone.
 bool locate_schedule();
 
-/// Reads the schedule file, repairs and completes it and places its unit around the report time.
-/// Arms the watchdog, which stays armed until the subschedules are patched in.
-void load_schedule(Schedule& schedule);
+/// Reads the schedule file.
+void read_schedule(Schedule& schedule);
+
+/// `message` is what a pass failed with; null when it did not fail.
+void report_failed_pass(const char* message);
 
 /// The stretch of calendar time that a document reports: items that start in [start, end). Its end
 /// is the last second of a period and so lies outside: what starts with that second is not shown,

@@ -8,16 +8,14 @@
 #include <utility>
 
 #include "metadata/item_metadata.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
-#include "schedule/block_announce.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/rendermgr.hpp"
-#include "schedule/repair.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
-#include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
 
@@ -55,10 +53,8 @@ class UnitWalk {
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
     Schedule schedule = prepared_;
     arm_watchdog();
-    compute_unit_times(schedule, begin);
-    merge_play_log(schedule, path_);
-    block_announce_subst(schedule);
-    patch_all_subschedules(schedule);
+    place_schedule(schedule, begin, path_);
+    arm_watchdog();  // which that has cancelled: media files are still to be read
     const time_t unit_end = schedule.unit_end;
     UnitClock clock(schedule);
     std::map<time_t, Programme> by_start;  // of two at one second the later one airs
@@ -127,11 +123,34 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
     return channel.schedule;
   }
   std::optional<std::string> path = read_rendermgr(channel.rendermgr);
+  if (!path) {
+    fail_run_if_short("'%s' cannot be read: %s", channel.rendermgr.c_str());
+  }
   if (!path || path->empty()) {
     error = "'" + channel.rendermgr + "' names no schedule";
     return std::nullopt;
   }
   return path;
+}
+
+/// Read and completed.
+std::optional<Schedule> prepared_schedule(const std::string& path, std::string& error) {
+  Schedule schedule;
+  if (look_at(path) == FileState::link) {
+    error = "'" + path + "' is a link; name the file that it leads to";
+    return std::nullopt;
+  }
+  if (!read_schedule_file(schedule, path.c_str(), Links::refused)) {
+    fail_run_if_short("'%s' cannot be read: %s", path.c_str());
+    error = "'" + path + "' cannot be read: " + std::strerror(errno);
+    return std::nullopt;
+  }
+  if (schedule.unit_length == 0) {
+    error = "'" + path + "' is of a type without unit";
+    return std::nullopt;
+  }
+  complete_schedule(schedule);
+  return schedule;
 }
 
 }  // namespace
@@ -144,28 +163,17 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
-  if (!read_schedule_file(schedule, path->c_str())) {
-    error = "'" + *path + "' cannot be read: " + std::strerror(errno);
+  std::optional<Schedule> schedule = prepared_schedule(*path, error);
+  if (!schedule) {
     return std::nullopt;
   }
-  if (schedule.unit_length == 0) {
-    error = "'" + *path + "' is of a type without unit";
-    return std::nullopt;
-  }
-  remove_reversed_items(schedule);
-  fix_schedule_file(schedule);
-  patch_schedule_default_items(schedule);
-
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
-  Schedule unit;
-  unit.type = schedule.type;
-  compute_unit_times(unit, begin - 1);
-  UnitWalk walk(std::move(schedule), *path);
+  const Unit unit = unit_of(find_schedule_type(schedule->type), begin - 1);
+  UnitWalk walk(*std::move(schedule), *path);
   std::vector<Programme> programmes;
-  for (time_t cursor = unit.unit_start; cursor <= end;) {
+  for (time_t cursor = unit.start; cursor <= end;) {
     std::vector<Programme> found;
     // A unit that begins as the span ends may go on with what the seam cuts.
     const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);
@@ -176,7 +184,8 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   settle_stops(programmes);
   std::erase_if(programmes, [&](const Programme& programme) {
     const bool is_before = programme.start < begin;
-    return programme.start >= end || (is_before && (!channel.previous || programme.stop <= begin));
+    return programme.start >= end || !has_four_digit_year(programme.start) ||
+           (is_before && (!channel.previous || programme.stop <= begin));
   });
   return programmes;
 }

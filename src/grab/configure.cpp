@@ -58,68 +58,66 @@ class Questions {
   std::FILE* out_;
 };
 
-std::string nothing_wrong(const std::string& answer) {
-  return answer.find_first_of("[]#;") == std::string::npos ? std::string()
-                                                           : "Without [, ], # and ;, please";
-}
-
 std::string complaint_about_yes_or_no(const std::string& answer) {
   return answer.empty() || answer == "yes" || answer == "no" ? std::string() : "Answer yes or no";
+}
+
+std::string complaint_about_id(const std::string& text, const std::set<std::string>& ids) {
+  if (ids.contains(text)) {
+    return "'" + text + "' is there already";
+  }
+  if (!text.empty() && !is_channel_id(text)) {
+    return "An id is UTF-8 text without control characters and doubled blanks";
+  }
+  return complaint_about_value(text);
+}
+
+/// As the configuration has it: the grabber may be started elsewhere.
+std::string absolute_folder(const std::string& text) {
+  return std::filesystem::absolute(text).lexically_normal().string();
+}
+
+std::string complaint_about_folder(const std::string& text) {
+  std::error_code error;
+  return std::filesystem::is_directory(text, error) ? complaint_about_value(absolute_folder(text))
+                                                    : "'" + text + "' is no folder";
 }
 
 /// Asks for one channel; nothing at the end of the input. An empty id ends the questions.
 std::optional<GuideChannel> ask_for_channel(Questions& questions,
                                             const std::set<std::string>& ids) {
   GuideChannel channel;
-  const auto id = questions.ask("Channel id, such as kbt1.example (empty: no more channels):",
-                                [&](const std::string& text) {
-                                  if (ids.contains(text)) {
-                                    return "'" + text + "' is there already";
-                                  }
-                                  if (!text.empty() && !is_channel_id(text)) {
-                                    return std::string(
-                                        "An id is UTF-8 text without control "
-                                        "characters and doubled blanks");
-                                  }
-                                  return nothing_wrong(text);
-                                });
+  const auto id =
+      questions.ask("Channel id, such as kbt1.example (empty: no more channels):",
+                    [&](const std::string& text) { return complaint_about_id(text, ids); });
   if (!id || id->empty()) {
-    channel.id = id.value_or("");
     return id ? std::optional(channel) : std::nullopt;
   }
   channel.id = *id;
-  const auto name = questions.ask("Name to show:", nothing_wrong);
+  const auto name = questions.ask("Name to show:", complaint_about_value);
   const auto language =
-      questions.ask("Language of the texts, such as en (may be empty):", nothing_wrong);
+      questions.ask("Language of the texts, such as en (may be empty):", complaint_about_value);
   const auto zone = questions.ask("Time zone, such as Europe/London:", [](const std::string& text) {
     return is_known_zone(text) ? std::string() : "The machine knows no zone '" + text + "'";
   });
-  const auto folder = questions.ask("Folder of the channel's files:", [](const std::string& text) {
-    std::error_code error;
-    if (std::string complaint = nothing_wrong(text); !complaint.empty()) {
-      return complaint;
-    }
-
-    return std::filesystem::is_directory(text, error) ? std::string()
-                                                      : "'" + text + "' is no folder";
-  });
+  const auto folder = questions.ask("Folder of the channel's files:", complaint_about_folder);
   if (!name || !language || !zone || !folder) {
     return std::nullopt;
   }
   channel.name = *name;
   channel.language = *language;
   channel.zone = *zone;
-  channel.folder = std::filesystem::absolute(*folder).lexically_normal().string();
+  channel.folder = absolute_folder(*folder);
   const auto schedule =
       questions.ask("Schedule file, as seen from there:", [&](const std::string& text) {
         GuideChannel tried = channel;
         tried.schedule = text;
-        if (std::string complaint = nothing_wrong(text); !complaint.empty()) {
-          return complaint;
-        }
-        return text.empty() ? "A file is needed" : complaint_about_channel(tried);
+        const std::string complaint = complaint_about_value(text);
+        return text.empty()        ? "A file is needed"
+               : complaint.empty() ? complaint_about_channel(tried)
+                                   : complaint;
       });
-  const auto icon = questions.ask("Address of an icon (may be empty):", nothing_wrong);
+  const auto icon = questions.ask("Address of an icon (may be empty):", complaint_about_value);
   const auto previous =
       questions.ask("Show what is on air when the first day begins (yes or no, empty: no)?",
                     complaint_about_yes_or_no);
@@ -150,9 +148,13 @@ bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
     ids.insert(channel->id);
     channels.push_back(*std::move(channel));
   }
+  if (channels.empty()) {
+    std::fprintf(stderr, "tv_grab_nv8x: no channel; nothing was written\n");
+    return true;
+  }
   std::error_code ignored;
   std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
-  GuideFile file(path);
+  GuideFile file(path, NewMode::as_before);
   if (!file.is_open() || !file.write(text_of_guide_config(channels)) || !file.publish()) {
     std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", path.c_str(), std::strerror(errno));
     return false;

@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/system/output.hpp"
+
 namespace {
 
 constexpr const char* help =
@@ -142,7 +144,8 @@ std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status
   int option = 0;
   while ((option = getopt_long(argc, argv, "", options.data(), nullptr)) != -1) {
     if (const std::string text = text_of(option); !text.empty()) {
-      std::fputs(text.c_str(), stdout);
+      print_output(text);
+      finish_output();
       status = EXIT_SUCCESS;
       return std::nullopt;
     }

@@ -1,21 +1,15 @@
 #include "grab/guide.hpp"
 
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
+#include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <string>
+#include <utility>
 
+#include "grab/channel_jobs.hpp"
+#include "grab/programme.hpp"
 #include "platform/system/file.hpp"
-#include "platform/system/messages.hpp"
-#include "platform/time/calendar.hpp"
 #include "writers/append.hpp"
 #include "writers/xml_escape.hpp"
 
@@ -49,114 +43,103 @@ std::string head_of(const std::vector<GuideChannel>& channels) {
 
 constexpr const char* foot = "</tv>\n";
 
-/// A file that is gone as soon as it is closed.
-FileDescriptor open_scratch_file() {
-  const char* folder = std::getenv("TMPDIR");
-  return FileDescriptor(
-      ::open(folder != nullptr ? folder : "/tmp", O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
-}
+/// Works on the channels and copies their programmes in the channels' order.
+class GuideWriter {
+ public:
+  GuideWriter(int fd, const std::vector<GuideChannel>& channels, const GuideRun& run, time_t now)
+      : fd_(fd), channels_(channels), run_(run), now_(now), room_(static_cast<size_t>(run.jobs)) {}
 
-[[noreturn]] void fail_channel(const GuideChannel& channel, const std::string& reason) {
-  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", channel.id.c_str(), reason.c_str());
-  _exit(EXIT_FAILURE);
-}
-
-/// The channel that this process works on, for what fails below.
-const GuideChannel* channel_at_work = nullptr;
-
-void report_for_channel(const char* message) {
-  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", channel_at_work->id.c_str(), message);
-}
-
-/// The life of a channel's process: writes its programmes to the file, behind their number.
-[[noreturn]] void work_on_channel(const GuideChannel& channel, const GuideSpan& span, time_t now,
-                                  int fd) {
-  channel_at_work = &channel;
-  set_failure_reporter(report_for_channel);
-  setenv("TZ", channel.zone.c_str(), 1);
-  tzset();
-  if (!settle_local_zone()) {
-    fail_channel(channel, std::string("the zone cannot be read: ") + std::strerror(errno));
-  }
-  if (chdir(channel.folder.c_str()) != 0) {
-    fail_channel(channel, "'" + channel.folder + "': " + std::strerror(errno));
-  }
-  std::string error;
-  const auto programmes = programmes_of_channel(channel, span, now, error);
-  if (!programmes) {
-    fail_channel(channel, error);
-  }
-  const uint64_t count = programmes->size();
-  std::array<char, sizeof(count)> head{};
-  std::memcpy(head.data(), &count, sizeof(count));
-  std::string out(head.data(), head.size());
-  const std::string language = clean_text(channel.language);
-  constexpr size_t large = 1024UL * 1024;
-  for (const Programme& programme : *programmes) {
-    append_programme(out, programme, channel.id, language);
-    if (out.size() > large) {
-      if (!write_fully(fd, out)) {
-        fail_channel(channel, std::strerror(errno));
+  /// What is wrong with the guide as a whole; empty: nothing.
+  std::string write_all_programmes() {
+    while (next_ < channels_.size() || !jobs_.empty()) {
+      start_jobs();
+      if (jobs_.empty()) {
+        return std::strerror(errno);
       }
-      out.clear();
+      if (std::string error = take_front_job(); !error.empty()) {
+        return error;
+      }
+      jobs_.pop_front();
+    }
+    return {};
+  }
+
+  const GuideResult& result() const { return result_; }
+
+ private:
+  ChannelWork work_on(const GuideChannel& channel, Attempt attempt) const {
+    return {channel, run_.span, now_, attempt};
+  }
+
+  /// As many as there is room for, and as the machine has.
+  void start_jobs() {
+    while (next_ < channels_.size() && jobs_.size() < room_) {
+      std::optional<ChannelJob> job = start_job(work_on(channels_[next_], Attempt::first), jobs_);
+      if (!job) {
+        return;
+      }
+      jobs_.push_back(*std::move(job));
+      ++next_;
     }
   }
-  if (!write_fully(fd, out)) {
-    fail_channel(channel, std::strerror(errno));
-  }
-  _exit(EXIT_SUCCESS);
-}
 
-/// A channel that is worked on.
-struct Job {
-  const GuideChannel* channel;
-  FileDescriptor file;
-  pid_t process;
+  std::string take_front_job() {
+    if (!await_end(jobs_.front())) {
+      return std::strerror(errno);
+    }
+    if (jobs_.front().end == ChannelEnd::lacking && !repeat_front_job_alone()) {
+      return std::strerror(errno);
+    }
+    const ChannelJob& job = jobs_.front();
+    switch (*job.end) {
+      case ChannelEnd::done:
+        return take_programmes(job);
+      case ChannelEnd::lacking:
+        return "the machine is short of something that '" + job.channel->id + "' takes";
+      default:
+        ++result_.failed;
+        return {};
+    }
+  }
+
+  /// Nobody else takes what it lacked then. False, with errno set, when it cannot be started.
+  bool repeat_front_job_alone() {
+    room_ = std::max<size_t>(1, room_ / 2);
+    if (!std::ranges::all_of(jobs_, await_end)) {
+      return false;
+    }
+    const GuideChannel& channel = *jobs_.front().channel;
+    jobs_.pop_front();
+    std::optional<ChannelJob> job = start_job(work_on(channel, Attempt::last), jobs_);
+    if (!job) {
+      return false;
+    }
+    jobs_.push_front(*std::move(job));
+    return await_end(jobs_.front());
+  }
+
+  std::string take_programmes(const ChannelJob& job) {
+    const std::optional<uint64_t> count = copy_programmes(job.file.get(), fd_);
+    if (!count) {
+      return std::strerror(errno);
+    }
+    result_.programmes += *count;
+    if (!run_.quiet) {
+      std::fprintf(stderr, "%s: %llu programmes\n", job.channel->id.c_str(),
+                   static_cast<unsigned long long>(*count));
+    }
+    return {};
+  }
+
+  int fd_;
+  const std::vector<GuideChannel>& channels_;
+  const GuideRun& run_;
+  time_t now_;
+  size_t room_;  ///< for jobs at a time
+  size_t next_ = 0;
+  ChannelJobs jobs_;
+  GuideResult result_;
 };
-
-std::optional<Job> start_job(const GuideChannel& channel, const GuideRun& run, time_t now) {
-  Job job{&channel, open_scratch_file(), -1};
-  if (!job.file.is_open()) {
-    return std::nullopt;
-  }
-  job.process = fork();
-  if (job.process == 0) {
-    work_on_channel(channel, run.span, now, job.file.get());
-  }
-  return job.process > 0 ? std::optional(std::move(job)) : std::nullopt;
-}
-
-/// Waits for the channel's process; whether it did its work.
-bool end_job(const Job& job) {
-  int status = 0;
-  while (waitpid(job.process, &status, 0) < 0 && errno == EINTR) {
-  }
-  if (WIFSIGNALED(status)) {
-    std::fprintf(stderr, "tv_grab_nv8x: %s: ended by a signal: %s\n", job.channel->id.c_str(),
-                 strsignal(WTERMSIG(status)));
-  }
-  return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
-}
-
-/// Copies what the process wrote; the number of its programmes. Nothing when that fails.
-std::optional<uint64_t> copy_programmes(int from, int to) {
-  uint64_t count = 0;
-  std::array<char, sizeof(count)> head{};
-  if (lseek(from, 0, SEEK_SET) != 0 || read_fully(from, head.data(), head.size()) != head.size()) {
-    return std::nullopt;
-  }
-  std::memcpy(&count, head.data(), sizeof(count));
-  std::string buffer(64UL * 1024, '\0');
-  for (;;) {
-    const auto length = read_some(from, buffer.data(), buffer.size());
-    if (!length || !write_fully(to, std::string_view(buffer).substr(0, *length))) {
-      return std::nullopt;
-    }
-    if (*length == 0) {
-      return count;
-    }
-  }
-}
 
 }  // namespace
 
@@ -165,40 +148,15 @@ bool write_channels(int fd, const std::vector<GuideChannel>& channels) {
 }
 
 std::optional<GuideResult> write_guide(int fd, const std::vector<GuideChannel>& channels,
-                                       const GuideRun& run, time_t now) {
+                                       const GuideRun& run, time_t now, std::string& error) {
   if (!write_fully(fd, head_of(channels))) {
+    error = std::strerror(errno);
     return std::nullopt;
   }
-  GuideResult result;
-  std::deque<Job> jobs;
-  size_t next = 0;
-  while (next < channels.size() || !jobs.empty()) {
-    while (next < channels.size() && jobs.size() < static_cast<size_t>(run.jobs)) {
-      std::optional<Job> job = start_job(channels[next], run, now);
-      if (!job && jobs.empty()) {
-        return std::nullopt;
-      }
-      if (!job) {
-        break;  // the machine has no room for more at a time
-      }
-      jobs.push_back(*std::move(job));
-      ++next;
-    }
-    const Job job = std::move(jobs.front());
-    jobs.pop_front();
-    if (!end_job(job)) {
-      ++result.failed;
-      continue;
-    }
-    const std::optional<uint64_t> count = copy_programmes(job.file.get(), fd);
-    if (!count) {
-      return std::nullopt;
-    }
-    result.programmes += *count;
-    if (!run.quiet) {
-      std::fprintf(stderr, "%s: %llu programmes\n", job.channel->id.c_str(),
-                   static_cast<unsigned long long>(*count));
-    }
+  GuideWriter writer(fd, channels, run, now);
+  error = writer.write_all_programmes();
+  if (error.empty() && !write_fully(fd, foot)) {
+    error = std::strerror(errno);
   }
-  return write_fully(fd, foot) ? std::optional(result) : std::nullopt;
+  return error.empty() ? std::optional(writer.result()) : std::nullopt;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <ctime>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "grab/channel_programmes.hpp"
@@ -22,7 +25,8 @@ struct GuideResult {
 bool write_channels(int fd, const std::vector<GuideChannel>& channels);
 
 /// Writes the whole guide: all channels, then their programmes. Each channel is worked on in a
-/// process of its own, in its own zone and folder. Nothing, with errno set, when it cannot be
-/// written.
+/// process of its own, in its own zone and folder; one that lacks something of the machine is tried
+/// once more when no other works. Nothing, with `error`, when the guide as a whole fails: what was
+/// written is then no guide.
 std::optional<GuideResult> write_guide(int fd, const std::vector<GuideChannel>& channels,
-                                       const GuideRun& run, time_t now);
+                                       const GuideRun& run, time_t now, std::string& error);

@@ -144,9 +144,7 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
                                                             ConfigMistake& mistake) {
   ConfigParser parser;
   for (std::string_view rest = content; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find('\n'));
-    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    if (std::string text = parser.take_line(chomp(line)); !text.empty()) {
+    if (std::string text = parser.take_line(chomp(take_line(rest))); !text.empty()) {
       mistake = {parser.line(), std::move(text)};
       return std::nullopt;
     }
@@ -180,6 +178,19 @@ std::string complaint_about_channel(const GuideChannel& channel) {
   }
   return is_known_zone(channel.zone) ? std::string()
                                      : "the machine knows no zone '" + channel.zone + "'";
+}
+
+std::string complaint_about_value(std::string_view text) {
+  if (text.find('\n') != std::string_view::npos) {
+    return "The configuration cannot hold a line feed";
+  }
+  if (strip_blanks(chomp(text)) != text) {
+    return "The configuration cannot hold blanks around a text";
+  }
+  const std::string line = "= " + std::string(text);
+  return without_comment(line) == strip_blanks(line)
+             ? std::string()
+             : "A blank before # or ; begins a comment in the configuration";
 }
 
 bool is_channel_id(std::string_view text) {

@@ -36,6 +36,9 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
 /// What is wrong with the channel's folder, schedule or zone on this machine; empty: nothing.
 std::string complaint_about_channel(const GuideChannel& channel);
 
+/// Why the text would not be read from the configuration as it is written there; empty: it would.
+std::string complaint_about_value(std::string_view text);
+
 /// Whether the text can be a channel's id, the same in the configuration as in the guide: UTF-8
 /// without control characters and doubled blanks.
 bool is_channel_id(std::string_view text);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "grab/configure.hpp"
+#include "grab/early_end.hpp"
 #include "grab/grab_options.hpp"
 #include "grab/guide.hpp"
 #include "grab/guide_config.hpp"
@@ -51,51 +52,79 @@ std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command)
   return channels;
 }
 
-/// Writes what the command asks for; the exit status. An empty guide is no guide.
-int write_to(int fd, const GrabCommand& command, const std::vector<GuideChannel>& channels,
-             bool& is_empty) {
-  if (command.task == GrabTask::channels) {
-    return write_channels(fd, channels) ? EXIT_SUCCESS
-                                        : fail("the guide cannot be written", std::strerror(errno));
+enum class Outcome { whole, parts, empty, failed };
+
+/// Writes what the command asks for, and says what is wrong with it.
+Outcome write_to(int fd, const GrabCommand& command, const std::vector<GuideChannel>& channels) {
+  std::string error;
+  std::optional<GuideResult> result = GuideResult();
+  if (command.task == GrabTask::guide) {
+    result = write_guide(fd, channels, command.run, current_time(), error);
+  } else if (!write_channels(fd, channels)) {
+    error = std::strerror(errno);
   }
-  const auto result = write_guide(fd, channels, command.run, current_time());
-  if (!result) {
-    return fail("the guide cannot be written", std::strerror(errno));
+  if (!error.empty()) {
+    fail("the guide cannot be written", error);
+    return Outcome::failed;
   }
-  is_empty = result->programmes == 0 && !channels.empty();
-  if (is_empty && command.output.empty()) {
+  if (command.task == GrabTask::guide && result->programmes == 0 && !channels.empty()) {
+    return Outcome::empty;
+  }
+  return result->failed == 0 ? Outcome::whole : Outcome::parts;
+}
+
+int write_to_standard_output(const GrabCommand& command,
+                             const std::vector<GuideChannel>& channels) {
+  const Outcome outcome = write_to(STDOUT_FILENO, command, channels);
+  if (outcome == Outcome::empty) {
     fail("the guide", "no channel has a programme in these days");
   }
-  return result->failed == 0 && !is_empty ? EXIT_SUCCESS : EXIT_FAILURE;
+  return outcome == Outcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-/// Whether the file is a guide that has programmes, and so is not to be replaced by an empty one.
-bool has_programmes(const std::string& path) {
+/// Whether a guide without programmes may take the place of what is there; it says why not.
+bool may_be_emptied(const std::string& path) {
   const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
+  if (!file.is_open() && errno == ENOENT) {
+    return true;
+  }
   const auto content = file.is_open() ? read_content(file.get()) : std::nullopt;
-  return content && content->find("<programme ") != std::string::npos;
+  if (!content) {
+    fail(path, std::strerror(errno));
+    return false;
+  }
+  const bool has_programmes = content->find("<programme ") != std::string::npos;
+  if (has_programmes) {
+    fail(path, "the new guide is empty; the old one stays");
+  }
+  return !has_programmes;
 }
 
+/// A guide that lacks the channels that failed is published; one that could not be finished is not.
 int write_file(const GrabCommand& command, const std::vector<GuideChannel>& channels) {
-  GuideFile file(command.output);
+  GuideFile file(command.output, NewMode::readable);
   if (!file.is_open()) {
     return fail(command.output, std::strerror(errno));
   }
-  bool is_empty = false;
-  const int status = write_to(file.fd(), command, channels, is_empty);
-  if (is_empty && has_programmes(command.output)) {
-    return fail(command.output, "the new guide is empty; the old one stays");
+  const Outcome outcome = write_to(file.fd(), command, channels);
+  if (outcome == Outcome::failed ||
+      (outcome == Outcome::empty && file.is_draft() && !may_be_emptied(command.output))) {
+    return EXIT_FAILURE;
   }
-  if (is_empty) {
+  if (!file.publish()) {
+    return fail(command.output, std::strerror(errno));
+  }
+  if (outcome == Outcome::empty) {
     fail(command.output, "no channel has a programme in these days");
   }
-  return file.publish() ? status : fail(command.output, std::strerror(errno));
+  return outcome == Outcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
+  prepare_for_early_end();
   int status = EXIT_SUCCESS;
   const std::optional<GrabCommand> command = parse_grab_command(argc, argv, status);
   if (!command) {
@@ -108,7 +137,6 @@ int main(int argc, char** argv) {
   if (!channels) {
     return EXIT_FAILURE;
   }
-  bool is_empty = false;
-  return command->output.empty() ? write_to(STDOUT_FILENO, *command, *channels, is_empty)
+  return command->output.empty() ? write_to_standard_output(*command, *channels)
                                  : write_file(*command, *channels);
 }

@@ -10,6 +10,7 @@
 #include "platform/syntax/utf_8.hpp"
 #include "platform/time/local_stretches.hpp"
 #include "writers/append.hpp"
+#include "writers/listing_text.hpp"
 #include "writers/xml_escape.hpp"
 
 namespace {
@@ -19,19 +20,6 @@ constexpr std::array<uint16_t, 32> windows_1252 = {
     0x20ac, 0,      0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017d, 0,      0,      0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0,      0x017e, 0x0178};
-
-void append_utf_8(std::string& out, uint32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xc0U | (c >> 6U));
-    out += static_cast<char>(0x80U | (c & 0x3fU));
-  } else {
-    out += static_cast<char>(0xe0U | (c >> 12U));
-    out += static_cast<char>(0x80U | ((c >> 6U) & 0x3fU));
-    out += static_cast<char>(0x80U | (c & 0x3fU));
-  }
-}
 
 bool is_for_xml(uint32_t c) {
   return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && (c < 0x80 || c >= 0xa0);
@@ -64,19 +52,8 @@ std::string number_of(std::string_view text) {
                                                                            : std::string();
 }
 
-std::string title_of_file(std::string_view path) {
-  std::string_view name = file_name_of(path);
-  const size_t dot = name.rfind('.');
-  if (dot != std::string_view::npos && name.size() - dot <= 4) {
-    name = name.substr(0, dot);
-  }
-  std::string title(name);
-  for (char& c : title) {
-    if (c == '"' || c == '\'' || c == '\\' || c == '_') {
-      c = ' ';
-    }
-  }
-  title = clean_text(title);
+std::string clean_title_of_file(std::string_view path) {
+  std::string title = clean_text(title_of_file(path));
   return title.empty() ? "(untitled)" : title;
 }
 
@@ -87,7 +64,7 @@ void set_titles(ProgrammeTexts& texts, const Values& values, const ScheduleItem&
   texts.title = !program.empty() ? program
                 : !title.empty() ? title
                 : !label.empty() ? label
-                                 : title_of_file(item.item);
+                                 : clean_title_of_file(item.item);
   std::string sub_title = values.last("episode");
   if (is_number_or_fraction(sub_title)) {
     sub_title = program.empty() ? std::string() : title;
@@ -245,14 +222,7 @@ std::string clean_text(std::string_view text) {
       clean += ' ';
       is_blank_due = false;
     }
-    if (*c < 0x10000) {
-      append_utf_8(clean, *c);
-    } else {
-      clean += static_cast<char>(0xf0U | (*c >> 18U));
-      clean += static_cast<char>(0x80U | ((*c >> 12U) & 0x3fU));
-      clean += static_cast<char>(0x80U | ((*c >> 6U) & 0x3fU));
-      clean += static_cast<char>(0x80U | (*c & 0x3fU));
-    }
+    append_utf_8(clean, *c);
   }
   return clean;
 }
@@ -286,12 +256,17 @@ ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set) {
   return texts;
 }
 
+bool has_four_digit_year(time_t t) {
+  std::tm tm{};
+  return localtime_r(&t, &tm) != nullptr && tm.tm_year + 1900 <= 9999;
+}
+
 void append_programme(std::string& out, const Programme& programme, const std::string& channel,
                       const std::string& language) {
   const ProgrammeTexts& texts = programme.texts;
   append(out, "  <programme start=\"");
   append_time(out, programme.start);
-  if (programme.stop > programme.start) {
+  if (programme.stop > programme.start && has_four_digit_year(programme.stop)) {
     append(out, "\" stop=\"");
     append_time(out, programme.stop);
   }

@@ -42,7 +42,11 @@ struct Programme {
 /// What the metadata of an item (or none) say of it.
 ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set);
 
-/// Appends the programme as an element of XMLTV, with times in the local zone.
+/// Whether XMLTV has room for the time's local year, which has four digits there.
+bool has_four_digit_year(time_t t);
+
+/// Appends the programme as an element of XMLTV, with times in the local zone. A stop that is not
+/// known, lies before the start or has a year of five digits is left out.
 void append_programme(std::string& out, const Programme& programme, const std::string& channel,
                       const std::string& language);
 

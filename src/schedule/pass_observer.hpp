@@ -33,6 +33,10 @@ class PassObserver {
 
   /// An item is replaced by what the schedule in its file airs.
   virtual void replacing_by_schedule(const ScheduleItem& /*item*/) {}
-  /// An item of that schedule is inserted at `start`.
-  virtual void inserting_from_schedule(uint64_t /*start*/) {}
+  /// An item of that schedule is inserted.
+  virtual void inserting_from_schedule(uint64_t /*start*/, uint64_t /*end*/) {}
+  /// The unit of that schedule ends before the item that it replaces.
+  virtual void wrapping_around() {}
+  /// Schedules within schedules are replaced no deeper.
+  virtual void reaching_last_level() {}
 };

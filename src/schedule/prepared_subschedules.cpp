@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/system/messages.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/watchdog.hpp"
 
@@ -17,8 +17,7 @@ bool prepare(Schedule& schedule, const std::string& path) {
     fail_run_if_short("Unable to open %s: %s", path.c_str());
     return false;
   }
-  remove_reversed_items(schedule);
-  return fix_schedule_file(schedule) && patch_schedule_default_items(schedule);
+  return complete_schedule(schedule) == nullptr;
 }
 
 PreparedSubschedule prepare(const std::string& path) {

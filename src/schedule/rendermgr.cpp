@@ -2,13 +2,13 @@
 
 #include <fcntl.h>
 
-#include <cstdio>
 #include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "platform/syntax/text.hpp"
 #include "platform/system/line_reader.hpp"
+#include "platform/system/messages.hpp"
 
 namespace {
 
@@ -36,8 +36,8 @@ std::optional<std::string> read_rendermgr(const std::string& path) {
     }
   }
   if (file.error() != 0) {
-    std::fprintf(stderr, "WARNING: Rendermgr file %s, cannot be read further, %s\n", path.c_str(),
-                 std::strerror(file.error()));
+    print_warning(Warning::cut_short, "WARNING: Rendermgr file %s, cannot be read further, %s\n",
+                  path.c_str(), std::strerror(file.error()));
   }
   return schedule_path;
 }

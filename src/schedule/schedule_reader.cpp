@@ -205,8 +205,8 @@ bool read_schedule_file(Schedule& schedule, const char* path, Links links) {
     builder.add_part(part);
   }
   if (const int error = file.error(); error != 0) {
-    print_diagnostic("WARNING: Schedule file %s, cannot be read further, %s\n", path,
-                     std::strerror(error));
+    print_warning(Warning::cut_short, "WARNING: Schedule file %s, cannot be read further, %s\n",
+                  path, std::strerror(error));
   }
   builder.finish();
   return true;

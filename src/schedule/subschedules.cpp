@@ -115,7 +115,7 @@ void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, u
     copy.start = from;
     copy.end = to;
     if (outer.observer != nullptr) {
-      outer.observer->inserting_from_schedule(from);
+      outer.observer->inserting_from_schedule(from, to);
     }
     outer.schedule.insert_or_assign(from, std::move(copy));
   }
@@ -134,14 +134,17 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
     // The round ends with the last second of the subschedule's unit, not behind it.
     uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
     if (round_end <= position) {
-      print_diagnostic("WARNING: schedule wraparound.\n");
+      print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
+      if (outer.observer != nullptr) {
+        outer.observer->wrapping_around();
+      }
       const uint64_t unit_length = unit_length_of(outer);
       if (unit_length == 0) {
         std::abort();
       }
       round_end += unit_length;
       if (round_end <= position) {
-        print_diagnostic("Um, even after correction\n");
+        print_warning(Warning::pass, "Um, even after correction\n");
         return;
       }
     }
@@ -215,5 +218,8 @@ void patch_all_subschedules(Schedule& schedule) {
       return;
     }
   }
-  print_diagnostic("Warning: too many subschedules\n");
+  print_warning(Warning::pass, "Warning: too many subschedules\n");
+  if (schedule.observer != nullptr) {
+    schedule.observer->reaching_last_level();
+  }
 }

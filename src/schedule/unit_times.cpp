@@ -4,35 +4,30 @@
 
 #include "platform/time/calendar.hpp"
 
-bool compute_unit_times(Schedule& schedule, time_t report_time) {
-  const ScheduleType* type = find_schedule_type(schedule.type);
+Unit unit_of(const ScheduleType* type, time_t t) {
   switch (type != nullptr ? type->period : UnitPeriod::none) {
     case UnitPeriod::none:
       std::abort();
     case UnitPeriod::day:
-      schedule.unit_start = calendar_start_of_day(report_time);
-      schedule.unit_end = calendar_end_of_day(report_time);
-      break;
+      return {calendar_start_of_day(t), calendar_end_of_day(t), type->unit_days};
     case UnitPeriod::week:
-      schedule.unit_start = calendar_start_of_week(report_time);
-      schedule.unit_end = calendar_end_of_week(report_time);
-      break;
+      return {calendar_start_of_week(t), calendar_end_of_week(t), type->unit_days};
     case UnitPeriod::month:
-      schedule.unit_start = calendar_start_of_month(report_time);
-      schedule.unit_end = calendar_end_of_month(report_time);
-      break;
+      return {calendar_start_of_month(t), calendar_end_of_month(t), type->unit_days};
     case UnitPeriod::year:
-      schedule.unit_start = calendar_start_of_year(report_time);
-      schedule.unit_end = calendar_end_of_year(report_time);
-      break;
+      return {calendar_start_of_year(t), calendar_end_of_year(t), type->unit_days};
     case UnitPeriod::month_and_neighbours:
-      constexpr time_t a_day = seconds_per_day;
-      schedule.unit_start =
-          calendar_start_of_month(calendar_shift(calendar_start_of_month(report_time), -a_day));
-      schedule.unit_end =
-          calendar_end_of_month(calendar_shift(calendar_end_of_month(report_time), a_day));
       break;
   }
-  schedule.unit_days = type->unit_days;
+  constexpr time_t a_day = seconds_per_day;
+  return {calendar_start_of_month(calendar_shift(calendar_start_of_month(t), -a_day)),
+          calendar_end_of_month(calendar_shift(calendar_end_of_month(t), a_day)), type->unit_days};
+}
+
+bool compute_unit_times(Schedule& schedule, time_t report_time) {
+  const Unit unit = unit_of(find_schedule_type(schedule.type), report_time);
+  schedule.unit_start = unit.start;
+  schedule.unit_end = unit.end;
+  schedule.unit_days = unit.days;
   return true;
 }

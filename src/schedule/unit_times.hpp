@@ -4,7 +4,17 @@
 
 #include "schedule/schedule.hpp"
 
-/// Places the schedule's unit in the calendar: sets unit_start, unit_end and unit_days to the
-/// unit that holds `report_time`. An endless schedule gets the month of the report time and its
-/// neighbours. Always true; a schedule of a type without unit aborts the process.
+/// A unit in the calendar.
+struct Unit {
+  time_t start;  ///< its first and last second, calendar time
+  time_t end;
+  int days;  ///< of the padded calendar
+};
+
+/// The unit that holds the calendar time `t` in a schedule of that type. That of an endless one is
+/// the month of `t` and its neighbours. A type without unit, or none, aborts the process.
+Unit unit_of(const ScheduleType* type, time_t t);
+
+/// Places the schedule in the unit that holds `report_time`: sets unit_start, unit_end and
+/// unit_days. Always true.
 bool compute_unit_times(Schedule& schedule, time_t report_time);

@@ -3,6 +3,8 @@
 #include <array>
 #include <charconv>
 
+#include "platform/time/local_text.hpp"
+
 namespace {
 
 /// Long enough for any 64-bit number.
@@ -93,6 +95,5 @@ void append_iso8601(std::string& out, const std::tm& tm) {
     set_two_digits(text + 22, minutes % 60);
     return;
   }
-  std::array<char, 256> text{};
-  out.append(text.data(), std::strftime(text.data(), text.size(), "%FT%T%z", &tm));
+  out.append(local_text(tm, "%FT%T%z"));
 }

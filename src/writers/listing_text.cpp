@@ -6,20 +6,6 @@ namespace {
 
 constexpr size_t longest_extension = 3;
 
-std::string title_of_file(std::string_view path) {
-  std::string title(file_name_of(path));
-  const size_t dot = title.rfind('.');
-  if (dot != std::string::npos && title.size() - dot - 1 <= longest_extension) {
-    title.resize(dot);
-  }
-  for (char& c : title) {
-    if (c == '"' || c == '\'' || c == '\\' || c == '_') {
-      c = ' ';
-    }
-  }
-  return title;
-}
-
 }  // namespace
 
 std::string csv_quote(std::string_view text) {
@@ -44,6 +30,20 @@ void trim_blanks(std::string& text) {
 std::optional<std::string> find_value(const MetadataMap& metadata, std::string_view name) {
   const auto found = metadata.find(name);
   return found != metadata.end() ? std::optional(found->second) : std::nullopt;
+}
+
+std::string title_of_file(std::string_view path) {
+  std::string title(file_name_of(path));
+  const size_t dot = title.rfind('.');
+  if (dot != std::string::npos && title.size() - dot - 1 <= longest_extension) {
+    title.resize(dot);
+  }
+  for (char& c : title) {
+    if (c == '"' || c == '\'' || c == '\\' || c == '_') {
+      c = ' ';
+    }
+  }
+  return title;
 }
 
 std::string listing_title(const MetadataMap& metadata, std::string_view path) {

@@ -26,6 +26,10 @@ std::string first_value(const MetadataMap& metadata, const Names&... names) {
   return value.value_or(std::string());
 }
 
+/// A title made of a file's name: without its extension of at most three letters, and with blanks
+/// for quotes, backslashes and underscores.
+std::string title_of_file(std::string_view path);
+
 /// The programme's or the item's title or, when that is blank, one made from its file name.
 std::string listing_title(const MetadataMap& metadata, std::string_view path);
 

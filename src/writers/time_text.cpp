@@ -4,42 +4,31 @@
 #include <cstdint>
 
 #include "platform/time/calendar.hpp"
+#include "platform/time/calendar_names.hpp"
+#include "platform/time/local_text.hpp"
 
 namespace {
 
-constexpr std::array<const char*, 12> month_names = {
-    "January", "February", "March",     "April",   "May",      "June",
-    "July",    "August",   "September", "October", "November", "December"};
-constexpr std::array<const char*, 7> day_names = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                  "Thursday", "Friday", "Saturday"};
 constexpr std::array<const char*, 4> suffixes = {"th", "st", "nd", "rd"};
 
-std::string format_local(time_t t, const char* format) {
-  std::tm tm{};
-  std::array<char, 256> text{};
-  if (localtime_r(&t, &tm) == nullptr) {
-    return {};
-  }
-  return {text.data(), std::strftime(text.data(), text.size(), format, &tm)};
-}
-
 template <size_t count>
-const char* name_in(const std::array<const char*, count>& names, int index) {
-  return index >= 0 && index < static_cast<int>(count) ? names[static_cast<size_t>(index)] : "";
+const char* name_in(const std::array<std::string_view, count>& names, int index) {
+  return index >= 0 && index < static_cast<int>(count) ? names[static_cast<size_t>(index)].data()
+                                                       : "";
 }
 
 }  // namespace
 
 std::string time_to_iso8601(time_t t) {
-  return format_local(t, "%FT%T%z");
+  return local_text(t, "%FT%T%z");
 }
 
 std::string time_to_date(time_t t) {
-  return format_local(t, "%F");
+  return local_text(t, "%F");
 }
 
 std::string time_to_clock(time_t t) {
-  return format_local(t, "%R");
+  return local_text(t, "%R");
 }
 
 std::string minutes_between(time_t start, time_t end) {
@@ -52,7 +41,7 @@ const char* month_name(int month) {
 }
 
 const char* day_name(int weekday) {
-  return name_in(day_names, weekday);
+  return name_in(weekday_names, weekday);
 }
 
 const char* ordinal_suffix(int day) {

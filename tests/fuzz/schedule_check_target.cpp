@@ -22,9 +22,8 @@ void run_target(std::string_view input) {
   static const ScratchFolder folder;
   folder.write("channel.schedule", input);
   bool is_read = false;
-  const FileReports found =
-      check_schedule_file("channel.schedule", folder.path() + "/channel.schedule",
-                          {.media = false, .report_time = report_time}, is_read);
+  const FileReports found = check_schedule_file(
+      folder.path() + "/channel.schedule", {.media = false, .report_time = report_time}, is_read);
   require(is_read, "a file that is there is read");
   const auto lines = std::ranges::count(input, '\n') + 1;
   Place last;

@@ -18,12 +18,11 @@
 #include "fuzz/one_process.hpp"
 #include "fuzz/scratch_folder.hpp"
 #include "fuzz/whole_run_input.hpp"
-#include "metadata/merge_play_log.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/standalone/mime_type.hpp"
-#include "schedule/block_announce.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_reader.hpp"
-#include "schedule/subschedules.hpp"
 
 namespace {
 
@@ -100,12 +99,11 @@ bool all_have_types(const WholeRunInput& input) {
 
 void run() {
   Schedule schedule;
-  load_schedule(schedule);
-  merge_play_log(schedule, run_options.schedule_path);
-  const ReportWindow window = report_window(schedule);
-  block_announce_subst(schedule);
-  patch_all_subschedules(schedule);
-  print_document(schedule, window);
+  read_schedule(schedule);
+  report_failed_pass(complete_schedule(schedule));
+  report_failed_pass(place_schedule(schedule, static_cast<time_t>(run_options.report_time),
+                                    run_options.schedule_path));
+  print_document(schedule, report_window(schedule));
   check_document(printed, schedule);
 }
 

@@ -38,7 +38,7 @@ std::string text_of(const std::vector<Report>& reports) {
 std::string findings_in(const std::string& content) {
   WrittenSchedule written(content);
   std::vector<Report> reports;
-  read_and_check_lines(written, false, reports);
+  read_and_check_lines(written, "f", false, reports);
   return text_of(reports);
 }
 
@@ -142,7 +142,7 @@ TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
   WrittenSchedule written("*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n");
   std::vector<Report> reports;
-  read_and_check_lines(written, false, reports);
+  read_and_check_lines(written, "f", false, reports);
   EXPECT_EQ(text_of(reports),
             "3:2 repeated-key: 'item' is given again; this line is of no effect\n  4:2 here\n");
   const WrittenSection* item = written.item_at(3600);

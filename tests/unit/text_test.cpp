@@ -33,6 +33,17 @@ TEST(Text, ChompTakesEveryLineEnd) {
   EXPECT_EQ(chomp("a \n"), "a ");
 }
 
+TEST(Text, LinesAreTakenOneByOne) {
+  std::string_view text = "a\r\n\nb";
+  EXPECT_EQ(take_line(text), "a\r");
+  EXPECT_EQ(take_line(text), "");
+  EXPECT_EQ(take_line(text), "b");
+  EXPECT_EQ(text, "");
+  text = "a\n";
+  EXPECT_EQ(take_line(text), "a");
+  EXPECT_EQ(text, "");
+}
+
 TEST(Text, PairsSplitAtTheFirstEqualsSign) {
   EXPECT_EQ(plain("a=b"), "a|b");
   EXPECT_EQ(plain(" a b \t=\t c = d "), "a b|c = d");

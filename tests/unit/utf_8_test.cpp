@@ -21,6 +21,24 @@ TEST(Utf8, TakesTheShortestFormOfEachLength) {
   EXPECT_EQ(taken("\xf4\x8f\xbf\xbf!"), std::pair(0x10ffffL, std::string("!")));
 }
 
+std::string written(uint32_t c) {
+  std::string out = "a";
+  append_utf_8(out, c);
+  return out;
+}
+
+TEST(Utf8, WritesTheFirstAndTheLastOfEachLength) {
+  EXPECT_EQ(written(0), std::string("a\0", 2));
+  EXPECT_EQ(written(0x7f), "a\x7f");
+  EXPECT_EQ(written(0x80), "a\xc2\x80");
+  EXPECT_EQ(written(0x7ff), "a\xdf\xbf");
+  EXPECT_EQ(written(0x800), "a\xe0\xa0\x80");
+  EXPECT_EQ(written(0xd800), "a\xed\xa0\x80");
+  EXPECT_EQ(written(0xffff), "a\xef\xbf\xbf");
+  EXPECT_EQ(written(0x10000), "a\xf0\x90\x80\x80");
+  EXPECT_EQ(written(0x10ffff), "a\xf4\x8f\xbf\xbf");
+}
+
 TEST(Utf8, LeavesTheTextAloneWhereItBeginsWithNone) {
   for (const char* text :
        {"\x80", "\xc1\xbf", "\xc3", "\xc3(", "\xe0\x9f\xbf", "\xed\xa0\x80", "\xe2\x82",

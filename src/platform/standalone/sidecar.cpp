@@ -74,9 +74,7 @@ FileMetadata read_sidecar(int directory, const std::string& media_name) {
   KnownGroups known_groups;
   int32_t group = no_group;
   for (std::string_view rest = *content; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find('\n'));
-    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    const std::string_view text = strip_blanks(chomp(line));
+    const std::string_view text = strip_blanks(chomp(take_line(rest)));
     if (text.empty() || text.front() == '#') {
       continue;
     }

@@ -4,6 +4,8 @@
 #include <optional>
 #include <system_error>
 
+#include "platform/syntax/utf_8.hpp"
+
 namespace {
 
 /// The escape of the character at the text's front, and how many bytes it stands for; empty when
@@ -73,12 +75,6 @@ bool is_second_half(std::optional<unsigned> number) {
   return number && *number >= 0xdc00 && *number <= 0xdfff;
 }
 
-void append_three_bytes(std::string& out, unsigned number) {
-  out += static_cast<char>(0xe0U | (number >> 12U));
-  out += static_cast<char>(0x80U | ((number >> 6U) & 0x3fU));
-  out += static_cast<char>(0x80U | (number & 0x3fU));
-}
-
 }  // namespace
 
 void append_json_string(std::string& out, std::string_view text) {
@@ -122,7 +118,7 @@ std::string with_lone_surrogates_as_bytes(std::string_view json) {
     if (is_first_half(number) && is_second_half(escaped_number(json.substr(escape_length)))) {
       length = 2 * escape_length;
     } else if (number && (is_first_half(number) || is_second_half(number))) {
-      append_three_bytes(out, *number);
+      append_utf_8(out, *number);
       json.remove_prefix(escape_length);
       continue;
     }

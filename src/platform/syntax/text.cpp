@@ -14,6 +14,12 @@ std::string upper_case(std::string_view text) {
   return upper;
 }
 
+std::string_view take_line(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  return line;
+}
+
 std::string_view file_name_of(std::string_view path) {
   return path.substr(path.rfind('/') + 1);  // npos + 1 is 0: no "/", the whole path
 }

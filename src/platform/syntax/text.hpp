@@ -63,6 +63,9 @@ constexpr std::string_view chomp(std::string_view line) {
   return line;
 }
 
+/// Takes the first line off the text, which is not empty, and gives it without its line feed.
+std::string_view take_line(std::string_view& text);
+
 /// The text behind the last "/", or the whole text when it holds none.
 std::string_view file_name_of(std::string_view path);
 

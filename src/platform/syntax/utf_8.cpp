@@ -31,3 +31,24 @@ std::optional<uint32_t> take_utf_8(std::string_view& text) {
   text.remove_prefix(length);
   return c;
 }
+
+void append_utf_8(std::string& out, uint32_t c) {
+  const auto append_tail = [&](unsigned shift) {
+    out += static_cast<char>(0x80U | ((c >> shift) & 0x3fU));
+  };
+  if (c < 0x80) {
+    out += static_cast<char>(c);
+    return;
+  }
+  if (c < 0x800) {
+    out += static_cast<char>(0xc0U | (c >> 6U));
+  } else if (c < 0x10000) {
+    out += static_cast<char>(0xe0U | (c >> 12U));
+    append_tail(6);
+  } else {
+    out += static_cast<char>(0xf0U | (c >> 18U));
+    append_tail(12);
+    append_tail(6);
+  }
+  append_tail(0);
+}

@@ -50,6 +50,17 @@ void FileDescriptor::reset(int fd) {
   fd_ = fd;
 }
 
+FileState look_at(const std::string& path) {
+  struct stat status = {};
+  if (lstat(path.c_str(), &status) != 0) {
+    return FileState::missing;
+  }
+  if (S_ISREG(status.st_mode)) {
+    return FileState::regular;
+  }
+  return S_ISLNK(status.st_mode) ? FileState::link : FileState::other;
+}
+
 FileDescriptor open_regular_file(int directory, const char* path, Links links) {
   const bool follows = links == Links::followed;
   struct stat status = {};

@@ -23,6 +23,13 @@ class FileDescriptor {
   int fd_;
 };
 
+/// What lies at a path. A link in the file's own place is not followed, one in a folder's is.
+enum class FileState { regular, link, other, missing };
+
+/// errno is set when nothing can be seen there. A channel's schedule is read only where this is
+/// `regular`, in every program; what its items name may be links.
+FileState look_at(const std::string& path);
+
 /// What becomes of a path that is itself a link.
 enum class Links { followed, refused };
 

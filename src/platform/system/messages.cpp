@@ -15,6 +15,17 @@ void print_error(const char* message) {
 }
 
 FailureReporter report = print_error;
+WarningReporter report_warning = nullptr;
+
+void say(const std::string& text) {
+  if (is_printing) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  }
+  if (record != nullptr) {
+    *record += text;
+  }
+}
+int status_of_failure = EXIT_FAILURE;
 
 }  // namespace
 
@@ -33,17 +44,28 @@ void print_diagnostic(const char* format, ...) {
   va_start(arguments, format);
   const std::string text = format_text(format, arguments);
   va_end(arguments);
-  if (is_printing) {
-    std::fwrite(text.data(), 1, text.size(), stderr);
+  say(text);
+}
+
+void print_warning(Warning kind, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const std::string text = format_text(format, arguments);
+  va_end(arguments);
+  if (report_warning == nullptr) {
+    say(text);
+  } else {
+    report_warning(kind, text);
   }
-  if (record != nullptr) {
-    *record += text;
-  }
+}
+
+void set_warning_reporter(WarningReporter reporter) {
+  report_warning = reporter;
 }
 
 DiagnosticsRecord::DiagnosticsRecord(Printing printing)
     : record_around_(record), was_printing_(is_printing) {
-  record = &text_;
+  record = printing == Printing::on ? &text_ : nullptr;
   is_printing = is_printing && printing == Printing::on;
 }
 
@@ -52,8 +74,13 @@ DiagnosticsRecord::~DiagnosticsRecord() {
   is_printing = was_printing_;
 }
 
-void set_failure_reporter(FailureReporter reporter) {
+void set_failure_reporter(FailureReporter reporter, int status) {
   report = reporter;
+  status_of_failure = status;
+}
+
+int failure_status() {
+  return status_of_failure;
 }
 
 void fail_run(const char* format, ...) {
@@ -62,7 +89,7 @@ void fail_run(const char* format, ...) {
   const std::string message = format_text(format, arguments);
   va_end(arguments);
   report(message.c_str());
-  std::exit(EXIT_FAILURE);
+  std::exit(status_of_failure);
 }
 
 void fail_run_if_short(const char* format, const char* name) {

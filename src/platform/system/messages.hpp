@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <string_view>
 
 // What the run has to say on standard error, and failures that end it wherever they come up below
 // the driver, which says how errors are told.
@@ -12,8 +13,21 @@
 /// Prints what the reader and the passes have to say of a schedule, as std::fprintf does.
 [[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
 
+enum class Warning {
+  pass,       ///< a pass cannot do all that the schedule asks for
+  cut_short,  ///< an error ends the reading of a file
+};
+
+/// The same for what is more than a repair.
+[[gnu::format(printf, 2, 3)]] void print_warning(Warning kind, const char* format, ...);
+
+/// Takes each warning in place of standard error, whoever leaves what is said unsaid.
+using WarningReporter = void (*)(Warning kind, std::string_view text);
+void set_warning_reporter(WarningReporter reporter);
+
 /// Keeps a copy of those while it lives. What was said of a schedule that is used again can so be
-/// said again, or be left unsaid. Within one that leaves them unsaid nothing is printed.
+/// said again, or be left unsaid. One that leaves them unsaid keeps nothing, and within it nothing
+/// is printed.
 class DiagnosticsRecord {
  public:
   enum class Printing { on, off };
@@ -32,10 +46,13 @@ class DiagnosticsRecord {
 
 /// Prints the message of a failure; need not return.
 using FailureReporter = void (*)(const char* message);
-void set_failure_reporter(FailureReporter reporter);
 
-/// Ends the run with status 1 and the message, a printf format and its arguments: by default with
-/// "Error: " before it on standard error.
+/// Sets who tells of failures, and the status of a run that ends by one.
+void set_failure_reporter(FailureReporter reporter, int status = 1);
+int failure_status();
+
+/// Ends the run with that status, 1 by default, and the message, a printf format and its arguments:
+/// by default with "Error: " before it on standard error.
 [[noreturn, gnu::format(printf, 1, 2)]] void fail_run(const char* format, ...);
 
 /// To be called when a system call failed without which the document would come out poorer: fails

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
 
 namespace {
 
@@ -28,7 +29,7 @@ volatile std::sig_atomic_t is_begun = 0;
 [[noreturn]] void fail_output(int error) {
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
   // What is still buffered could not be written either.
-  std::_Exit(EXIT_FAILURE);
+  std::_Exit(failure_status());
 }
 
 void write_out(std::string_view text) {
@@ -50,10 +51,11 @@ void write_out_buffer() {
 
 void prepare_standard_streams() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // Read-only on purpose: what is written to a closed stream must fail.
-    if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", O_RDONLY) == -1) {
+    // The wrong way round on purpose: what uses a closed stream must fail.
+    const int flags = fd == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", flags) == -1) {
       std::fprintf(stderr, "Unable to open /dev/null: %s\n", std::strerror(errno));
-      std::_Exit(EXIT_FAILURE);
+      std::_Exit(failure_status());
     }
   }
   std::signal(SIGPIPE, SIG_IGN);

@@ -5,7 +5,7 @@
 
 // Standard output. Documents are composed into a text and handed over in large pieces; every
 // write is checked, so that a listing cut short by a full disk never passes for a whole one. When
-// a write fails the run ends with status 1 and the system's error text on standard error.
+// a write fails the run ends with failure_status() and the system's error text on standard error.
 
 /// Keeps files that the run opens from taking the place of a closed standard stream, and makes a
 /// reader that went away and a file that grew too large errors like any other instead of signals.

@@ -1,19 +1,21 @@
 #include "platform/time/written_time.hpp"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/syntax/text.hpp"
+#include "platform/time/calendar_names.hpp"
 
 namespace {
 
 constexpr int first_year = 1900;
 
-constexpr std::array<std::string_view, 7> weekday_letters = {"sun", "mon", "tue", "wed",
-                                                             "thu", "fri", "sat"};
-constexpr std::array<std::string_view, 12> month_names = {
-    "january", "february", "march",     "april",   "may",      "june",
-    "july",    "august",   "september", "october", "november", "december"};
 constexpr std::array<std::string_view, 4> ordinal_suffixes = {"st", "nd", "rd", "th"};
+
+/// Whether the text, which is in lower case, is that name.
+bool is_name(std::string_view text, std::string_view name) {
+  return std::ranges::equal(text, name, {}, {}, to_lower);
+}
 
 /// A weekday is known by its first three letters, whatever letters follow.
 std::optional<int> take_weekday(TimeText& rest) {
@@ -33,7 +35,8 @@ std::optional<int> take_weekday(TimeText& rest) {
 std::optional<int> take_month_name(TimeText& rest) {
   const std::string_view word = rest.substr(0, count_letters(rest));
   for (size_t month = 0; month < month_names.size(); ++month) {
-    if ((word == month_names[month] || word == month_names[month].substr(0, 3)) &&
+    const std::string_view name = month_names[month];
+    if ((is_name(word, name) || is_name(word, name.substr(0, short_name_length))) &&
         at_boundary(rest.substr(word.size()))) {
       rest.remove_prefix(word.size());
       return static_cast<int>(month) + 1;
@@ -192,8 +195,9 @@ std::optional<WrittenDate> take_plain_date(TimeText& rest) {
 }  // namespace
 
 std::optional<int> find_weekday(std::string_view text) {
-  for (size_t weekday = 0; weekday < weekday_letters.size(); ++weekday) {
-    if (text.starts_with(weekday_letters[weekday])) {
+  for (size_t weekday = 0; weekday < weekday_names.size(); ++weekday) {
+    const std::string_view name = weekday_names[weekday].substr(0, short_name_length);
+    if (is_name(text.substr(0, short_name_length), name)) {
       return static_cast<int>(weekday);
     }
   }

@@ -1,0 +1,160 @@
+#include "check/subschedule_check.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "check/time_advice.hpp"
+#include "metadata/item_metadata.hpp"
+#include "schedule/schedule_reader.hpp"
+#include "schedule/subschedules.hpp"
+
+namespace {
+
+class SubscheduleCheck : public PassObserver {
+ public:
+  SubscheduleCheck(WrittenSchedule& written, std::vector<Report>& reports)
+      : written_(written), reports_(reports) {}
+
+  void check() {
+    Schedule& schedule = written_.schedule;
+    if (schedule.unit_length == 0) {
+      return;  // it has its finding, and no run gets so far
+    }
+    // They are announced already. Doing so again could end the run where a schedule airs nothing.
+    schedule.blocks.clear();
+    schedule.observer = this;
+    patch_all_subschedules(schedule);
+    schedule.observer = nullptr;
+    check_filling();
+    if (is_last_level_reached_) {
+      check_what_is_left();
+    }
+  }
+
+  void replacing_by_schedule(const ScheduleItem& item) override {
+    check_filling();
+    filling_ = {item.item, item.start, item.end};
+    if (root_at(item.start) == nullptr) {
+      roots_[item.start] = {item.end, item.item, place_of(item.item, item.start)};
+    }
+  }
+
+  void inserting_from_schedule(uint64_t /*start*/, uint64_t end) override {
+    filling_.filled_to = std::max(filling_.filled_to, end);
+  }
+
+  void wrapping_around() override { filling_.is_wrapped_around = true; }
+
+  void reaching_last_level() override { is_last_level_reached_ = true; }
+
+ private:
+  /// An item of the file, written or a default one, in whose place a schedule airs.
+  struct Root {
+    uint64_t end;
+    std::string path;
+    Place place;
+  };
+
+  /// The item whose place a schedule takes at the moment.
+  struct Filling {
+    std::string path;
+    uint64_t start = 0;
+    uint64_t end = 0;
+    uint64_t filled_to = 0;
+    bool is_wrapped_around = false;  ///< the schedule's unit ended before the item
+  };
+
+  const Root* root_at(uint64_t position) const {
+    const auto behind = roots_.upper_bound(position);
+    if (behind == roots_.begin() || std::prev(behind)->second.end <= position) {
+      return nullptr;
+    }
+    return &std::prev(behind)->second;
+  }
+
+  /// Of the item that starts there; of another with that path where a block took its beginning.
+  Place place_of(const std::string& path, uint64_t start) const {
+    const WrittenSection* item = written_.item_at(start);
+    if (item != nullptr && item->text_of(ScheduleKey::item) == path) {
+      return item->place_of(ScheduleKey::item);
+    }
+    const auto default_path = written_.default_paths.find(path);
+    if (default_path != written_.default_paths.end()) {
+      return default_path->second;
+    }
+    for (const WrittenSection& other : written_.items) {
+      if (other.text_of(ScheduleKey::item) == path) {
+        return other.place_of(ScheduleKey::item);
+      }
+    }
+    return {};
+  }
+
+  void add(Finding finding, const Root& root, const std::string& text) {
+    if (reported_.emplace(root.place.line, finding).second) {
+      reports_.push_back({finding, root.place, text, {}});
+    }
+  }
+
+  /// A unit that ends with the item costs nothing, and neither does one that is the longer of the
+  /// two: its other days fill the item.
+  void check_filling() {
+    const Root* root = root_at(filling_.start);
+    if (root == nullptr || filling_.filled_to >= filling_.end) {
+      return;
+    }
+    const ScheduleType& type = *find_schedule_type(written_.schedule.type);
+    const std::string schedule = "the schedule " + quoted(filling_.path);
+    const std::string end = written_end(filling_.end, type);
+    if (filling_.filled_to == 0) {
+      add(Finding::wraparound, *root,
+          "nothing of " + schedule + " airs here, from " + written_position(filling_.start, type) +
+              " to " + end + ": the ends of its items fall together with their starts");
+    } else if (filling_.is_wrapped_around) {
+      add(Finding::wraparound, *root,
+          schedule + " airs only to the end of its unit, " + written_end(filling_.filled_to, type) +
+              ", and not to " + end + "; write an item for each of its units");
+    }
+  }
+
+  void check_what_is_left() {
+    for (const auto& [start, item] : written_.schedule.schedule) {
+      const Root* root = root_at(start);
+      if (root != nullptr && !item.is_block && is_schedule(item)) {
+        add(Finding::too_deep, *root,
+            "the schedule " + quoted(root->path) + " leads more than ten levels deep: " +
+                quoted(item.item) + " stays unread, and nothing in it airs");
+      }
+    }
+  }
+
+  bool is_schedule(const ScheduleItem& item) {
+    const auto [known, is_new] = known_.emplace(item.item, false);
+    if (is_new) {
+      const OpenedMetadata opened = open_item_metadata(item);
+      Schedule schedule;
+      known->second =
+          find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) != nullptr &&
+          read_schedule_file(schedule, item.item.c_str());
+    }
+    return known->second;
+  }
+
+  WrittenSchedule& written_;
+  std::vector<Report>& reports_;
+  std::map<uint64_t, Root> roots_;  ///< by start
+  std::set<std::pair<int64_t, Finding>> reported_;
+  std::map<std::string, bool> known_;  ///< which paths are those of schedules
+  Filling filling_;
+  bool is_last_level_reached_ = false;
+};
+
+}  // namespace
+
+void check_subschedules(WrittenSchedule& written, std::vector<Report>& reports) {
+  SubscheduleCheck(written, reports).check();
+}

@@ -1,0 +1,138 @@
+#include "grab/channel_process.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "grab/programme.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/time/calendar.hpp"
+
+namespace {
+
+/// What this process works on, for what fails and warns below.
+const ChannelWork* work_at_hand = nullptr;
+
+/// Those that were said, in their order. The passes have but a few texts.
+std::vector<std::string> warnings;
+
+void say(const char* text) {
+  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", work_at_hand->channel.id.c_str(), text);
+}
+
+[[noreturn]] void end_with(ChannelEnd end) {
+  _exit(static_cast<int>(end));
+}
+
+void say_warnings() {
+  for (const std::string& text : warnings) {
+    say(text.c_str());
+  }
+}
+
+[[noreturn]] void fail_channel(const std::string& reason) {
+  say_warnings();
+  say(reason.c_str());
+  end_with(ChannelEnd::failed);
+}
+
+/// A channel whose schedule cannot be read to its end has failed.
+void take_warning(Warning kind, std::string_view text) {
+  const std::string line(chomp(text));
+  if (kind == Warning::cut_short && work_at_hand->attempt == Attempt::first) {
+    end_with(ChannelEnd::lacking);
+  }
+  if (kind == Warning::cut_short) {
+    fail_channel(line);
+  }
+  if (std::ranges::find(warnings, line) == warnings.end()) {
+    warnings.push_back(line);
+  }
+}
+
+/// What the machine lacks now may be there for a process that works alone.
+void end_lacking(const char* message) {
+  if (work_at_hand->attempt == Attempt::last) {
+    say_warnings();
+    say(message);
+  }
+  end_with(ChannelEnd::lacking);
+}
+
+/// Memory has a limit of each process's own, so a channel that takes too much costs itself alone.
+[[noreturn]] void end_without_memory() {
+  if (work_at_hand->attempt == Attempt::first) {
+    end_with(ChannelEnd::lacking);
+  }
+  say("Out of memory");
+  end_with(ChannelEnd::failed);
+}
+
+void enter_channel(const GuideChannel& channel) {
+  setenv("TZ", channel.zone.c_str(), 1);
+  tzset();
+  if (!settle_local_zone()) {
+    fail_run_if_short("%s: %s", "the zone cannot be read");
+    fail_channel(std::string("the zone cannot be read: ") + std::strerror(errno));
+  }
+  if (chdir(channel.folder.c_str()) != 0) {
+    fail_channel("'" + channel.folder + "': " + std::strerror(errno));
+  }
+}
+
+void write_or_end(int fd, std::string_view text) {
+  if (!write_fully(fd, text)) {
+    end_lacking(std::strerror(errno));
+  }
+}
+
+void write_programmes(const std::vector<Programme>& programmes, const GuideChannel& channel,
+                      int fd) {
+  constexpr size_t large = 1024UL * 1024;
+  ProgrammesHead head{programmes.size(), 0};
+  const std::string language = clean_text(channel.language);
+  std::string out(sizeof(head), '\0');
+  for (const Programme& programme : programmes) {
+    append_programme(out, programme, channel.id, language);
+    if (out.size() > large) {
+      write_or_end(fd, out);
+      head.bytes += out.size();
+      out.clear();
+    }
+  }
+  write_or_end(fd, out);
+  head.bytes += out.size() - sizeof(head);
+  std::array<char, sizeof(head)> bytes{};
+  std::memcpy(bytes.data(), &head, sizeof(head));
+  if (lseek(fd, 0, SEEK_SET) != 0) {
+    end_lacking(std::strerror(errno));
+  }
+  write_or_end(fd, {bytes.data(), bytes.size()});
+}
+
+}  // namespace
+
+void work_on_channel(const ChannelWork& work, const FileDescriptor& file) {
+  work_at_hand = &work;
+  set_failure_reporter(end_lacking);
+  set_warning_reporter(take_warning);
+  std::set_new_handler(end_without_memory);
+  enter_channel(work.channel);
+  std::string error;
+  const auto programmes = programmes_of_channel(work.channel, work.span, work.now, error);
+  if (!programmes) {
+    fail_channel(error);
+  }
+  write_programmes(*programmes, work.channel, file.get());
+  say_warnings();
+  end_with(ChannelEnd::done);
+}

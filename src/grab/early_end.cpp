@@ -1,0 +1,51 @@
+#include "grab/early_end.hpp"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+#include "grab/guide_file.hpp"
+#include "platform/system/messages.hpp"
+#include "platform/system/run_limits.hpp"
+
+namespace {
+
+/// The signal has its default action again.
+void end_by_signal(int signal) {
+  remove_draft();
+  std::raise(signal);
+}
+
+/// Nothing here asks for memory, and nothing is taken down: a container may be half changed.
+[[noreturn]] void end_without_memory() {
+  remove_draft();
+  std::fprintf(stderr, "tv_grab_nv8x: Out of memory\n");
+  std::_Exit(EXIT_FAILURE);
+}
+
+void report_failure(const char* message) {
+  remove_draft();
+  std::fprintf(stderr, "tv_grab_nv8x: %s\n", message);
+}
+
+bool is_ignored(int signal) {
+  struct sigaction action = {};
+  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+void prepare_for_early_end() {
+  set_failure_reporter(report_failure);
+  std::set_new_handler(end_without_memory);
+  limit_memory();
+  for (const int signal : {SIGCHLD, SIGALRM}) {
+    set_signal_action(signal, SIG_DFL);
+  }
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    if (!is_ignored(signal)) {
+      set_signal_action(signal, end_by_signal);
+    }
+  }
+}
