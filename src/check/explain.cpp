@@ -70,7 +70,9 @@ bool is_in_sidecar(const std::string& media, std::string_view name) {
   }
   const SourceText sidecar(*content);
   for (int64_t line = 1; line <= sidecar.line_count(); ++line) {
-    const auto pair = divide_name_equ_value_pair(chomp(sidecar.line(line)));
+    std::string_view text = sidecar.line(line);
+    chomp(text);
+    const auto pair = divide_name_equ_value_pair(text);
     if (pair && pair->name == name) {
       return true;
     }
@@ -114,11 +116,9 @@ std::optional<time_t> time_of_moment(const std::string& moment, const std::strin
     long microseconds = 0;
     if (schedule_parse_time(moment, broken_down, microseconds)) {
       // The schedule's own unit must not be known before its gaps are filled.
-      Schedule unit;
-      unit.type = type;
-      compute_unit_times(unit, report_time);
-      const time_t t = schedule_seconds_to_time(
-          unit, broken_down_to_schedule_seconds(find_schedule_type(type), broken_down));
+      const time_t t =
+          UnitClock(type, unit_of(type, report_time).start)
+              .time_of(broken_down_to_schedule_seconds(find_schedule_type(type), broken_down));
       if (t != -1) {
         return t;
       }

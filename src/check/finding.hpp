@@ -79,8 +79,6 @@ struct FindingInfo {
   Severity severity;
 };
 
-/// All findings there are.
-std::span<const FindingInfo> finding_infos();
 const FindingInfo& info_of(Finding finding);
 
 /// A place in a file: lines and columns from 1, columns in bytes.
@@ -119,3 +117,8 @@ std::string json_of(std::span<const FileReports> files);
 
 /// The text in single quotes, with what a terminal would act on or cannot show as \xHH.
 std::string quoted(std::string_view text);
+
+// For users of the library. No program calls what stands below.
+
+/// All findings there are.
+std::span<const FindingInfo> finding_infos();

@@ -8,8 +8,10 @@
 #include <cerrno>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -153,21 +155,39 @@ class MediaCheck {
       add(Finding::circular, place, "the schedule " + quoted(path) + " leads back to itself");
       return;
     }
-    Schedule schedule;
-    if (!read_subschedule(schedule, path)) {
+    const auto schedule = std::make_unique<Schedule>();
+    if (!read_subschedule(*schedule, path)) {
       add(Finding::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
-    } else if (find_schedule_type(schedule.type)->unit_length == 0) {
+    } else if (find_schedule_type(schedule->type)->unit_length == 0) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " has no unit, which ends the run");
     } else if (!without_unit.empty()) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " leads to " + quoted(without_unit) +
               ", which has no unit and ends the run");
-    } else if (schedule.schedule.empty() && schedule.global_default.empty() &&
-               schedule.defaults.own.empty()) {
+    } else if (schedule->schedule.empty() &&
+               std::ranges::all_of(schedule->defaults, &std::string::empty)) {
       add(Finding::bad_schedule, place,
           "the schedule " + quoted(path) + " holds nothing that airs");
     }
+  }
+
+  /// What the schedule in that file names; nothing when it cannot be read. The path of one that has
+  /// no unit goes into `without_unit`.
+  std::set<std::string> paths_in_schedule(const std::string& path, std::string& without_unit) {
+    const auto schedule = std::make_unique<Schedule>();
+    if (!read_subschedule(*schedule, path)) {
+      return {};
+    }
+    if (schedule->unit_length == 0) {
+      without_unit = path;
+      can_be_patched_in_ = false;
+    }
+    std::set<std::string> paths(schedule->defaults.begin(), schedule->defaults.end());
+    for (const auto& [start, item] : schedule->schedule) {
+      paths.insert(item.item);
+    }
+    return paths;
   }
 
   /// Whether the schedule, or one that it names, is one of those above it. The path of one that has
@@ -184,26 +204,12 @@ class MediaCheck {
       return false;
     }
     seen->second = level;  // nearer than before, so more of what is below it counts
-    Schedule schedule;
+    above.push_back(id);
     bool is_circular = false;
-    if (read_subschedule(schedule, path)) {
-      above.push_back(id);
-      if (schedule.unit_length == 0) {
-        without_unit = path;
-        can_be_patched_in_ = false;
-      }
-      std::set<std::string> paths;
-      for (size_t day = 0; day < default_slots; ++day) {
-        paths.insert(schedule.defaults[day]);
-      }
-      for (const auto& [start, item] : schedule.schedule) {
-        paths.insert(item.item);
-      }
-      for (const std::string& inner : paths) {
-        is_circular = is_circular || inner_leads_back(inner, above, without_unit);
-      }
-      above.pop_back();
+    for (const std::string& inner : paths_in_schedule(path, without_unit)) {
+      is_circular = is_circular || inner_leads_back(inner, above, without_unit);
     }
+    above.pop_back();
     return is_circular;
   }
 

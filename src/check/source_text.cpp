@@ -16,8 +16,9 @@ bool is_utf_16(std::string_view content) {
 
 /// Line ends of carriage returns alone, as old systems had them.
 bool has_old_line_ends(std::string_view content) {
-  return content.find('\n') == std::string_view::npos &&
-         chomp(content).find('\r') != std::string_view::npos;
+  const bool has_line_feed = content.find('\n') != std::string_view::npos;
+  chomp(content);
+  return !has_line_feed && content.find('\r') != std::string_view::npos;
 }
 
 /// The first byte that is no UTF-8, or npos.
@@ -37,7 +38,8 @@ void check_line(std::string_view line, int64_t number, std::vector<Report>& repo
   if (const size_t nul = line.find('\0'); nul != std::string_view::npos) {
     add(Finding::nul_byte, nul, "a NUL byte ends the line here");
   }
-  const std::string_view text = chomp(line);
+  std::string_view text = line;
+  chomp(text);
   if (const size_t at = text.find('\r'); at != std::string_view::npos) {
     add(Finding::carriage_return, at, "a carriage return inside a line ends none");
   }

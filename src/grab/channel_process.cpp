@@ -47,7 +47,8 @@ void say_warnings() {
 
 /// A channel whose schedule cannot be read to its end has failed.
 void take_warning(Warning kind, std::string_view text) {
-  const std::string line(chomp(text));
+  std::string line(text);
+  chomp(line);
   if (kind == Warning::cut_short && work_at_hand->attempt == Attempt::first) {
     end_with(ChannelEnd::lacking);
   }

@@ -43,15 +43,16 @@ ItemInfo info_of(const ScheduleItem& item) {
   return {extract_item_metadata(opened.set), texts_of_item(item, opened.set)};
 }
 
-/// Goes through the units of a schedule one after the other.
+/// Goes through the units of a prepared schedule one after the other.
 class UnitWalk {
  public:
-  UnitWalk(Schedule schedule, std::string path)
-      : prepared_(std::move(schedule)), path_(std::move(path)) {}
+  UnitWalk(Schedule& schedule, std::string path)
+      : schedule_(schedule), prepared_items_(schedule.schedule), path_(std::move(path)) {}
 
   /// Adds what is announced in [begin, end) of the unit that holds `begin`; the unit's end.
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
-    Schedule schedule = prepared_;
+    Schedule& schedule = schedule_;
+    schedule.schedule = prepared_items_;
     arm_watchdog();
     place_schedule(schedule, begin, path_);
     arm_watchdog();  // which that has cancelled: media files are still to be read
@@ -87,8 +88,9 @@ class UnitWalk {
     }
   }
 
-  Schedule prepared_;
-  std::string path_;
+  Schedule& schedule_;
+  const ScheduleItems prepared_items_;  ///< as no unit has changed them
+  const std::string path_;
 };
 
 /// Whether the second goes on with the first, which the end of a unit cut in two.
@@ -133,24 +135,23 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
   return path;
 }
 
-/// Read and completed.
-std::optional<Schedule> prepared_schedule(const std::string& path, std::string& error) {
-  Schedule schedule;
+/// Reads and completes the schedule; false, with the reason, when that is not possible.
+bool read_whole_schedule(Schedule& schedule, const std::string& path, std::string& error) {
   if (look_at(path) == FileState::link) {
     error = "'" + path + "' is a link; name the file that it leads to";
-    return std::nullopt;
+    return false;
   }
   if (!read_schedule_file(schedule, path.c_str(), Links::refused)) {
     fail_run_if_short("'%s' cannot be read: %s", path.c_str());
     error = "'" + path + "' cannot be read: " + std::strerror(errno);
-    return std::nullopt;
+    return false;
   }
   if (schedule.unit_length == 0) {
     error = "'" + path + "' is of a type without unit";
-    return std::nullopt;
+    return false;
   }
   complete_schedule(schedule);
-  return schedule;
+  return true;
 }
 
 }  // namespace
@@ -163,17 +164,17 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  std::optional<Schedule> schedule = prepared_schedule(*path, error);
-  if (!schedule) {
+  Schedule schedule;
+  if (!read_whole_schedule(schedule, *path, error)) {
     return std::nullopt;
   }
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
   // What is on air when the span begins started in this unit or at the seam before it.
-  const Unit unit = unit_of(find_schedule_type(schedule->type), begin - 1);
-  UnitWalk walk(*std::move(schedule), *path);
+  time_t cursor = unit_of(schedule.type, begin - 1).start;
+  UnitWalk walk(schedule, *path);
   std::vector<Programme> programmes;
-  for (time_t cursor = unit.start; cursor <= end;) {
+  while (cursor <= end) {
     std::vector<Programme> found;
     // A unit that begins as the span ends may go on with what the seam cuts.
     const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);

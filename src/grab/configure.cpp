@@ -51,7 +51,8 @@ class Questions {
     if (c == EOF && line.empty()) {
       return std::nullopt;
     }
-    return std::string(strip_blanks(chomp(line)));
+    chomp(line);
+    return std::string(strip_blanks(line));
   }
 
   std::FILE* in_;

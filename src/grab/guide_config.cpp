@@ -144,7 +144,7 @@ std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& c
                                                             ConfigMistake& mistake) {
   ConfigParser parser;
   for (std::string_view rest = content; !rest.empty();) {
-    if (std::string text = parser.take_line(chomp(take_line(rest))); !text.empty()) {
+    if (std::string text = parser.take_line(take_line(rest)); !text.empty()) {
       mistake = {parser.line(), std::move(text)};
       return std::nullopt;
     }
@@ -184,7 +184,8 @@ std::string complaint_about_value(std::string_view text) {
   if (text.find('\n') != std::string_view::npos) {
     return "The configuration cannot hold a line feed";
   }
-  if (strip_blanks(chomp(text)) != text) {
+  std::string_view rest = text;
+  if (strip_blanks(take_line(rest)) != text) {
     return "The configuration cannot hold blanks around a text";
   }
   const std::string line = "= " + std::string(text);

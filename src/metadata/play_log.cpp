@@ -136,9 +136,9 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
     return;
   }
   LineReader file(std::move(opened), longest_piece);
-  std::string_view piece;
-  while (file.read(piece)) {
-    const std::string_view line = chomp(piece);
+  std::string_view line;
+  while (file.read(line)) {
+    chomp(line);
     if (!line.empty()) {
       read_line(line, play_log, is_wanted);
     }

@@ -18,11 +18,11 @@ int64_t date_number(const std::tm& tm) {
 
 /// The midnight behind the day of `reached`, as the C library normalises it. Where that would not
 /// lead on, since clocks show it earlier or never, the first second of a later date.
-std::optional<time_t> next_midnight(time_t reached, const std::tm& local, long unit_offset) {
+std::optional<time_t> next_midnight(time_t reached, const std::tm& local, long offset) {
   const int64_t second_of_day = local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec;
   const int64_t civil = civil_seconds(local) - second_of_day + a_day;
   const std::vector<LocalStretch> stretches = stretches_around(civil, civil);
-  const std::optional<time_t> midnight = normalised_time_of_civil(stretches, civil, unit_offset);
+  const std::optional<time_t> midnight = normalised_time_of_civil(stretches, civil, offset);
   if (midnight && *midnight > reached) {
     return midnight;
   }
@@ -45,7 +45,7 @@ std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item) {
   const int64_t last_date = last != nullptr ? date_number(*last) : 0;
   const std::tm* local = last != nullptr ? clock.breakdown(reached) : nullptr;
   while (local != nullptr && date_number(*local) < last_date) {
-    const std::optional<time_t> midnight = next_midnight(reached, *local, clock.unit_offset());
+    const std::optional<time_t> midnight = next_midnight(reached, *local, clock.offset());
     if (!midnight) {
       break;
     }
@@ -56,7 +56,8 @@ std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item) {
   return cuts;
 }
 
-std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item) {
+std::vector<ScheduleItem> expand_airing(const Schedule& schedule, ScheduleItem& item) {
+  UnitClock clock(schedule);
   std::vector<ScheduleItem> pieces;
   for (const uint64_t cut : airing_cuts(clock, item)) {
     pieces.push_back(item);

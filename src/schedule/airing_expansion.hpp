@@ -11,6 +11,8 @@
 /// time, or lies before its start, is not cut. `clock` is that of the item's schedule.
 std::vector<uint64_t> airing_cuts(UnitClock& clock, const ScheduleItem& item);
 
-/// Cuts an item there: one piece for each calendar day, in order. Advances the item's start to that
-/// of the last. For users of the library: the listings go by the cuts and copy no item.
-std::vector<ScheduleItem> expand_airing(UnitClock& clock, ScheduleItem& item);
+// For users of the library. No program calls what stands below.
+
+/// Cuts an item of that schedule there: one piece for each calendar day, in order. Advances the
+/// item's start to that of the last. (The listings go by the cuts and copy no item.)
+std::vector<ScheduleItem> expand_airing(const Schedule& schedule, ScheduleItem& item);

@@ -12,7 +12,9 @@ namespace {
 /// With their placements some 200 MB. Who names more schedules than that has them read again.
 constexpr size_t most_kept_items = 500000;
 
-bool prepare(Schedule& schedule, const std::string& path) {
+bool read_and_complete(Schedule& schedule, const std::string& path) {
+  schedule.blocks.clear();  // which, like the global default, the reader leaves as they are
+  schedule.global_default.clear();
   if (!read_schedule_file(schedule, path.c_str())) {
     fail_run_if_short("Unable to open %s: %s", path.c_str());
     return false;
@@ -20,11 +22,12 @@ bool prepare(Schedule& schedule, const std::string& path) {
   return complete_schedule(schedule) == nullptr;
 }
 
-PreparedSubschedule prepare(const std::string& path) {
+PreparedSubschedule prepare(Schedule& schedule, const std::string& path) {
   PreparedSubschedule prepared;
   const DiagnosticsRecord record;
-  prepared.is_prepared = prepare(prepared.schedule, path);
-  prepared.schedule.defaults = DefaultItems();  // which are in the gaps now
+  prepared.is_prepared = read_and_complete(schedule, path);
+  prepared.type = schedule.type;
+  prepared.items.swap(schedule.schedule);
   prepared.said = record.text();
   return prepared;
 }
@@ -37,9 +40,12 @@ PreparedSubschedule* PreparedSubschedules::prepared(const std::string& path) {
     arm_watchdog();  // as filling its gaps did
     print_diagnostic("%s", found->second.said.c_str());
   } else {
-    PreparedSubschedule fresh = prepare(path);
+    if (!read_into_) {
+      read_into_ = std::make_unique<Schedule>();
+    }
+    PreparedSubschedule fresh = prepare(*read_into_, path);
     constexpr size_t bytes_like_an_item = 400;
-    const size_t items = fresh.schedule.schedule.size() + fresh.said.size() / bytes_like_an_item;
+    const size_t items = fresh.items.size() + fresh.said.size() / bytes_like_an_item;
     if (kept_items_ + items > most_kept_items) {
       by_path_.clear();
       kept_items_ = 0;

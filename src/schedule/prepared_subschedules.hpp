@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -24,9 +25,11 @@ struct Placements {
   std::vector<uint64_t> first_starts;  ///< of the placements from each on
 };
 
-/// A schedule file that items name, read and completed as far as it does not depend on the item.
+/// What is left of a schedule file that items name, once it is read and completed as far as that
+/// does not depend on the item. Its default items are in the gaps by then.
 struct PreparedSubschedule {
-  Schedule schedule;
+  std::string type;
+  ScheduleItems items;
   std::string said;  ///< on standard error while it was prepared
   bool is_prepared = false;
   std::optional<Placements> placements;
@@ -43,4 +46,7 @@ class PreparedSubschedules {
  private:
   std::unordered_map<std::string, PreparedSubschedule> by_path_;
   size_t kept_items_ = 0;
+  /// For one file after the other, whose default items then find room for their texts. Null until
+  /// there is one; not in the record itself, to spare the stack.
+  std::unique_ptr<Schedule> read_into_;
 };

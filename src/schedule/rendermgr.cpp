@@ -30,7 +30,8 @@ std::optional<std::string> read_rendermgr(const std::string& path) {
   std::string schedule_path;
   std::string_view line;
   while (file.read(line)) {
-    const std::optional<NameValue> pair = divide_name_equ_value_pair(chomp(line));
+    chomp(line);
+    const std::optional<NameValue> pair = divide_name_equ_value_pair(line);
     if (pair && pair->name == "item") {
       schedule_path = pair->value;
     }

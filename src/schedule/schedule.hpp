@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -44,34 +45,19 @@ struct ScheduleBlock {
   std::string announce;  ///< "block", "items" or anything else
 };
 
-/// The default item of each day of the unit, by its number. A day without one of its own reads as
-/// the rest does; until a day is given one there is no room for any, as few schedules need it.
-struct DefaultItems {
-  std::vector<std::string> own;
-  std::string rest;
-
-  const std::string& operator[](size_t day) const {
-    return own.empty() || own[day].empty() ? rest : own[day];
-  }
-
-  void set(size_t day, std::string_view item) {
-    own.resize(default_slots);
-    own[day] = item;
-  }
-};
-
 /// By start.
 using ScheduleItems = std::map<uint64_t, ScheduleItem>;
 
+/// The record itself takes some 180 kB, nearly all of it for `defaults`: do not copy it.
 struct Schedule {
-  std::map<uint64_t, ScheduleBlock> blocks;  ///< by start
-  ScheduleItems schedule;                    ///< what airs
-  std::string type;                          ///< a type's text; empty until it is known
-  DefaultItems defaults;                     ///< what plays in the gaps of each day
-  std::string global_default;                ///< default item of days without one of their own
-  int32_t unit_days = 0;                     ///< days of the calendar unit; 0 until it is known
-  uint64_t unit_length = 0;                  ///< schedule seconds
-  int64_t unit_start = 0;                    ///< first and last second of the calendar unit that
-  int64_t unit_end = 0;                      ///< holds the report time, calendar time
-  PassObserver* observer = nullptr;          ///< told what the passes do; null: nobody
+  std::map<uint64_t, ScheduleBlock> blocks;         ///< by start
+  ScheduleItems schedule;                           ///< what airs
+  std::string type;                                 ///< a type's text; empty until it is known
+  std::array<std::string, default_slots> defaults;  ///< what plays in the gaps of each day
+  std::string global_default;        ///< default item of days without one of their own
+  int32_t unit_days = 0;             ///< days of the calendar unit; 0 until it is known
+  uint64_t unit_length = 0;          ///< schedule seconds
+  int64_t unit_start = 0;            ///< first and last second of the calendar unit that
+  int64_t unit_end = 0;              ///< holds the report time, calendar time
+  PassObserver* observer = nullptr;  ///< told what the passes do; null: nobody
 };

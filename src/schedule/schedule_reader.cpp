@@ -26,7 +26,9 @@ constexpr long half_a_second = 500000;  // microseconds
 ScheduleBuilder::ScheduleBuilder(Schedule& schedule) : schedule_(schedule) {
   schedule.schedule.clear();
   schedule.type.clear();
-  schedule.defaults.own.clear();
+  for (std::string& item : schedule.defaults) {
+    item.clear();
+  }
 }
 
 PartEffect ScheduleBuilder::add_part(const SchedulePart& part) {
@@ -68,7 +70,11 @@ void ScheduleBuilder::finish() {
   if (schedule_.type.empty()) {
     schedule_.type = default_schedule_type;
   }
-  schedule_.defaults.rest = schedule_.global_default;
+  for (std::string& item : schedule_.defaults) {
+    if (item.empty()) {
+      item = schedule_.global_default;
+    }
+  }
   schedule_.unit_length = find_schedule_type(schedule_.type)->unit_length;
 }
 
@@ -152,7 +158,7 @@ void ScheduleBuilder::set_default(const SchedulePart& part, PartEffect& effect) 
   const std::optional<int> slot =
       part.clarifier.empty() ? default_slot_of_key(schedule_.type, part.name) : std::nullopt;
   if (slot) {
-    schedule_.defaults.set(static_cast<size_t>(*slot), part.value);
+    schedule_.defaults[static_cast<size_t>(*slot)] = part.value;
     effect.is_used = true;
     effect.default_slot = *slot;
   }

@@ -12,10 +12,10 @@ namespace {
 constexpr uint64_t most_months = std::numeric_limits<int>::max() / 2;
 
 /// Local midnight of 1 January 2020, where endless schedules begin.
-std::optional<time_t> endless_base(long unit_offset) {
+std::optional<time_t> endless_base() {
   constexpr int64_t first_day = days_from_civil(first_schedule_year, 1, 1);
   constexpr int64_t midnight = first_day * int64_t{seconds_per_day};
-  return normalised_time_of_civil(stretches_around(midnight, midnight), midnight, unit_offset);
+  return normalised_time_of_civil(stretches_around(midnight, midnight), midnight, 0);
 }
 
 /// Civil seconds of the base advanced to a day of the padded calendar; what runs past the end of a
@@ -70,15 +70,15 @@ time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seco
   return UnitClock(schedule).time_of(schedule_seconds);
 }
 
-UnitClock::UnitClock(const Schedule& schedule) : type_(find_schedule_type(schedule.type)) {
-  beginning_.time = schedule.unit_start;
-  beginning_.exists = localtime_r(&beginning_.time, &base_) != nullptr;
-  beginning_.unit_offset = base_.tm_gmtoff;
-  if (beginning_.exists && type_ != nullptr && type_->day_name == DayName::date) {
-    const std::optional<time_t> first = endless_base(beginning_.unit_offset);
-    beginning_.time = first.value_or(0);
-    beginning_.exists = first && localtime_r(&*first, &base_) != nullptr;
-  }
+UnitClock::UnitClock(const Schedule& schedule) : UnitClock(schedule.type, schedule.unit_start) {
+}
+
+UnitClock::UnitClock(std::string_view type, time_t unit_start) : type_(find_schedule_type(type)) {
+  const bool is_endless = type_ != nullptr && type_->day_name == DayName::date;
+  const std::optional<time_t> first = is_endless ? endless_base() : unit_start;
+  beginning_.time = first.value_or(0);
+  beginning_.exists = first && localtime_r(&*first, &base_) != nullptr;
+  beginning_.offset = base_.tm_gmtoff;
 }
 
 time_t UnitClock::time_of(uint64_t schedule_seconds) {
@@ -116,5 +116,5 @@ UnitClock::Day UnitClock::look_at_day(uint64_t day_number) const {
 
 time_t UnitClock::time_on(const Day& day, uint64_t second_of_day) const {
   const int64_t civil = day.civil + static_cast<int64_t>(second_of_day);
-  return time_of_civil(day.stretches, civil, base_.tm_isdst, beginning_.unit_offset).value_or(-1);
+  return time_of_civil(day.stretches, civil, base_.tm_isdst, beginning_.offset).value_or(-1);
 }

@@ -61,11 +61,11 @@ uint64_t position_in_outer(UnitClock& outer, UnitClock& subschedule, uint64_t po
   return t == -1 ? no_time : outer.schedule_seconds_of(t);
 }
 
-Placements place_items(const Schedule& subschedule, UnitClock& clock, const Schedule& outer,
+Placements place_items(const ScheduleItems& items, UnitClock& clock, const Schedule& outer,
                        UnitClock& outer_clock) {
   Placements placements{clock.beginning(), {}, {}, {}};
   uint64_t latest_end = 0;
-  for (const auto& [start, item] : subschedule.schedule) {
+  for (const auto& [start, item] : items) {
     const uint64_t a = position_in_outer(outer_clock, clock, item.start);
     uint64_t b = position_in_outer(outer_clock, clock, item.end);
     if (a == no_time || b == no_time) {
@@ -87,12 +87,13 @@ Placements place_items(const Schedule& subschedule, UnitClock& clock, const Sche
   return placements;
 }
 
-/// Those of the subschedule's current unit. They are worked out anew when it is another unit.
-const Placements& placements_of(PreparedSubschedule& prepared, const Schedule& outer,
-                                UnitClock& outer_clock) {
-  UnitClock clock(prepared.schedule);
+/// Those of the subschedule's unit that starts then. They are worked out anew when it is another
+/// unit.
+const Placements& placements_of(PreparedSubschedule& prepared, time_t unit_start,
+                                const Schedule& outer, UnitClock& outer_clock) {
+  UnitClock clock(prepared.type, unit_start);
   if (!prepared.placements || prepared.placements->beginning != clock.beginning()) {
-    prepared.placements = place_items(prepared.schedule, clock, outer, outer_clock);
+    prepared.placements = place_items(prepared.items, clock, outer, outer_clock);
   }
   return *prepared.placements;
 }
@@ -124,15 +125,15 @@ void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, u
 /// Fills the span of an item that has been taken out, one unit of the subschedule after the other.
 void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& prepared,
                const ScheduleItem& item) {
-  Schedule& subschedule = prepared.schedule;
   uint64_t position = item.start;
   while (position < item.end) {
     const time_t t = outer_clock.time_of(position);
-    if (t == -1 || !compute_unit_times(subschedule, t)) {
+    if (t == -1) {
       return;
     }
+    const Unit unit = unit_of(prepared.type, t);
     // The round ends with the last second of the subschedule's unit, not behind it.
-    uint64_t round_end = outer_clock.schedule_seconds_of(subschedule.unit_end);
+    uint64_t round_end = outer_clock.schedule_seconds_of(unit.end);
     if (round_end <= position) {
       print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
       if (outer.observer != nullptr) {
@@ -148,7 +149,7 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
         return;
       }
     }
-    copy_items(outer, placements_of(prepared, outer, outer_clock), position,
+    copy_items(outer, placements_of(prepared, unit.start, outer, outer_clock), position,
                std::min(item.end, round_end));
     position = round_end;
   }

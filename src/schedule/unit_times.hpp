@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <ctime>
+#include <string_view>
 
 #include "schedule/schedule.hpp"
 
@@ -12,8 +14,8 @@ struct Unit {
 };
 
 /// The unit that holds the calendar time `t` in a schedule of that type. That of an endless one is
-/// the month of `t` and its neighbours. A type without unit, or none, aborts the process.
-Unit unit_of(const ScheduleType* type, time_t t);
+/// the month of `t` and its neighbours. A type without unit aborts the process.
+Unit unit_of(std::string_view type, time_t t);
 
 /// Places the schedule in the unit that holds `report_time`: sets unit_start, unit_end and
 /// unit_days. Always true.

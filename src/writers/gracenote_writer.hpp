@@ -29,11 +29,6 @@ struct GracenoteRow {
   std::string rating = "None";
 };
 
-/// The row of one piece of an item with that metadata. For users of the library: the listing makes
-/// a row once for each file.
-GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
-                                const MetadataMap& metadata);
-
 /// The rows of the listing, whatever their day.
 std::vector<GracenoteRow> gracenote_rows(const Schedule& schedule, time_t window_start,
                                          time_t window_end);
@@ -41,3 +36,10 @@ std::vector<GracenoteRow> gracenote_rows(const Schedule& schedule, time_t window
 /// Prints the announced items that start in the report window (calendar time) as a Gracenote
 /// listing: comma-separated, one row for each airing from today to 21 days ahead.
 void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end);
+
+// For users of the library. No program calls what stands below.
+
+/// The row of one piece of an item with that metadata. (The listing makes a row once for each
+/// file.)
+GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
+                                const MetadataMap& metadata);

@@ -10,12 +10,6 @@ constexpr bool time_in_window(time_t t, time_t window_start, time_t window_end) 
   return t != -1 && window_start <= t && t < window_end;
 }
 
-/// Whether an item that starts at `start` schedule seconds belongs to the report window. An item
-/// is shown whole or not at all, by its start alone. For users of the library, who look at one
-/// item.
-bool item_in_window(const Schedule& schedule, time_t window_start, time_t window_end,
-                    uint64_t start);
-
 /// Calls visit(item, time of its start) for each item in the report window, in airing order.
 /// `clock` is the schedule's own.
 template <typename Visit>
@@ -28,3 +22,10 @@ void walk_items(const Schedule& schedule, UnitClock& clock, time_t window_start,
     }
   }
 }
+
+// For users of the library. No program calls what stands below.
+
+/// Whether an item that starts at `start` schedule seconds belongs to the report window. An item
+/// is shown whole or not at all, by its start alone.
+bool item_in_window(const Schedule& schedule, time_t window_start, time_t window_end,
+                    uint64_t start);

@@ -37,9 +37,10 @@ void append_seconds(std::string& out, Seconds seconds) {
   out.append(text.data(), static_cast<size_t>(length));
 }
 
-void append_time(std::string& out, UnitClock& clock, time_t t) {
+/// `tm` is the local time of t, or null.
+void append_json_time(std::string& out, time_t t, const std::tm* tm) {
   append(out, "{\"iso8601\": \"");
-  if (const std::tm* tm = clock.breakdown(t)) {
+  if (tm != nullptr) {
     append_iso8601(out, *tm);
   }
   append(out, "\", \"unix\": ");
@@ -103,7 +104,8 @@ void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, t
   append(out, "{\"announce\": ");
   append_signed(out, derive_announce(texts.metadata, item));
   append(out, ", \"default\": ", item.is_default ? "true" : "false", ", \"end_unix\": ");
-  append_time(out, clock, clock.time_of(item.end));
+  const time_t end = clock.time_of(item.end);
+  append_json_time(out, end, clock.breakdown(end));
   append(out, ", \"label\": ");
   append_json_string(out, item.label);
   append(out, ", \"metadata\": ", texts.object, ", \"name\": ");
@@ -111,18 +113,23 @@ void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, t
   append(out, ", \"opath\": ");
   append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
   append(out, ", \"start_unix\": ");
-  append_time(out, clock, start);
+  append_json_time(out, start, clock.breakdown(start));
   append(out, "}");
 }
 
 }  // namespace
 
+std::string json_time(time_t t) {
+  std::string out;
+  std::tm tm{};
+  append_json_time(out, t, localtime_r(&t, &tm));
+  return out;
+}
+
 void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
   UnitClock clock(schedule);
-  append(out, "{\"end_unix\": ");
-  append_time(out, clock, window_end);
-  append(out, ", \"items\": [");
+  append(out, "{\"end_unix\": ", json_time(window_end), ", \"items\": [");
   MetadataPerFile<ItemTexts> texts_per_file(texts_of);
   const char* separator = "";
   walk_items(schedule, clock, window_start, window_end,
@@ -133,8 +140,6 @@ void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
              });
   append(out, "], \"reporttime\": ");
   append_report_time(out);
-  append(out, ", \"start_unix\": ");
-  append_time(out, clock, window_start);
-  append(out, "}\n");
+  append(out, ", \"start_unix\": ", json_time(window_start), "}\n");
   write_output(out);
 }

@@ -30,13 +30,6 @@ struct RoviRow {
   int32_t season_number = -1;  ///< unused
 };
 
-/// The row of one piece of an item with that metadata. For users of the library: the listing makes
-/// a row once for each file.
-RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata);
-
-/// The printed texts of a row, in column order. For users of the library too.
-std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id);
-
 /// The rows of the listing, whatever their day.
 std::vector<RoviRow> rovi_rows(const Schedule& schedule, time_t window_start, time_t window_end);
 
@@ -44,3 +37,12 @@ std::vector<RoviRow> rovi_rows(const Schedule& schedule, time_t window_start, ti
 /// X-List": comma-separated, lines ended by CR LF, one row for each airing from today to 21 days
 /// ahead.
 void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end);
+
+// For users of the library. No program calls what stands below.
+
+/// The row of one piece of an item with that metadata. (The listing makes a row once for each
+/// file.)
+RoviRow make_rovi_row(Schedule& schedule, const ScheduleItem& piece, const MetadataMap& metadata);
+
+/// The printed texts of a row, in column order.
+std::vector<std::string> rovi_row_fields(const RoviRow& row, const std::string& station_id);

@@ -36,6 +36,7 @@ std::string xml_escape(std::string_view text) {
 }
 
 void append_xml_escaped(std::string& out, std::string_view text) {
+  text = text.substr(0, text.find('\0'));
   const char* plain = text.data();
   for (const char& c : text) {
     if (has_entity[static_cast<unsigned char>(c)]) {

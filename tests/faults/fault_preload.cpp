@@ -5,10 +5,10 @@
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
 // The kinds are open, read (with pread), stat, mmap, malloc (all that takes memory), write, close,
-// fsync, rename, unlink, fork, socketpair, sendmsg, send and recvmsg. Allocations fail in programs
-// that link the project's own allocation functions. Calls that the C library makes for itself pass
-// by: those are strace's. All goes by system call from here, as looking the real functions up would
-// take memory.
+// fsync, rename, unlink, fork, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail
+// in programs that link the project's own allocation functions. Calls that the C library makes for
+// itself pass by: those are strace's. All goes by system call from here, as looking the real
+// functions up would take memory.
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -16,6 +16,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -263,6 +264,10 @@ ssize_t send(int socket, const void* bytes, size_t size, int flags) {
 
 ssize_t recvmsg(int socket, msghdr* message, int flags) {
   return fails("recvmsg") ? -1 : syscall(SYS_recvmsg, socket, message, flags);
+}
+
+int setitimer(int which, const itimerval* timer, itimerval* old) noexcept {
+  return fails("setitimer") ? -1 : static_cast<int>(syscall(SYS_setitimer, which, timer, old));
 }
 
 // The program's own allocation functions call those of the C library by these names.

@@ -63,7 +63,7 @@ std::unique_ptr<Schedule> random_frame(Random& random) {
   const bool is_uniform = random.chance(30);
   const std::string uniform = random_default(random);
   for (size_t day = 0; day < default_slots; ++day) {
-    schedule->defaults.set(day, is_uniform ? uniform : random_default(random));
+    schedule->defaults[day] = is_uniform ? uniform : random_default(random);
   }
   return schedule;
 }

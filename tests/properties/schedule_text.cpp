@@ -158,7 +158,7 @@ TextPart defaults_section(Random& random, const std::string& type) {
             }
             for (const auto& [key, path] : entries) {
               if (key.type == schedule.type && key.slot >= 0 && key.text != "days") {
-                schedule.defaults.set(static_cast<size_t>(key.slot), path);
+                schedule.defaults[static_cast<size_t>(key.slot)] = path;
               }
             }
           }};
@@ -299,7 +299,9 @@ std::unique_ptr<Schedule> schedule_of(const std::vector<TextPart>& parts) {
   if (schedule->type.empty()) {
     schedule->type = "weekly";
   }
-  schedule->defaults.rest = schedule->global_default;
+  for (std::string& item : schedule->defaults) {
+    item = item.empty() ? schedule->global_default : item;
+  }
   schedule->unit_length = find_schedule_type(schedule->type)->unit_length;
   return schedule;
 }

@@ -59,20 +59,17 @@ inline time_t plain_time_of(const Schedule& schedule, uint64_t position) {
   if (position / 2678400 > most_months) {
     return -1;
   }
-  const time_t unit_start = schedule.unit_start;
-  std::tm unit{};
-  localtime_r(&unit_start, &unit);
-  std::tm base = unit;
-  if (schedule.type == "endless") {
-    const time_t first = *times_that_show(days_from_civil(2020, 1, 1) * 86400).begin();
-    localtime_r(&first, &base);
-  }
+  const time_t first = schedule.type == "endless"
+                           ? *times_that_show(days_from_civil(2020, 1, 1) * 86400).begin()
+                           : time_t{schedule.unit_start};
+  std::tm base{};
+  localtime_r(&first, &base);
   time_t best = -1;
   std::tuple<bool, int64_t> least;
   for (const time_t t : times_that_show(date_and_clock_of(base, position))) {
     std::tm tm{};
     localtime_r(&t, &tm);
-    const int64_t distance = tm.tm_gmtoff - unit.tm_gmtoff;
+    const int64_t distance = tm.tm_gmtoff - base.tm_gmtoff;
     const std::tuple rank(tm.tm_isdst != base.tm_isdst, distance < 0 ? -distance : distance);
     if (best == -1 || rank < least) {
       best = t;

@@ -20,8 +20,7 @@ std::string pieces(const char* type, time_t report_time, uint64_t start, uint64_
   item.start = start;
   item.end = end;
   std::ostringstream text;
-  UnitClock clock(*schedule);
-  for (const ScheduleItem& piece : expand_airing(clock, item)) {
+  for (const ScheduleItem& piece : expand_airing(*schedule, item)) {
     text << piece.start << '-' << piece.end << (piece.label == "kept" ? " " : "! ");
   }
   return text.str();

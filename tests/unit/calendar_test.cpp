@@ -153,6 +153,31 @@ TEST(Calendar, EveryPeriodBeginsAndEndsWithItsOwnSeconds) {
   }
 }
 
+TEST(Calendar, APeriodWithALeapSecondEndsWithIt) {
+  const Zone right("right/UTC");
+  constexpr time_t leap = 1483228826;  // 2016-12-31 23:59:60, behind 26 others
+  ASSERT_EQ(local_text(leap), "2016-12-31 23:59:60");
+  for (const time_t t : {time_t{1483142426}, leap - 1, leap}) {
+    EXPECT_EQ(calendar_end_of_day(t), leap) << t;
+    EXPECT_EQ(calendar_end_of_week(t), leap) << t;
+    EXPECT_EQ(calendar_end_of_month(t), leap) << t;
+    EXPECT_EQ(calendar_end_of_year(t), leap) << t;
+    EXPECT_EQ(calendar_start_of_day(t), 1483142426) << t;
+    EXPECT_EQ(calendar_start_of_minute(t), t == 1483142426 ? t : leap - 60) << t;
+  }
+  EXPECT_EQ(calendar_start_of_day(leap + 1), leap + 1);
+  EXPECT_EQ(calendar_start_of_year(leap + 1), leap + 1);
+  EXPECT_EQ(calendar_end_of_day(leap + 1), leap + 86400);
+}
+
+TEST(Calendar, ALeapSecondInsideADayEndsNothing) {
+  const Zone tokyo("right/Asia/Tokyo");
+  constexpr time_t leap = 1483228826;  // 2017-01-01 08:59:60
+  ASSERT_EQ(local_text(leap), "2017-01-01 08:59:60");
+  EXPECT_EQ(local_text(calendar_end_of_day(leap)), "2017-01-01 23:59:59");
+  EXPECT_EQ(calendar_end_of_day(leap) - calendar_start_of_day(leap), 86400);
+}
+
 TEST(Calendar, SettlingTheZoneKeepsAGivenOne) {
   const Zone berlin("Europe/Berlin");
   EXPECT_TRUE(settle_local_zone());

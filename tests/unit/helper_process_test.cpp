@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,7 +11,9 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -107,6 +110,38 @@ TEST_F(Helper, GrantsTheSameMemoryWhateverCameBefore) {
   for (int i = 0; i < 20; ++i) {
     EXPECT_EQ(ask("m" + std::to_string(memory / 2 + static_cast<size_t>(i) * 1000000)), "m");
   }
+}
+
+/// Leaves this process, and those that it forks, that much more address space.
+void leave_memory(size_t size) {
+  size_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages;
+  const rlim_t most = pages * static_cast<size_t>(sysconf(_SC_PAGESIZE)) + size;
+  const rlimit limit{most, most};
+  ASSERT_EQ(setrlimit(RLIMIT_AS, &limit), 0);
+}
+
+TEST_F(Helper, EndsTheRunWhereTheMachineLacksTheMemoryThatItGrants) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // in a process without memory of other tests
+  const std::string question = "m" + std::to_string(memory / 2);
+  EXPECT_EXIT(
+      {
+        leave_memory(memory / 4);
+        ask(question);
+        std::exit(EXIT_SUCCESS);
+      },
+      testing::ExitedWithCode(EXIT_FAILURE), "^Error: Out of memory\n$");
+}
+
+TEST_F(Helper, GivesNothingWhereTheFileTakesMoreThanAnyMachineGrants) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const std::string question = "m" + std::to_string(2 * memory);
+  EXPECT_EXIT(
+      {
+        leave_memory(4 * memory);
+        std::exit(ask(question) ? EXIT_FAILURE : EXIT_SUCCESS);
+      },
+      testing::ExitedWithCode(EXIT_SUCCESS), "^$");
 }
 #endif
 

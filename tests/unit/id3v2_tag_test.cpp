@@ -34,7 +34,7 @@ std::string short_frame(const std::string& id, const std::string& content) {
 }
 
 std::string without_pictures(char version, std::string tag) {
-  remove_id3v2_pictures(header(version), tag);
+  remove_id3v2_frames(header(version), tag, 1000000);
   return tag;
 }
 
@@ -72,6 +72,22 @@ TEST(Id3v2Tag, PicturesOfEveryVersionGo) {
             short_frame("TT2", title) + padding);
 }
 
+TEST(Id3v2Tag, WhatIsNeverShownGoesToo) {
+  const std::string title_frame = frame("TIT2", title);
+  EXPECT_EQ(without_pictures(4, frame("PRIV", picture) + title_frame + frame("GEOB", "x")),
+            title_frame);
+  EXPECT_EQ(without_pictures(2, short_frame("GEO", picture) + short_frame("TT2", title)),
+            short_frame("TT2", title));
+}
+
+TEST(Id3v2Tag, FramesAboveTheLimitGoAndAreNamed) {
+  const std::string longest = frame("USLT", std::string(990, 'x'));
+  const std::string too_long = frame("COMM", std::string(991, 'x'));
+  std::string tag = longest + too_long + frame("APIC", picture) + frame("TIT2", title);
+  EXPECT_EQ(remove_id3v2_frames(header(4), tag, 1000), std::vector<std::string>{"COMM"});
+  EXPECT_EQ(tag, longest + frame("TIT2", title));
+}
+
 TEST(Id3v2Tag, WhatIsNoWholePictureStays) {
   const std::string cut_off = frame("APIC", picture).substr(0, 1000);
   for (const std::string& tag : {std::string(), padding, frame("TIT2", title), cut_off,
@@ -87,7 +103,7 @@ TEST(Id3v2Tag, NothingGoesFromATagThatAnyFlagChanges) {
     unusual[5] = flags;
     const std::string whole = plain_frame("APIC", picture) + plain_frame("TIT2", title);
     std::string tag = whole;
-    remove_id3v2_pictures(unusual, tag);
+    remove_id3v2_frames(unusual, tag, 1000);
     EXPECT_EQ(tag, whole);
   }
 }

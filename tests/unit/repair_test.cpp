@@ -39,7 +39,7 @@ class Patch : public testing::Test {
 
 TEST_F(Patch, KeepsDaysApartWhileTheUnitCountsNoDays) {
   Schedule schedule = three_days();
-  schedule.defaults.rest = "same";
+  schedule.defaults.fill("same");
   patch_schedule_default_items(schedule);
   EXPECT_EQ(listing(schedule), "0-86400 same*\n86400-172800 same*\n172800-259200 same*\n");
 }
@@ -47,9 +47,9 @@ TEST_F(Patch, KeepsDaysApartWhileTheUnitCountsNoDays) {
 TEST_F(Patch, RunsOverDaysWithTheSameDefaultOnceTheUnitCountsThem) {
   Schedule schedule = three_days();
   schedule.unit_days = 3;
-  schedule.defaults.set(0, "a");
-  schedule.defaults.set(1, "a");
-  schedule.defaults.set(2, "b");
+  schedule.defaults[0] = "a";
+  schedule.defaults[1] = "a";
+  schedule.defaults[2] = "b";
   patch_schedule_default_items(schedule);
   EXPECT_EQ(listing(schedule), "0-172800 a*\n172800-259200 b*\n");
 }
@@ -57,7 +57,7 @@ TEST_F(Patch, RunsOverDaysWithTheSameDefaultOnceTheUnitCountsThem) {
 TEST_F(Patch, RunsOverDaysWithoutDefaultUpToTheFirstThatHasOne) {
   Schedule schedule = three_days();
   schedule.unit_days = 3;
-  schedule.defaults.set(2, "b");
+  schedule.defaults[2] = "b";
   patch_schedule_default_items(schedule);
   EXPECT_EQ(listing(schedule), "0-172800 *\n172800-259200 b*\n");
 }

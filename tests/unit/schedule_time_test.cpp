@@ -57,6 +57,26 @@ TEST(ScheduleTime, AUnitStartWithoutLocalTimeGivesZero) {
   EXPECT_EQ(schedule_seconds_to_time(schedule, 0), 0);
 }
 
+TEST(ScheduleTime, EndlessSecondsDoNotDependOnTheUnit) {
+  {
+    const Zone utc("UTC");
+    Schedule schedule;
+    schedule.type = "endless";
+    schedule.unit_start = std::numeric_limits<int64_t>::max();  // without a local date
+    EXPECT_EQ(schedule_seconds_to_time(schedule, 0), 1577836800);
+    EXPECT_EQ(schedule_seconds_to_time(schedule, 86399), 1577836800 + 86399);
+  }
+  // On 1 March 2024 at 00:00 clocks went back to 23:00 for good, both under standard time. The hour
+  // that comes twice is the one with the offset of January 2020, whichever months are shown.
+  const Zone almaty("Asia/Almaty");
+  constexpr uint64_t hour_that_comes_twice =
+      4 * seconds_per_year + seconds_per_month + 28 * seconds_per_day + 23 * 3600;
+  const auto before = schedule_around("endless", 1706745600);  // February 2024
+  const auto after = schedule_around("endless", 1716000000);   // May 2024
+  EXPECT_EQ(schedule_seconds_to_time(*before, hour_that_comes_twice), 1709226000);
+  EXPECT_EQ(schedule_seconds_to_time(*after, hour_that_comes_twice), 1709226000);
+}
+
 TEST(ScheduleTime, FarTooManySecondsAreNoTime) {
   const Zone utc("UTC");
   const auto schedule = schedule_around("daily", 0);

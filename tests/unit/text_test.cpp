@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -25,17 +28,29 @@ std::string defaults(std::string_view line) {
                : "none";
 }
 
-TEST(Text, ChompTakesEveryLineEnd) {
-  EXPECT_EQ(chomp("a\r\n"), "a");
-  EXPECT_EQ(chomp("a\n\r\n\n"), "a");
-  EXPECT_EQ(chomp("a\rb"), "a\rb");
-  EXPECT_EQ(chomp("\n"), "");
-  EXPECT_EQ(chomp("a \n"), "a ");
+template <typename Text>
+void expect_chomped(std::string_view written, std::string_view expected) {
+  Text line(written);
+  chomp(line);
+  EXPECT_EQ(line, expected);
+}
+
+TEST(Text, ChompTakesEveryLineEndInPlace) {
+  for (const auto& [line, expected] :
+       std::initializer_list<std::array<std::string_view, 2>>{{"a\r\n", "a"},
+                                                              {"a\n\r\n\n", "a"},
+                                                              {"a\rb", "a\rb"},
+                                                              {"\n", ""},
+                                                              {"", ""},
+                                                              {"a \n", "a "}}) {
+    expect_chomped<std::string>(line, expected);
+    expect_chomped<std::string_view>(line, expected);
+  }
 }
 
 TEST(Text, LinesAreTakenOneByOne) {
   std::string_view text = "a\r\n\nb";
-  EXPECT_EQ(take_line(text), "a\r");
+  EXPECT_EQ(take_line(text), "a");
   EXPECT_EQ(take_line(text), "");
   EXPECT_EQ(take_line(text), "b");
   EXPECT_EQ(text, "");

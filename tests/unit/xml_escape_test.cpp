@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace {
 
 TEST(XmlEscape, ReplacesFiveBytesAndNoOther) {
@@ -13,7 +16,15 @@ TEST(XmlEscape, ReplacesFiveBytesAndNoOther) {
 }
 
 TEST(XmlEscape, StopsAtANulByte) {
-  EXPECT_EQ(xml_escape("a\0<b"), "a");
+  using namespace std::string_view_literals;
+  EXPECT_EQ(xml_escape("a\0<b"sv), "a");
+  EXPECT_EQ(xml_escape("<\0<b"sv), "&lt;");
+  EXPECT_EQ(xml_escape("\0<b"sv), "");
+  EXPECT_EQ(xml_escape("a\0"sv), "a");
+  EXPECT_EQ(xml_escape("a<b\0\0&"sv), "a&lt;b");
+  std::string page = "before ";
+  append_xml_escaped(page, "a\0<b"sv);
+  EXPECT_EQ(page, "before a");
 }
 
 }  // namespace

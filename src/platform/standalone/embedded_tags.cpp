@@ -34,10 +34,10 @@ constexpr size_t mib = 1024 * kib;
 /// Almost every file's tags are read with this, in the run's own process. Whatever the file is
 /// like, the library then makes no more than some twenty megabytes of it, and goes no deeper into
 /// boxes in boxes than the reads allow.
-constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, false};
+constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, 2048, false};
 
 /// The others are read in a process beside the run.
-constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, true};
+constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, 8000000, true};
 constexpr size_t helper_memory = 64 * mib;
 
 /// Processor time that the run gives files that it then has to give up. Each may take a tenth of
@@ -89,6 +89,13 @@ bool is_mp4(const TagLib::ByteVector& head) {
   return head.containsAt("ftyp", 4);
 }
 
+/// Whether the library takes a name for an MP4 file's. Such a file may begin in another way.
+bool is_mp4_extension(const std::string& extension) {
+  constexpr std::array<std::string_view, 9> names = {"mp4", "m4a", "m4v", "m4b", "m4p",
+                                                     "m4r", "3g2", "aax", "aaxc"};
+  return std::ranges::find(names, extension) != names.end();
+}
+
 /// Whether a file begins as Windows media do. The library goes through as many attributes as such a
 /// file says it has.
 bool is_asf(const TagLib::ByteVector& head) {
@@ -110,12 +117,12 @@ bool is_module(const std::string& extension) {
 
 TagsRead result_of(const MediaStream& stream, Tags tags) {
   if (stream.has_failed()) {
-    return {TagsOutcome::failed, {}};
+    return {TagsOutcome::failed, {}, {}};
   }
   if (stream.is_spent()) {
-    return {TagsOutcome::spent, {}};
+    return {TagsOutcome::spent, {}, {}};
   }
-  return {TagsOutcome::read, std::move(tags)};
+  return {TagsOutcome::read, std::move(tags), stream.left_out()};
 }
 
 TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
@@ -128,15 +135,16 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
         break;
       }
       if (!budget.risks && is_module(extension)) {
-        return {TagsOutcome::spent, {}};
+        return {TagsOutcome::spent, {}, {}};
       }
     }
     MediaStream stream(fd, name_to_go_by, budget);
     const TagLib::ByteVector head = head_of(stream);
     if (!budget.risks && is_asf(head)) {
-      return {TagsOutcome::spent, {}};
+      return {TagsOutcome::spent, {}, {}};
     }
-    if (is_mp4(head)) {
+    if (is_mp4(head) || (!name_to_go_by.empty() && is_mp4_extension(extension))) {
+      stream.show_mp4_parts();
       TagLib::MP4::File file(&stream, read_audio_properties);
       return result_of(stream, tags_of(file));
     }
@@ -152,7 +160,9 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
 }
 
 std::string answer_with_tags(int fd, const std::string& name) {
-  return pack_tags(read_tags(fd, name, large_budget));
+  TagsRead result = read_tags(fd, name, large_budget);
+  leave_out_largest(result, HelperProcess::longest_answer);
+  return pack_tags(result);
 }
 
 TagsRead read_tags_in_helper(int fd, const std::string& name) {
@@ -160,13 +170,13 @@ TagsRead read_tags_in_helper(int fd, const std::string& name) {
   static std::chrono::microseconds time_left = time_for_lost_files;
   const std::chrono::microseconds time = time_left / 10;
   if (time < std::chrono::milliseconds(1)) {
-    return {TagsOutcome::spent, {}};
+    return {TagsOutcome::spent, {}, {}};
   }
   const std::optional<std::string> answer = helper.ask(fd, name, time);
   std::optional<TagsRead> result = answer ? unpack_tags(*answer) : std::nullopt;
   if (!result) {
     time_left -= time;
-    return {TagsOutcome::spent, {}};
+    return {TagsOutcome::spent, {}, {}};
   }
   return *std::move(result);
 }
@@ -185,6 +195,10 @@ std::optional<std::vector<MetadataEntry>> read_embedded_tags(int fd, const std::
   if (result.outcome == TagsOutcome::spent) {
     std::fprintf(stderr, "WARNING: The tags of '%s' take too much to read\n", name.c_str());
     return entries;
+  }
+  if (!result.left_out.empty()) {
+    std::fprintf(stderr, "WARNING: Tags of '%s' are too large and left out: %s\n", name.c_str(),
+                 result.left_out.c_str());
   }
   for (const auto& [tag, value] : result.tags) {
     entries.push_back({tag, value, no_group});

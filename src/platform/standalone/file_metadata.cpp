@@ -1,5 +1,8 @@
 #include "platform/standalone/file_metadata.hpp"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <utility>
@@ -13,14 +16,25 @@ namespace {
 
 constexpr const char* file_type_name = "file type";
 
-std::set<std::string_view> ungrouped_names(const FileMetadata& metadata) {
-  std::set<std::string_view> names;
-  for (const MetadataEntry& entry : metadata.entries) {
-    if (entry.group == no_group) {
-      names.insert(entry.name);
+bool has_ungrouped(const FileMetadata& metadata, std::string_view name) {
+  return std::ranges::any_of(metadata.entries, [&](const MetadataEntry& entry) {
+    return entry.group == no_group && entry.name == name;
+  });
+}
+
+/// Takes away the tags of which the sidecar has an ungrouped entry.
+void remove_replaced(std::vector<MetadataEntry>& tags, const FileMetadata& sidecar) {
+  std::set<std::string, std::less<>> names;
+  for (const MetadataEntry& tag : tags) {
+    names.insert(tag.name);
+  }
+  std::set<std::string_view> replaced;
+  for (const MetadataEntry& entry : sidecar.entries) {
+    if (entry.group == no_group && names.contains(entry.name)) {
+      replaced.insert(entry.name);
     }
   }
-  return names;
+  std::erase_if(tags, [&](const MetadataEntry& tag) { return replaced.contains(tag.name); });
 }
 
 }  // namespace
@@ -30,28 +44,22 @@ std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std:
   if (!file.is_open()) {
     return nullptr;
   }
-  FileMetadata sidecar = read_sidecar(directory, name);
-  const std::set<std::string_view> replaced = ungrouped_names(sidecar);
-  auto metadata = std::make_shared<FileMetadata>();
-  if (!replaced.contains(file_type_name)) {
+  auto metadata = std::make_shared<FileMetadata>(read_sidecar(directory, name));
+  std::vector<MetadataEntry> own;
+  if (!has_ungrouped(*metadata, file_type_name)) {
     std::optional<std::string> type = detect_mime_type(file.get());
     if (!type) {
       return nullptr;
     }
-    metadata->entries.push_back({file_type_name, std::move(*type), no_group});
+    own.push_back({file_type_name, std::move(*type), no_group});
   }
   std::optional<std::vector<MetadataEntry>> tags = read_embedded_tags(file.get(), name);
   if (!tags) {
     return nullptr;
   }
-  for (MetadataEntry& tag : *tags) {
-    if (!replaced.contains(tag.name)) {
-      metadata->entries.push_back(std::move(tag));
-    }
-  }
-  metadata->groups = std::move(sidecar.groups);
-  for (MetadataEntry& entry : sidecar.entries) {
-    metadata->entries.push_back(std::move(entry));
-  }
+  remove_replaced(*tags, *metadata);
+  std::ranges::move(*tags, std::back_inserter(own));
+  metadata->entries.insert(metadata->entries.begin(), std::move_iterator(own.begin()),
+                           std::move_iterator(own.end()));
   return metadata;
 }

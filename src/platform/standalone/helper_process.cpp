@@ -1,6 +1,7 @@
 #include "platform/standalone/helper_process.hpp"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -24,13 +25,24 @@
 
 namespace {
 
-constexpr uint64_t longest_answer = 1024UL * 1024;
-
 /// Stands before a question's text, and carries the descriptor.
 struct QuestionHead {
   uint64_t size;
   int64_t processor_time;  ///< microseconds
 };
+
+/// Stands before an answer's text.
+struct AnswerHead {
+  uint64_t size;
+  int64_t error;  ///< why there can be no answer, whatever the file (errno), else 0
+};
+
+/// What the helper's own handler needs to know, which takes no arguments.
+struct Grant {
+  int socket;
+  size_t address_space;  ///< bytes
+};
+Grant helpers_grant = {-1, 0};
 
 /// Bytes of address space that this process has, or 0 when the system does not say.
 size_t claimed_memory() {
@@ -95,7 +107,8 @@ bool send_head(int socket, QuestionHead head, int fd) {
   return count == static_cast<ssize_t>(sizeof(head));
 }
 
-/// The descriptor that comes with a head; not open when the other side is gone.
+/// The descriptor that comes with a head; not open, with errno set, when it cannot be had, and with
+/// errno 0 when the other side is gone.
 FileDescriptor receive_head(int socket, QuestionHead& head) {
   Message message(&head, sizeof(head));
   ssize_t count = 0;
@@ -107,6 +120,8 @@ FileDescriptor receive_head(int socket, QuestionHead& head) {
   int fd = -1;
   if (rights != nullptr && rights->cmsg_type == SCM_RIGHTS) {
     std::memcpy(&fd, CMSG_DATA(rights), sizeof(fd));
+  } else if (count >= 0) {
+    errno = is_whole ? EMFILE : 0;  // a descriptor for which there is no room is dropped
   }
   return FileDescriptor(fd);
 }
@@ -125,26 +140,67 @@ bool send_fully(int socket, std::string_view bytes) {
   return true;
 }
 
-bool send_answer(int socket, const std::string& answer) {
-  const uint64_t size = answer.size();
-  std::array<char, sizeof(size)> head{};
-  std::memcpy(head.data(), &size, sizeof(size));
-  return size <= longest_answer && send_fully(socket, {head.data(), head.size()}) &&
-         send_fully(socket, answer);
+bool send_answer_head(int socket, AnswerHead head) {
+  return send_fully(socket, {reinterpret_cast<const char*>(&head), sizeof(head)});
 }
 
-std::optional<std::string> receive_answer(int socket) {
-  uint64_t size = 0;
-  std::array<char, sizeof(size)> head{};
-  if (read_fully(socket, head.data(), head.size()) != head.size()) {
+bool send_answer(int socket, const std::string& answer) {
+  return answer.size() <= HelperProcess::longest_answer &&
+         send_answer_head(socket, {answer.size(), 0}) && send_fully(socket, answer);
+}
+
+/// Ends the helper: what it lacks is not the file's fault. The run tells of it.
+[[noreturn]] void end_for_want(int socket, int error) {
+  send_answer_head(socket, {0, error});
+  _exit(EXIT_FAILURE);
+}
+
+/// Whether the system would give all that is left of what the helper was granted.
+bool can_have_the_grant() {
+  const size_t claimed = claimed_memory();
+  if (claimed == 0 || claimed >= helpers_grant.address_space) {
+    return true;
+  }
+  constexpr int no_file = -1;
+  const size_t left = helpers_grant.address_space - claimed;
+  void* rest = mmap(nullptr, left, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, no_file, 0);
+  if (rest == MAP_FAILED) {
+    return false;
+  }
+  munmap(rest, left);
+  return true;
+}
+
+/// The helper's handler where there is no memory to be had: a file that wants more than the grant
+/// is the end of the question, a machine that does not have the grant that of the run.
+void judge_lack_of_memory() {
+  std::set_new_handler(nullptr);  // what lacks memory now fails
+  if (!can_have_the_grant()) {
+    end_for_want(helpers_grant.socket, ENOMEM);
+  }
+}
+
+/// Ends the run.
+[[noreturn]] void fail_for_want(const std::string& question, int error) {
+  if (error == ENOMEM) {
+    fail_run("Out of memory");
+  }
+  fail_run("Unable to read the tags of %s: %s", question.c_str(), std::strerror(error));
+}
+
+std::optional<std::string> receive_answer(int socket, const std::string& question) {
+  AnswerHead head{};
+  if (read_fully(socket, reinterpret_cast<char*>(&head), sizeof(head)) != sizeof(head)) {
     return std::nullopt;
   }
-  std::memcpy(&size, head.data(), sizeof(size));
-  if (size > longest_answer) {
+  if (head.error != 0) {
+    fail_for_want(question, static_cast<int>(head.error));
+  }
+  if (head.size > HelperProcess::longest_answer) {
     return std::nullopt;
   }
-  std::string answer(size, '\0');
-  if (read_fully(socket, answer.data(), size) != size) {
+  std::string answer(head.size, '\0');
+  if (read_fully(socket, answer.data(), head.size) != head.size) {
     return std::nullopt;
   }
   return answer;
@@ -154,13 +210,21 @@ std::optional<std::string> receive_answer(int socket) {
 bool answer_next(int socket, HelperProcess::Work work) {
   QuestionHead head{};
   const FileDescriptor file = receive_head(socket, head);
+  if (!file.is_open() && errno != 0) {
+    end_for_want(socket, errno);
+  }
   std::string question(file.is_open() ? head.size : 0, '\0');
-  if (!file.is_open() || read_fully(socket, question.data(), question.size()) != question.size() ||
-      !limit_time(head.processor_time)) {
+  if (!file.is_open() || read_fully(socket, question.data(), question.size()) != question.size()) {
     return false;
   }
+  if (!limit_time(head.processor_time)) {
+    end_for_want(socket, errno);
+  }
   const std::string answer = work(file.get(), question);
-  return limit_time(0) && send_answer(socket, answer);
+  if (!limit_time(0)) {
+    end_for_want(socket, errno);
+  }
+  return send_answer(socket, answer);
 }
 
 /// The helper's whole life. It dies quietly: what it has to say of its death helps nobody.
@@ -173,17 +237,19 @@ bool answer_next(int socket, HelperProcess::Work work) {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     dup2(nowhere, fd);
   }
-  std::set_new_handler(nullptr);  // the run's own would speak of it
   for (const int signal : {SIGPROF, SIGALRM, SIGXCPU}) {
     set_signal_action(signal, SIG_DFL);
   }
-  if (limit_address_space(address_space)) {
-    try {
-      while (answer_next(socket, work)) {
-      }
-    } catch (const std::exception&) {
-      // Most likely out of memory, as it may be here: the end is the answer.
+  if (!limit_address_space(address_space)) {
+    end_for_want(socket, errno);
+  }
+  helpers_grant = {socket, address_space};
+  std::set_new_handler(judge_lack_of_memory);  // the run's own would speak of it
+  try {
+    while (answer_next(socket, work)) {
     }
+  } catch (const std::exception&) {
+    // Most likely out of memory, as it may be here: the end is the answer.
   }
   _exit(EXIT_SUCCESS);
 }
@@ -251,12 +317,14 @@ std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& qu
   if (process_ < 0 && !start()) {
     return std::nullopt;
   }
-  if (!send_head(socket_.get(), head, fd)) {
-    fail_run_if_short("Unable to hand %s to the process that reads tags: %s", question.c_str());
-    return std::nullopt;
+  const bool is_sent = send_head(socket_.get(), head, fd) && send_fully(socket_.get(), question);
+  if (!is_sent) {
+    const bool is_gone = errno == EPIPE || errno == ECONNRESET;
+    if (!is_gone) {
+      fail_run("Unable to hand %s to the process that reads tags: %s", question.c_str(),
+               std::strerror(errno));
+    }
+    shutdown(socket_.get(), SHUT_WR);  // it may have said why, and says no more
   }
-  if (!send_fully(socket_.get(), question)) {
-    return std::nullopt;
-  }
-  return receive_answer(socket_.get());
+  return receive_answer(socket_.get(), question);
 }

@@ -17,6 +17,9 @@ class HelperProcess {
   /// Answers a question about an open file.
   using Work = std::string (*)(int fd, const std::string& question);
 
+  /// Bytes.
+  static constexpr size_t longest_answer = 1024UL * 1024;
+
   /// `memory` is what it may claim beyond what the run has when it is forked, in bytes.
   HelperProcess(Work work, size_t memory) : work_(work), memory_(memory) {}
   HelperProcess(const HelperProcess&) = delete;
@@ -24,7 +27,8 @@ class HelperProcess {
   ~HelperProcess() { end(); }
 
   /// What `work` answers there, as bytes that are not to be trusted. Nothing when that takes more
-  /// than the processor time given or the memory, crashes, throws or is longer than a MiB.
+  /// than the processor time given or the memory, crashes, throws or is longer than a MiB. Fails
+  /// the run (messages.hpp) when the machine does not have what the process is granted.
   std::optional<std::string> ask(int fd, const std::string& question,
                                  std::chrono::microseconds processor_time);
 

@@ -1,6 +1,7 @@
 #include "platform/standalone/id3v2_tag.hpp"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -43,12 +44,12 @@ size_t number_at(std::string_view text, size_t place, size_t count, unsigned bit
 struct FrameForm {
   size_t id_size;
   size_t header_size;
-  std::string_view picture;
+  std::array<std::string_view, 3> not_shown;  ///< pictures, files and what programs keep there
   std::string_view genre;
 };
 
-constexpr FrameForm short_form = {3, 6, "PIC", "TCO"};
-constexpr FrameForm long_form = {4, 10, "APIC", "TCON"};
+constexpr FrameForm short_form = {3, 6, {"PIC", "GEO", ""}, "TCO"};
+constexpr FrameForm long_form = {4, 10, {"APIC", "GEOB", "PRIV"}, "TCON"};
 
 int version_of(std::string_view header) {
   return header[3];
@@ -124,9 +125,11 @@ bool id3v2_may_unfold(std::string_view header, std::string_view tag) {
   return false;
 }
 
-void remove_id3v2_pictures(std::string_view header, std::string& tag) {
+std::vector<std::string> remove_id3v2_frames(std::string_view header, std::string& tag,
+                                             size_t most_bytes) {
+  std::vector<std::string> too_large;
   if (id3v2_header_is_unusual(header)) {
-    return;
+    return too_large;
   }
   const FrameForm& form = form_of(header);
   std::string kept;
@@ -136,8 +139,12 @@ void remove_id3v2_pictures(std::string_view header, std::string& tag) {
     if (!size || *size > tag.size() - place) {
       break;
     }
-    if (!std::string_view(tag).substr(place).starts_with(form.picture)) {
+    std::string id = tag.substr(place, form.id_size);
+    const bool is_shown = std::ranges::find(form.not_shown, id) == form.not_shown.end();
+    if (is_shown && *size <= most_bytes) {
       kept.append(tag, place, *size);
+    } else if (is_shown) {
+      too_large.push_back(std::move(id));
     }
     place += *size;
   }
@@ -145,4 +152,5 @@ void remove_id3v2_pictures(std::string_view header, std::string& tag) {
     kept.append(tag, place);
     tag = std::move(kept);
   }
+  return too_large;
 }

@@ -18,10 +18,14 @@ constexpr size_t buffer_size = 8 * 1024;
 constexpr size_t shortest_picture = 4 * 1024;
 constexpr StreamOffset picture_head_size = 4;
 
+/// Bytes. Larger ones are left out, where they can be told before they are read as a whole. In
+/// UTF-16 as large a text as the helper process may hand back has half of it.
+constexpr size_t largest_tag = 4UL * 1024 * 1024;
+
 /// Whether the bytes before a block tell that it is a picture.
-PictureKind picture_behind(std::string_view before, size_t block_size) {
-  if (before == "covr") {  // the name of a box (ISO/IEC 14496-12)
-    return PictureKind::may_be_short;
+PictureKind picture_behind(std::string_view before, size_t block_size, bool is_mp4) {
+  if (is_mp4) {
+    return before == "covr" ? PictureKind::may_be_short : PictureKind::none;
   }
   if (before.size() < picture_head_size) {
     return PictureKind::none;
@@ -43,15 +47,46 @@ MediaStream::MediaStream(int fd, std::string name, const ReadBudget& budget)
   struct stat status = {};
   if (fstat(fd, &status) == 0) {
     length_ = status.st_size;
+    parts_ = {{0, length_}};
   } else {
     has_failed_ = true;
   }
 }
 
+void MediaStream::show_mp4_parts() {
+  Mp4Parts found = find_mp4_parts(fd_, length_, left_.box_reads);
+  is_mp4_ = true;
+  has_failed_ = has_failed_ || found.outcome == TagsOutcome::failed;
+  is_spent_ = is_spent_ || found.outcome == TagsOutcome::spent;
+  parts_ = std::move(found.parts);
+  length_ = 0;
+  for (const FilePart& part : parts_) {
+    length_ += part.size;
+  }
+  buffer_.clear();
+  position_ = 0;
+}
+
+/// Reads from an offset in what the library sees.
 size_t MediaStream::read_at(char* bytes, size_t size, StreamOffset offset) {
-  const std::optional<size_t> count = read_fully_at(fd_, bytes, size, offset);
-  has_failed_ = has_failed_ || !count;
-  return count.value_or(0);
+  size_t total = 0;
+  StreamOffset part_offset = 0;
+  for (const FilePart& part : parts_) {
+    const StreamOffset begin = offset + static_cast<StreamOffset>(total) - part_offset;
+    part_offset += part.size;
+    if (begin >= part.size || total == size) {
+      continue;
+    }
+    const size_t wanted = std::min(size - total, static_cast<size_t>(part.size - begin));
+    const std::optional<size_t> count =
+        read_fully_at(fd_, bytes + total, wanted, part.start + begin);
+    has_failed_ = has_failed_ || !count;
+    total += count.value_or(0);
+    if (count != wanted) {
+      break;
+    }
+  }
+  return total;
 }
 
 TagLib::FileName MediaStream::name() const {
@@ -76,18 +111,26 @@ TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   if (!spend(left_.reads, 1)) {
     return {};
   }
-  const PictureKind picture =
-      wanted >= shortest_picture ? picture_behind(bytes_before(), wanted) : PictureKind::none;
+  // The bytes of a tag's size may be any, those that tell a picture too.
+  if (!id3v2_header.empty()) {
+    return read_id3v2_tag(id3v2_header, wanted);
+  }
+  const PictureKind picture = wanted >= shortest_picture
+                                  ? picture_behind(bytes_before(), wanted, is_mp4_)
+                                  : PictureKind::none;
   if (picture != PictureKind::none) {
     return pass_over(wanted, picture);
   }
-  if (!id3v2_header.empty()) {
-    return read_id3v2_tag(id3v2_header, wanted);
+  if (is_mp4_ && wanted > largest_tag) {
+    return leave_out_mp4_item(wanted);
   }
   if (!spend(left_.bytes, wanted)) {
     return {};
   }
-  const TagLib::ByteVector block = read_within_file(wanted);
+  TagLib::ByteVector block = read_within_file(wanted);
+  if (is_mp4_) {
+    make_mp4_texts_whole(block.data(), block.size());
+  }
   const std::string_view bytes(block.data(), block.size());
   if (is_id3v2_header(bytes)) {
     if (!left_.risks && id3v2_header_is_unusual(bytes)) {
@@ -105,6 +148,13 @@ std::string MediaStream::bytes_before() {
   bytes.resize(
       read_at(bytes.data(), bytes.size(), position_ - static_cast<StreamOffset>(bytes.size())));
   return bytes;
+}
+
+/// Passes over the content of a box; the library reads as large a block of nothing else.
+TagLib::ByteVector MediaStream::leave_out_mp4_item(size_t size) {
+  add_left_out(left_out_, bytes_before());
+  position_ += static_cast<StreamOffset>(size);
+  return {};
 }
 
 /// A picture without its content: no bytes or, where the library wants as many as there are,
@@ -128,7 +178,9 @@ TagLib::ByteVector MediaStream::read_id3v2_tag(std::string_view header, size_t s
   tag.resize(read_at(tag.data(), size, position_));
   position_ += static_cast<StreamOffset>(tag.size());
   const size_t whole_size = tag.size();
-  remove_id3v2_pictures(header, tag);
+  for (const std::string& id : remove_id3v2_frames(header, tag, largest_tag)) {
+    add_left_out(left_out_, id);
+  }
   if (!spend(left_.pictures, whole_size - tag.size()) || !spend(left_.bytes, tag.size())) {
     return {};
   }

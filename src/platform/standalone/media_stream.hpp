@@ -5,6 +5,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/standalone/mp4_parts.hpp"
 
 // The types in which the tag library counts bytes, those of version 2 and of version 1.
 #if TAGLIB_MAJOR_VERSION >= 2
@@ -22,7 +25,8 @@ struct ReadBudget {
   size_t bytes;     ///< without pictures
   size_t pictures;  ///< bytes of pictures that are passed over
   size_t reads;
-  bool risks;  ///< whether to read what can take much more memory than it has bytes
+  size_t box_reads;  ///< to find the part of an MP4 file that holds its tags
+  bool risks;        ///< whether to read what can take much more memory than it has bytes
 };
 
 /// Whether a block is a picture, and if so whether the library does with less of it than there is.
@@ -36,6 +40,9 @@ class MediaStream : public TagLib::IOStream {
  public:
   /// The library takes the format from the name's extension, or from the content without a name.
   MediaStream(int fd, std::string name, const ReadBudget& budget);
+
+  /// Makes an MP4 file seem to consist of its parts with tags alone, and goes to its beginning.
+  void show_mp4_parts();
 
   /// Whether the library was told less than the file holds.
   bool is_spent() const { return is_spent_; }
@@ -56,6 +63,9 @@ class MediaStream : public TagLib::IOStream {
   /// Whether something of the file could not be read; the library takes that for its end.
   bool has_failed() const { return has_failed_; }
 
+  /// The names of tags that the library did not see since they are too large.
+  const std::string& left_out() const { return left_out_; }
+
  private:
   size_t read_at(char* bytes, size_t size, StreamOffset offset);
   size_t bytes_left() const;
@@ -64,15 +74,19 @@ class MediaStream : public TagLib::IOStream {
   TagLib::ByteVector pass_over(size_t size, PictureKind kind);
   TagLib::ByteVector read_id3v2_tag(std::string_view header, size_t size);
   TagLib::ByteVector read_within_file(size_t wanted);
+  TagLib::ByteVector leave_out_mp4_item(size_t size);
 
   int fd_;
   std::string name_;
   ReadBudget left_;
+  std::vector<FilePart> parts_;  ///< what the library sees of the file, in this order
+  bool is_mp4_ = false;
   bool is_spent_ = false;
   std::string id3v2_header_;  ///< of the tag that the next block is; empty: of none
   StreamOffset length_ = 0;
   StreamOffset position_ = 0;
   bool has_failed_ = false;
+  std::string left_out_;
   std::string buffer_;
   StreamOffset buffer_start_ = 0;
 };

@@ -5,18 +5,21 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "platform/syntax/text.hpp"
 #include "platform/system/file.hpp"
 
 namespace {
 
-/// Ten thousand lines of a hundred bytes; in memory short lines take some fifty times their length.
-constexpr size_t largest_sidecar = 1024UL * 1024;
+constexpr size_t largest_sidecar = 16UL * 1024 * 1024;
 
-/// The whole file; nothing when it is too large. Empty when a read fails: half a sidecar could hide
-/// that the rest says otherwise.
-std::optional<std::string> read_whole(int fd) {
+/// Of entries and groups together. In memory short ones take some thirty times their length.
+constexpr size_t most_entries = 500'000;
+
+/// As much as is read of a file; more by a byte than the largest sidecar when there is more. Empty
+/// when a read fails: half a sidecar could hide that the rest says otherwise.
+std::string read_beginning(int fd) {
   std::string content(4 * 1024, '\0');  // most sidecars are shorter
   size_t length = 0;
   for (;;) {
@@ -26,15 +29,18 @@ std::optional<std::string> read_whole(int fd) {
       return std::string();
     }
     length += *count;
-    if (length > largest_sidecar) {
-      return std::nullopt;
-    }
-    if (length < content.size()) {
+    if (length < content.size() || length > largest_sidecar) {
       content.resize(length);
       return content;
     }
-    content.resize(2 * content.size());
+    content.resize(std::min(2 * content.size(), largest_sidecar + 1));
   }
+}
+
+/// The lines that end within the first bytes of a text.
+std::string_view whole_lines(std::string_view text, size_t size) {
+  const size_t last_end = text.substr(0, size).rfind('\n');
+  return text.substr(0, last_end == std::string_view::npos ? 0 : last_end + 1);
 }
 
 /// Groups by name; the names stand in the file's content.
@@ -57,32 +63,58 @@ bool is_group_line(std::string_view text) {
   return text.starts_with('[') && text.ends_with(']');
 }
 
+/// What lines say, one after the other.
+class SidecarLines {
+ public:
+  /// False for an entry or group too many.
+  bool add(std::string_view text) {
+    const auto pair = divide_name_equ_value_pair(text);
+    const bool is_group = is_group_line(text);
+    if (text.starts_with('#') || (!pair && !is_group)) {
+      return true;
+    }
+    if (metadata_.entries.size() + metadata_.groups.size() == most_entries) {
+      return false;
+    }
+    if (is_group) {
+      group_ = group_index(metadata_, known_groups_, strip_blanks(text.substr(1, text.size() - 2)));
+    } else {
+      metadata_.entries.push_back({std::string(pair->name), std::string(pair->value), group_});
+    }
+    return true;
+  }
+
+  FileMetadata take() { return std::move(metadata_); }
+
+ private:
+  FileMetadata metadata_;
+  KnownGroups known_groups_;
+  int32_t group_ = no_group;
+};
+
 }  // namespace
 
 FileMetadata read_sidecar(int directory, const std::string& media_name) {
-  FileMetadata metadata;
   const std::string name = media_name + ".metadata";
   const FileDescriptor file = open_optional_file(directory, name.c_str());
   if (!file.is_open()) {
-    return metadata;
+    return {};
   }
-  const std::optional<std::string> content = read_whole(file.get());
-  if (!content) {
-    std::fprintf(stderr, "WARNING: '%s' is larger than 1 MiB and not read\n", name.c_str());
-    return metadata;
-  }
-  KnownGroups known_groups;
-  int32_t group = no_group;
-  for (std::string_view rest = *content; !rest.empty();) {
-    const std::string_view text = strip_blanks(chomp(take_line(rest)));
-    if (text.empty() || text.front() == '#') {
-      continue;
-    }
-    if (is_group_line(text)) {
-      group = group_index(metadata, known_groups, strip_blanks(text.substr(1, text.size() - 2)));
-    } else if (const auto pair = divide_name_equ_value_pair(text)) {
-      metadata.entries.push_back({std::string(pair->name), std::string(pair->value), group});
+  const std::string content = read_beginning(file.get());
+  const bool is_too_large = content.size() > largest_sidecar;
+  std::string_view rest = is_too_large ? whole_lines(content, largest_sidecar) : content;
+  SidecarLines lines;
+  size_t count = 0;
+  for (; !rest.empty(); ++count) {
+    if (!lines.add(strip_blanks(take_line(rest)))) {
+      std::fprintf(stderr, "WARNING: '%s' has more than %zu entries, only %zu lines are read\n",
+                   name.c_str(), most_entries, count);
+      return lines.take();
     }
   }
-  return metadata;
+  if (is_too_large) {
+    std::fprintf(stderr, "WARNING: '%s' is larger than 16 MiB, only %zu lines are read\n",
+                 name.c_str(), count);
+  }
+  return lines.take();
 }

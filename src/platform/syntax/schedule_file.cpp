@@ -86,7 +86,8 @@ bool ScheduleFile::next(SchedulePart& part) {
     leave_section();
     return part.section != SectionKind::none;
   }
-  const std::string_view text = skip_blanks(chomp(piece));
+  chomp(piece);
+  const std::string_view text = skip_blanks(piece);
   part.text = text;
   part.column = text.data() - piece.data() + 1;
   part.is_rest = part.line == last_line;

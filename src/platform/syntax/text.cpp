@@ -15,8 +15,9 @@ std::string upper_case(std::string_view text) {
 }
 
 std::string_view take_line(std::string_view& text) {
-  const std::string_view line = text.substr(0, text.find('\n'));
+  std::string_view line = text.substr(0, text.find('\n'));
   text.remove_prefix(std::min(line.size() + 1, text.size()));
+  chomp(line);
   return line;
 }
 

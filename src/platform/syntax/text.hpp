@@ -55,15 +55,20 @@ constexpr std::string_view strip_blanks(std::string_view text) {
   return text;
 }
 
-/// Takes every trailing line feed and carriage return off the line.
-constexpr std::string_view chomp(std::string_view line) {
+/// Takes every trailing line feed and carriage return off the line, in place.
+constexpr void chomp(std::string_view& line) {
   while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
     line.remove_suffix(1);
   }
-  return line;
 }
 
-/// Takes the first line off the text, which is not empty, and gives it without its line feed.
+inline void chomp(std::string& line) {
+  std::string_view text = line;
+  chomp(text);
+  line.resize(text.size());
+}
+
+/// Takes the first line off the text, which is not empty, and gives it without its line end.
 std::string_view take_line(std::string_view& text);
 
 /// The text behind the last "/", or the whole text when it holds none.

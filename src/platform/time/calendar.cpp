@@ -81,6 +81,12 @@ time_t start_of_period(time_t t, Period period) {
   return t;
 }
 
+/// Whether a leap second, 23:59:60, comes behind that time. It belongs to no stretch.
+bool is_before_leap_second(time_t t) {
+  const std::optional<std::tm> next = local_time(t + 1);
+  return next && next->tm_hour == 23 && next->tm_min == 59 && next->tm_sec == 60;
+}
+
 /// The latest time on a date of the period, which clocks that are put back may show once more.
 time_t end_of_period(time_t t, Period period) {
   const std::optional<CivilPeriod> civil = period_of(t, period);
@@ -92,6 +98,7 @@ time_t end_of_period(time_t t, Period period) {
         latest = last;
       }
     }
+    latest += is_before_leap_second(latest) ? 1 : 0;
   }
   return latest;
 }

@@ -8,7 +8,8 @@
 // calendar_start_of_X(t) is the first second of the period that holds t, in every zone: where a
 // clock change skips midnight it is the first second after the gap, where midnight comes twice the
 // earlier one. calendar_end_of_X(t) is the last second that lies in the period: where clocks are
-// put back over midnight, that of its last date's second piece. A time too far off to have a local
+// put back over midnight, that of its last date's second piece, and where a leap second ends the
+// period, that one (23:59:60). A time too far off to have a local
 // date is returned as it is.
 
 time_t calendar_start_of_minute(time_t t);
