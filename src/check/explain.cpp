@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cstring>
 #include <ctime>
-#include <map>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,11 +12,11 @@
 #include "check/finding.hpp"
 #include "check/schedule_source.hpp"
 #include "check/source_text.hpp"
-#include "check/time_advice.hpp"
-#include "check/written_schedule.hpp"
+#include "check/story.hpp"
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/system/activity.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
@@ -38,151 +37,6 @@ std::string time_or_none(time_t t, const char* format) {
   std::string text = local_text(t, format);
   return text.empty() ? "no time" : text;
 }
-
-/// Where what airs comes from, and what befell it on the way.
-struct Origin {
-  std::string where;
-  std::vector<std::string> events;
-};
-
-class Story {
- public:
-  Story(std::string name, Schedule& schedule) : name_(std::move(name)), schedule_(schedule) {}
-
-  void look(const Observation& seen) {
-    switch (seen.deed) {
-      case Deed::began_section:
-        section_line_ = seen.line;
-        break;
-      case Deed::stored_item:
-        take_written(seen);
-        break;
-      case Deed::stored_block:
-        block_lines_[seen.start] = section_line_;
-        break;
-      case Deed::removed_reversed:
-        lost_.push_back({{seen.start, (seen.start / seconds_per_day + 1) * seconds_per_day},
-                         "line " + std::to_string(written_[seen.start].line) +
-                             ": ends before it starts and is dropped"});
-        break;
-      case Deed::clipped:
-        origins_[seen.start].events.push_back(cut_text(seen));
-        lost_.push_back(
-            {{seen.other, seen.end},
-             "line " + std::to_string(written_[seen.start].line) + ": " + cut_text(seen)});
-        break;
-      case Deed::filled_gap:
-        origins_[seen.start] = {"a gap, as nothing is written for " + position(seen.start) +
-                                    " to " + end_position(seen.end) +
-                                    ": the default item of the day",
-                                {}};
-        break;
-      case Deed::announced_block:
-        take_block(seen);
-        break;
-      case Deed::block_removed_item: {
-        if (is_announced_again_) {
-          break;
-        }
-        const Origin& gone = seen.start == seen.other ? displaced_ : origins_[seen.start];
-        origins_[seen.other].events.push_back("in place of: " + gone.where + " at " +
-                                              position(seen.start));
-        break;
-      }
-      case Deed::block_cut_item:
-        origins_[seen.start].events.push_back(cut_text(seen));
-        break;
-      case Deed::block_moved_item: {
-        Origin origin = origins_[seen.start];
-        origin.events.push_back("cut: begins at " + position(seen.other) +
-                                ", behind a block, and no longer at " + position(seen.start));
-        origins_[seen.other] = std::move(origin);
-        break;
-      }
-      case Deed::patched_in_schedule:
-        parent_ = std::move(origins_[seen.start]);
-        break;
-      case Deed::patched_in_item: {
-        Origin origin{
-            "the schedule " + quoted(seen.text) + ", which airs in place of " + parent_.where,
-            parent_.events};
-        origins_[seen.start] = std::move(origin);
-        break;
-      }
-      default:
-        break;
-    }
-  }
-
-  const Origin& origin_at(uint64_t start) { return origins_[start]; }
-
-  /// What is written for the moment and does not air then.
-  std::vector<std::string> lost_at(uint64_t moment) const {
-    std::vector<std::string> lost;
-    for (const auto& [span, what] : lost_) {
-      if (span.first <= moment && moment < span.second) {
-        lost.push_back(what);
-      }
-    }
-    return lost;
-  }
-
-  std::string position(uint64_t seconds) const {
-    return written_position(seconds, *find_schedule_type(schedule_.type));
-  }
-
-  std::string end_position(uint64_t seconds) const {
-    return written_end(seconds, *find_schedule_type(schedule_.type));
-  }
-
- private:
-  struct Written {
-    int64_t line;
-    uint64_t end;
-  };
-
-  void take_written(const Observation& seen) {
-    const auto earlier = written_.find(seen.start);
-    if (earlier != written_.end()) {
-      lost_.push_back({{seen.start, earlier->second.end},
-                       "line " + std::to_string(earlier->second.line) +
-                           ": another item starts at the same time, at line " +
-                           std::to_string(section_line_)});
-    }
-    written_[seen.start] = {section_line_, seen.end};
-    origins_[seen.start] = {name_ + ":" + std::to_string(section_line_), {}};
-  }
-
-  /// Blocks are announced anew for each schedule that is patched in: the story stays the first.
-  void take_block(const Observation& seen) {
-    const std::string block = "the block " + quoted(seen.text) + " of " + name_ + ":" +
-                              std::to_string(block_lines_[seen.start]) + ", announced as one";
-    is_announced_again_ = origins_[seen.start].where == block;
-    if (!is_announced_again_) {
-      displaced_ = std::exchange(origins_[seen.start], Origin{block, {}});
-    }
-  }
-
-  std::string cut_text(const Observation& seen) {
-    return "cut: at " + end_position(seen.other) + " by " + where(seen.other) +
-           "; it was to end at " + end_position(seen.end);
-  }
-
-  std::string where(uint64_t start) {
-    return origins_[start].where.empty() ? "what starts there" : origins_[start].where;
-  }
-
-  std::string name_;
-  Schedule& schedule_;
-  int64_t section_line_ = 0;
-  std::map<uint64_t, Written> written_;
-  std::map<uint64_t, int64_t> block_lines_;
-  std::map<uint64_t, Origin> origins_;
-  std::vector<std::pair<std::pair<uint64_t, uint64_t>, std::string>> lost_;
-  Origin displaced_;
-  bool is_announced_again_ = false;
-  Origin parent_;
-};
 
 std::string announce_rule(const ItemMetadata& metadata, const ScheduleItem& item) {
   if (item.is_block) {
@@ -315,6 +169,46 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
       row_text(gracenote_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
 }
 
+/// Reads what is in the file and shows the story each part of it.
+void read_schedule(Schedule& schedule, Story& story, const std::string& file,
+                   std::string_view content) {
+  const Activity activity("reading", file.c_str());
+  ScheduleFile parts(content);
+  ScheduleBuilder builder(schedule);
+  for (SchedulePart part; parts.next(part);) {
+    story.add_part(part, builder.add_part(part));
+  }
+  builder.finish();
+}
+
+const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
+  const ScheduleItem* airing = nullptr;
+  UnitClock clock(schedule);
+  for (const auto& [start, item] : schedule.schedule) {
+    const time_t item_start = clock.time_of(start);
+    if (item_start != -1 && item_start <= t && t < clock.time_of(item.end)) {
+      airing = &item;
+    }
+  }
+  return airing;
+}
+
+/// What airs at the moment and why, and what does not.
+std::string story_of(const Schedule& schedule, Story& story, time_t t, const std::string& file) {
+  const uint64_t position = time_to_schedule_seconds(schedule, t);
+  std::string out =
+      time_or_none(t, "%a %F %T %z") + ", " + story.position(position) + " of " + file + "\n";
+  if (const ScheduleItem* airing = item_at(schedule, t)) {
+    append_item(out, *airing, story, schedule, t);
+  } else {
+    append_line(out, "airs", "nothing that the schedule knows of");
+  }
+  for (const std::string& lost : story.lost_at(position)) {
+    append_line(out, "lost", lost);
+  }
+  return out;
+}
+
 }  // namespace
 
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
@@ -328,8 +222,7 @@ std::optional<std::string> explain_moment(const std::string& file, const std::st
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   Schedule schedule;
   Story story(file, schedule);
-  schedule.observe = [&](const Observation& seen) { story.look(seen); };
-  read_schedule_content(schedule, source->content, file.c_str());
+  read_schedule(schedule, story, file, source->content);
   if (schedule.unit_length == 0) {
     error = "a schedule of this type has no times";
     return std::nullopt;
@@ -338,30 +231,12 @@ std::optional<std::string> explain_moment(const std::string& file, const std::st
   if (!t) {
     return std::nullopt;
   }
+  schedule.observer = &story;
   complete_schedule(schedule);
   place_schedule(schedule, *t, source->path);
-  schedule.observe = nullptr;
+  schedule.observer = nullptr;
   arm_watchdog();
-
-  const uint64_t position = time_to_schedule_seconds(schedule, *t);
-  std::string out =
-      time_or_none(*t, "%a %F %T %z") + ", " + story.position(position) + " of " + file + "\n";
-  const ScheduleItem* airing = nullptr;
-  UnitClock clock(schedule);
-  for (const auto& [start, item] : schedule.schedule) {
-    const time_t item_start = clock.time_of(start);
-    if (item_start != -1 && item_start <= *t && *t < clock.time_of(item.end)) {
-      airing = &item;
-    }
-  }
-  if (airing != nullptr) {
-    append_item(out, *airing, story, schedule, *t);
-  } else {
-    append_line(out, "airs", "nothing that the schedule knows of");
-  }
-  for (const std::string& lost : story.lost_at(position)) {
-    append_line(out, "lost", lost);
-  }
+  std::string out = story_of(schedule, story, *t, file);
   cancel_watchdog();
   return out;
 }

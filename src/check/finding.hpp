@@ -96,7 +96,7 @@ struct Report {
   Finding finding;
   Place place;
   std::string text;
-  std::vector<Note> notes;
+  std::vector<Note> notes = {};
 };
 
 /// What was found in one file.

@@ -15,7 +15,8 @@
 #include <string_view>
 #include <utility>
 
-#include "check/line_check.hpp"
+#include "check/path_check.hpp"
+#include "check/value_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/system/messages.hpp"
@@ -51,8 +52,8 @@ class MediaCheck {
     schedules_above_.push_back(id);
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];
-      const std::string media = item.text_of("item");
-      if (check_file(media, item.place_of("item"))) {
+      const std::string media = item.text_of(ScheduleKey::item);
+      if (check_file(media, item.place_of(ScheduleKey::item))) {
         check_announced(item);
       }
     }
@@ -228,9 +229,9 @@ class MediaCheck {
 
   void check_announced(const WrittenSection& section) {
     ScheduleItem item;
-    item.item = section.text_of("item");
-    item.label = section.text_of("label");
-    item.event_id = section.text_of("event id");
+    item.item = section.text_of(ScheduleKey::item);
+    item.label = section.text_of(ScheduleKey::label);
+    item.event_id = section.text_of(ScheduleKey::event_id);
     const auto [known, is_new] = metadata_.try_emplace(item.item);
     if (is_new) {
       known->second = extract_item_metadata(open_item_metadata(item).set);

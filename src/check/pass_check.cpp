@@ -27,7 +27,7 @@ std::string length_text(uint64_t seconds) {
   return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
 }
 
-class PassCheck {
+class PassCheck : public PassObserver {
  public:
   PassCheck(WrittenSchedule& written, std::vector<Report>& reports)
       : written_(written), reports_(reports), type_(*find_schedule_type(written.schedule.type)) {}
@@ -41,7 +41,7 @@ class PassCheck {
     }
     check_membership();
     Schedule& schedule = written_.schedule;
-    schedule.observe = [&](const Observation& seen) { look(seen); };
+    schedule.observer = this;
     complete_schedule(schedule);
     if (type_.unit_length > 0) {
       compute_unit_times(schedule, report_time);
@@ -51,10 +51,55 @@ class PassCheck {
         block_announce_subst(schedule);
       }
     }
-    schedule.observe = nullptr;
+    schedule.observer = nullptr;
+  }
+
+  void clipping(const ScheduleItem& item, uint64_t new_end) override {
+    if (const WrittenSection* section = sound_section(item)) {
+      const WrittenSection& next = *written_.item_at(new_end);
+      add(Finding::overlap, section->place,
+          cut_text(item, new_end) + "item at line " + std::to_string(next.place.line),
+          {{next.place, "this one"}});
+    }
+  }
+
+  void announcing(const ScheduleBlock& block) override {
+    announced_.insert(block.start);
+    block_ = block.start;
+  }
+
+  void removing_for_block(const ScheduleItem& item, uint64_t block_start) override {
+    const WrittenSection* section = announced_block(item);
+    if (section != nullptr && !section->is_broken) {
+      add(Finding::block_cuts, section->place,
+          "another announced block takes the place of this one",
+          {{written_.block_at(block_start)->place, "the other is here"}});
+    }
+  }
+
+  void cutting_for_block(const ScheduleItem& item, uint64_t block_start) override {
+    if (const WrittenSection* section = sound_section(item)) {
+      const WrittenSection& block = *written_.block_at(block_start);
+      add(Finding::block_cuts, section->place,
+          cut_text(item, block_start) + "block " + quoted(block.text_of(ScheduleKey::block)),
+          {{block.place, "the block is here"}});
+    }
+  }
+
+  void moving_behind_block(const ScheduleItem& item, uint64_t block_end) override {
+    if (const WrittenSection* section = sound_section(item)) {
+      add(Finding::block_cuts, section->place,
+          "starts " + length_text(block_end - item.start) +
+              " later, behind the block that it runs out of");
+    }
   }
 
  private:
+  static std::string cut_text(const ScheduleItem& item, uint64_t new_end) {
+    return "cut from " + length_text(item.end - item.start) + " to " +
+           length_text(new_end - item.start) + " by the ";
+  }
+
   void add(Finding finding, Place place, std::string text, std::vector<Note> notes = {}) {
     reports_.push_back({finding, place, std::move(text), std::move(notes)});
   }
@@ -67,15 +112,17 @@ class PassCheck {
     const auto end = section.end;
     const std::string unit = "the schedule's " + unit_text(type_);
     if (type_.unit_length > 0 && start >= type_.unit_length) {
-      add(Finding::outside_unit, section.place_of("start"),
+      add(Finding::outside_unit, section.place_of(ScheduleKey::start),
           "the " + what + " starts outside " + unit);
     } else if (as_signed(start) > as_signed(end)) {
-      add(Finding::reversed, section.place_of("end"),
+      add(Finding::reversed, section.place_of(ScheduleKey::end),
           "the " + what + " ends before it starts; " + advice_on_reversed(section));
     } else if (start == end) {
-      add(Finding::no_length, section.place_of("end"), "the " + what + " ends as it starts");
+      add(Finding::no_length, section.place_of(ScheduleKey::end),
+          "the " + what + " ends as it starts");
     } else if (type_.unit_length > 0 && end > type_.unit_length) {
-      add(Finding::outside_unit, section.place_of("end"), "the " + what + " runs out of " + unit);
+      add(Finding::outside_unit, section.place_of(ScheduleKey::end),
+          "the " + what + " runs out of " + unit);
     }
   }
 
@@ -91,7 +138,7 @@ class PassCheck {
     const uint64_t on_same_day = day * seconds_per_day + end % seconds_per_day;
     const uint64_t next_end = on_same_day > start ? on_same_day : on_same_day + seconds_per_day;
     if (!is_within_day && next_end < type_.unit_length &&
-        read_clock(lower_case(section.text_of("end")))) {
+        read_clock(lower_case(section.text_of(ScheduleKey::end)))) {
       return "without a day its end lies on the unit's first; write " +
              quoted(written_position(next_end, type_));
     }
@@ -104,17 +151,17 @@ class PassCheck {
   void check_membership() {
     std::map<std::string, bool> has_members;
     for (const auto& [start, number] : written_.block_numbers) {
-      has_members[written_.blocks[number].text_of("block")] = false;
+      has_members[written_.blocks[number].text_of(ScheduleKey::block)] = false;
     }
     for (const auto& [start, number] : written_.item_numbers) {
       const WrittenSection& item = written_.items[number];
-      const std::string name = item.text_of("block");
+      const std::string name = item.text_of(ScheduleKey::block);
       if (name.empty()) {
         continue;
       }
       const auto block = has_members.find(name);
       if (block == has_members.end()) {
-        add(Finding::unknown_block, item.place_of("block"),
+        add(Finding::unknown_block, item.place_of(ScheduleKey::block),
             "no schedule block is called " + quoted(name));
       } else {
         block->second = true;
@@ -122,7 +169,7 @@ class PassCheck {
     }
     for (const auto& [start, number] : written_.block_numbers) {
       const WrittenSection& block = written_.blocks[number];
-      const std::string name = block.text_of("block");
+      const std::string name = block.text_of(ScheduleKey::block);
       if (has_members[name]) {
         check_members(block, name);
       }
@@ -133,7 +180,7 @@ class PassCheck {
     for (auto it = written_.item_numbers.lower_bound(block.start);
          it != written_.item_numbers.end() && it->first < block.end; ++it) {
       const WrittenSection& item = written_.items[it->second];
-      if (item.text_of("block") != name) {
+      if (item.text_of(ScheduleKey::block) != name) {
         add(Finding::no_member, item.place,
             "this item lies in the block " + quoted(name) + " and is no member of it",
             {{block.place, "the block is here"}});
@@ -141,41 +188,18 @@ class PassCheck {
     }
   }
 
-  void look(const Observation& seen) {
-    if (seen.deed == Deed::announced_block) {
-      announced_.insert(seen.start);
-      block_ = seen.start;
-      return;
-    }
-    const bool is_block = announced_.contains(seen.start) && seen.start != block_;
-    const WrittenSection* item =
-        is_block ? written_.block_at(seen.start) : written_.item_at(seen.start);
-    if (item == nullptr || item->is_broken) {
-      return;
-    }
-    if (is_block && seen.deed == Deed::block_removed_item) {
-      add(Finding::block_cuts, item->place, "another announced block takes the place of this one",
-          {{written_.block_at(seen.other)->place, "the other is here"}});
-    }
-    if (seen.deed == Deed::clipped) {
-      const WrittenSection& next = *written_.item_at(seen.other);
-      add(Finding::overlap, item->place,
-          "cut from " + length_text(seen.end - seen.start) + " to " +
-              length_text(seen.other - seen.start) + " by the item at line " +
-              std::to_string(next.place.line),
-          {{next.place, "this one"}});
-    } else if (seen.deed == Deed::block_cut_item) {
-      const WrittenSection& block = *written_.block_at(seen.other);
-      add(Finding::block_cuts, item->place,
-          "cut from " + length_text(seen.end - seen.start) + " to " +
-              length_text(seen.other - seen.start) + " by the block " +
-              quoted(block.text_of("block")),
-          {{block.place, "the block is here"}});
-    } else if (seen.deed == Deed::block_moved_item) {
-      add(Finding::block_cuts, item->place,
-          "starts " + length_text(seen.other - seen.start) +
-              " later, behind the block that it runs out of");
-    }
+  /// The section of a block that was announced already, and is in the way of another. Null for an
+  /// item that is no such block.
+  const WrittenSection* announced_block(const ScheduleItem& item) const {
+    const bool is_block = announced_.contains(item.start) && item.start != block_;
+    return is_block ? written_.block_at(item.start) : nullptr;
+  }
+
+  /// The section of an item of which something is to be said, or null.
+  const WrittenSection* sound_section(const ScheduleItem& item) const {
+    const WrittenSection* block = announced_block(item);
+    const WrittenSection* section = block != nullptr ? block : written_.item_at(item.start);
+    return section != nullptr && !section->is_broken ? section : nullptr;
   }
 
   /// In the reported unit, the next and the one after.
@@ -221,12 +245,12 @@ class PassCheck {
                         const std::string& what) {
     const uint64_t noon = start / seconds_per_day * seconds_per_day + seconds_per_day / 2;
     const std::tm* tm = clock.breakdown(clock.time_of(noon));
-    const bool is_told = !told_.emplace(number, finding).second;
-    if (tm == nullptr || is_told) {
+    const bool is_known = !clock_changes_.emplace(number, finding).second;
+    if (tm == nullptr || is_known) {
       return;
     }
     const WrittenSection& item = written_.items[number];
-    add(finding, item.place_of("start"),
+    add(finding, item.place_of(ScheduleKey::start),
         "the clocks " + what + " this time on " + local_text(*tm, "%F") +
             (finding == Finding::skipped_hour ? ", so that it does not air then"
                                               : "; it airs at one of the two"));
@@ -235,9 +259,9 @@ class PassCheck {
   WrittenSchedule& written_;
   std::vector<Report>& reports_;
   const ScheduleType& type_;
-  std::set<std::pair<size_t, Finding>> told_;
-  std::set<uint64_t> announced_;  ///< blocks, by start
-  uint64_t block_ = 0;            ///< the last of them, which takes its place now
+  std::set<std::pair<size_t, Finding>> clock_changes_;  ///< items for which they were found
+  std::set<uint64_t> announced_;                        ///< blocks, by start
+  uint64_t block_ = 0;  ///< the last of them, which takes its place now
 };
 
 }  // namespace

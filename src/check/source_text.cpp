@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/schedule_file.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/syntax/utf_8.hpp"
 
@@ -71,24 +71,6 @@ std::string_view SourceText::line(int64_t number) const {
   const std::string_view rest =
       std::string_view(content_).substr(line_starts_[static_cast<size_t>(number) - 1]);
   return rest.substr(0, rest.find('\n'));
-}
-
-Place SourceText::place_of_text(int64_t number) const {
-  const std::string_view text = line(number);
-  return {number, static_cast<int64_t>(text.size() - skip_blanks(text).size()) + 1};
-}
-
-Place SourceText::place_of_value(int64_t number) const {
-  const std::string_view text = line(number);
-  size_t separator = text.find('=');
-  if (separator == std::string_view::npos) {
-    separator = text.find(':');
-  }
-  if (separator == std::string_view::npos) {
-    return place_of_text(number);
-  }
-  const std::string_view value = skip_blanks(text.substr(separator + 1));
-  return {number, static_cast<int64_t>(text.size() - value.size()) + 1};
 }
 
 bool is_hopeless(const SourceText& source) {

@@ -18,12 +18,6 @@ class SourceText {
   std::string_view line(int64_t number) const;
   int64_t line_count() const { return static_cast<int64_t>(line_starts_.size()); }
 
-  /// Where a line's text begins, blanks passed over.
-  Place place_of_text(int64_t number) const;
-
-  /// Where the value behind the first "=" or, without one, the first ":" begins.
-  Place place_of_value(int64_t number) const;
-
  private:
   std::string content_;
   std::vector<size_t> line_starts_;

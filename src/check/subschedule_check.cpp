@@ -14,7 +14,7 @@
 
 namespace {
 
-class SubscheduleCheck {
+class SubscheduleCheck : public PassObserver {
  public:
   SubscheduleCheck(WrittenSchedule& written, std::vector<Report>& reports)
       : written_(written), reports_(reports) {}
@@ -26,14 +26,30 @@ class SubscheduleCheck {
     }
     // They are announced already. Doing so again could end the run where a schedule airs nothing.
     schedule.blocks.clear();
-    schedule.observe = [&](const Observation& seen) { look(seen); };
+    schedule.observer = this;
     patch_all_subschedules(schedule);
-    schedule.observe = nullptr;
+    schedule.observer = nullptr;
     check_filling();
     if (is_last_level_reached_) {
       check_what_is_left();
     }
   }
+
+  void replacing_by_schedule(const ScheduleItem& item) override {
+    check_filling();
+    filling_ = {item.item, item.start, item.end};
+    if (root_at(item.start) == nullptr) {
+      roots_[item.start] = {item.end, item.item, place_of(item.item, item.start)};
+    }
+  }
+
+  void inserting_from_schedule(uint64_t /*start*/, uint64_t end) override {
+    filling_.filled_to = std::max(filling_.filled_to, end);
+  }
+
+  void wrapping_around() override { filling_.is_wrapped_around = true; }
+
+  void reaching_last_level() override { is_last_level_reached_ = true; }
 
  private:
   /// An item of the file, written or a default one, in whose place a schedule airs.
@@ -52,22 +68,6 @@ class SubscheduleCheck {
     bool is_wrapped_around = false;  ///< the schedule's unit ended before the item
   };
 
-  void look(const Observation& seen) {
-    if (seen.deed == Deed::patched_in_schedule) {
-      check_filling();
-      filling_ = {std::string(seen.text), seen.start, seen.end};
-      if (root_at(seen.start) == nullptr) {
-        roots_[seen.start] = {seen.end, filling_.path, place_of(filling_.path, seen.start)};
-      }
-    } else if (seen.deed == Deed::patched_in_item) {
-      filling_.filled_to = std::max(filling_.filled_to, seen.end);
-    } else if (seen.deed == Deed::wrapped_around) {
-      filling_.is_wrapped_around = true;
-    } else if (seen.deed == Deed::reached_last_level) {
-      is_last_level_reached_ = true;
-    }
-  }
-
   const Root* root_at(uint64_t position) const {
     const auto behind = roots_.upper_bound(position);
     if (behind == roots_.begin() || std::prev(behind)->second.end <= position) {
@@ -79,23 +79,23 @@ class SubscheduleCheck {
   /// Of the item that starts there; of another with that path where a block took its beginning.
   Place place_of(const std::string& path, uint64_t start) const {
     const WrittenSection* item = written_.item_at(start);
-    if (item != nullptr && item->text_of("item") == path) {
-      return item->place_of("item");
+    if (item != nullptr && item->text_of(ScheduleKey::item) == path) {
+      return item->place_of(ScheduleKey::item);
     }
     const auto default_path = written_.default_paths.find(path);
     if (default_path != written_.default_paths.end()) {
       return default_path->second;
     }
     for (const WrittenSection& other : written_.items) {
-      if (other.text_of("item") == path) {
-        return other.place_of("item");
+      if (other.text_of(ScheduleKey::item) == path) {
+        return other.place_of(ScheduleKey::item);
       }
     }
     return {};
   }
 
   void add(Finding finding, const Root& root, const std::string& text) {
-    if (told_.emplace(root.place.line, finding).second) {
+    if (reported_.emplace(root.place.line, finding).second) {
       reports_.push_back({finding, root.place, text, {}});
     }
   }
@@ -147,7 +147,7 @@ class SubscheduleCheck {
   WrittenSchedule& written_;
   std::vector<Report>& reports_;
   std::map<uint64_t, Root> roots_;  ///< by start
-  std::set<std::pair<int64_t, Finding>> told_;
+  std::set<std::pair<int64_t, Finding>> reported_;
   std::map<std::string, bool> known_;  ///< which paths are those of schedules
   Filling filling_;
   bool is_last_level_reached_ = false;

@@ -10,15 +10,27 @@
 
 #include "check/finding.hpp"
 #include "check/source_text.hpp"
+#include "platform/syntax/schedule_file.hpp"
 #include "schedule/schedule.hpp"
 
 // A schedule file as it is written, beside the schedule that the reader makes of it.
 
+inline Place place_of(const SchedulePart& part) {
+  return {part.line, part.column};
+}
+
+inline Place value_place_of(const SchedulePart& part) {
+  return {part.line, part.value_column};
+}
+
 /// The texts are parts of the file's.
 struct WrittenValue {
-  std::string_view key;
+  const SectionKey* key;
   std::string_view text;
   Place place;
+  int64_t key_column;  ///< on the same line
+
+  Place key_place() const { return {place.line, key_column}; }
 };
 
 /// An item's or a block's section.
@@ -30,16 +42,17 @@ struct WrittenSection {
   bool is_broken = false;  ///< it ran into the next one, of which nothing more need be said
 
   /// Null when the section gives the key none.
-  const WrittenValue* value_of(std::string_view key) const {
-    const auto found = std::ranges::find(values, key, &WrittenValue::key);
+  const WrittenValue* value_of(ScheduleKey key) const {
+    const auto is_of_key = [key](const WrittenValue& value) { return value.key->key == key; };
+    const auto found = std::ranges::find_if(values, is_of_key);
     return found != values.end() ? &*found : nullptr;
   }
   /// Where it stands, or the section where there is none.
-  Place place_of(std::string_view key) const {
+  Place place_of(ScheduleKey key) const {
     const WrittenValue* value = value_of(key);
     return value != nullptr ? value->place : place;
   }
-  std::string text_of(std::string_view key) const {
+  std::string text_of(ScheduleKey key) const {
     const WrittenValue* value = value_of(key);
     return value != nullptr ? std::string(value->text) : std::string();
   }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <utility>
 
 #include "platform/system/activity.hpp"
@@ -26,16 +25,15 @@ Items::iterator item_at_or_before(Items& items, uint64_t start) {
   return sit;
 }
 
-/// The start of a programme, not a filler, that begins or ends inside the block. One that runs
-/// through the whole block does not count. Blocks come by their start: all items from the last
+/// Whether a programme, not a filler, begins or ends inside the block. One that runs through the
+/// whole block does not count. Blocks come by their start: all items from the last
 /// one's start up to `fillers_end` are fillers, and are not gone through again for a block that
 /// overlaps it.
-std::optional<uint64_t> programme_in(Items& items, const ScheduleBlock& block,
-                                     uint64_t& fillers_end) {
+bool has_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
   const auto first = item_at_or_before(items, block.start);
   const ScheduleItem& item = first->second;
   if (!item.is_default && block.start < item.end && item.end <= block.end) {
-    return item.start;
+    return true;
   }
   fillers_end = std::max(fillers_end, block.start);
   auto sit = items.lower_bound(fillers_end);
@@ -44,13 +42,15 @@ std::optional<uint64_t> programme_in(Items& items, const ScheduleBlock& block,
   }
   const bool is_found = sit != items.end() && sit->first < block.end;
   fillers_end = std::max(fillers_end, is_found ? sit->first : block.end);
-  return is_found ? std::optional(sit->first) : std::nullopt;
+  return is_found;
 }
 
 /// Keeps of an item that runs past the block's end what lies behind it.
 void keep_tail(Schedule& schedule, Items::iterator sit, uint64_t block_end) {
   Items& items = schedule.schedule;
-  tell(schedule, {Deed::block_moved_item, 0, {}, sit->first, sit->second.end, block_end});
+  if (schedule.observer != nullptr) {
+    schedule.observer->moving_behind_block(sit->second, block_end);
+  }
   ScheduleItem csit = std::move(sit->second);
   items.erase(sit);
   csit.start = block_end;
@@ -68,7 +68,9 @@ void make_room(Schedule& schedule, uint64_t start, uint64_t end) {
   if (sit->second.start < start) {
     ScheduleItem& before = sit->second;
     if (before.start < before.end && before.end > start) {
-      tell(schedule, {Deed::block_cut_item, 0, {}, before.start, before.end, start});
+      if (schedule.observer != nullptr) {
+        schedule.observer->cutting_for_block(before, start);
+      }
       before.end = start;
     }
     ++sit;
@@ -80,7 +82,9 @@ void make_room(Schedule& schedule, uint64_t start, uint64_t end) {
       keep_tail(schedule, sit, end);
       return;
     }
-    tell(schedule, {Deed::block_removed_item, 0, {}, sit->first, sit->second.end, start});
+    if (schedule.observer != nullptr) {
+      schedule.observer->removing_for_block(sit->second, start);
+    }
     sit = items.erase(sit);
   }
 }
@@ -108,13 +112,12 @@ bool block_announce_subst(Schedule& schedule) {
     if (!has_time || block.announce == "items") {
       continue;
     }
-    if (block.announce != "block") {
-      if (const auto programme = programme_in(schedule.schedule, block, fillers_end)) {
-        tell(schedule, {Deed::kept_block_items, 0, block.block, start, block.end, *programme});
-        continue;
-      }
+    if (block.announce != "block" && has_programme(schedule.schedule, block, fillers_end)) {
+      continue;
     }
-    tell(schedule, {Deed::announced_block, 0, block.block, start, block.end});
+    if (schedule.observer != nullptr) {
+      schedule.observer->announcing(block);
+    }
     substitute(schedule, block);
   }
   return true;

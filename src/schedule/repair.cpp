@@ -40,13 +40,15 @@ uint64_t skip_item(const ScheduleItem& item, uint64_t cursor) {
 
 /// Fills [start, end) with the default item of start's day.
 void patch_gap(Schedule& schedule, Items::iterator next, uint64_t start, uint64_t end) {
+  if (schedule.observer != nullptr) {
+    schedule.observer->filling_gap(start, end);
+  }
   ScheduleItem& item = schedule.schedule.try_emplace(next, start)->second;
   item.duration = static_cast<double>(end - start);
   item.item = schedule.defaults[start / seconds_per_day];
   item.start = start;
   item.is_default = true;
   item.end = end;
-  tell(schedule, {Deed::filled_gap, 0, item.item, start, end});
 }
 
 }  // namespace
@@ -62,7 +64,9 @@ void remove_reversed_items(Schedule& schedule) {
       print_diagnostic("WARNING: item %s\n", item.item.c_str());
       print_diagnostic("       start > end (%lu > %lu)\n", item.start, item.end);
     }
-    tell(schedule, {Deed::removed_reversed, 0, {}, item.start, item.end});
+    if (schedule.observer != nullptr) {
+      schedule.observer->removing_reversed(item);
+    }
     it = schedule.schedule.erase(it);
   }
 }
@@ -79,7 +83,9 @@ bool fix_schedule_file(Schedule& schedule) {
               "(unsigned long long)next->start == (unsigned long long)scin->first");
     if (as_signed(next->second.start) < as_signed(current->second.end)) {
       print_diagnostic("Clipping overlapping item\n");
-      tell(schedule, {Deed::clipped, 0, {}, current->first, current->second.end, next->first});
+      if (schedule.observer != nullptr) {
+        schedule.observer->clipping(current->second, next->first);
+      }
       current->second.end = next->second.start;
     }
   }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/syntax/schedule_types.hpp"
-#include "schedule/schedule_observer.hpp"
+#include "schedule/pass_observer.hpp"
 
 // One channel's playout schedule in memory.
 //
@@ -54,16 +54,10 @@ struct Schedule {
   ScheduleItems schedule;                           ///< what airs
   std::string type;                                 ///< a type's text; empty until it is known
   std::array<std::string, default_slots> defaults;  ///< what plays in the gaps of each day
-  std::string global_default;  ///< default item of days without one of their own
-  int32_t unit_days = 0;       ///< days of the calendar unit; 0 until it is known
-  uint64_t unit_length = 0;    ///< schedule seconds
-  int64_t unit_start = 0;      ///< first and last second of the calendar unit that
-  int64_t unit_end = 0;        ///< holds the report time, calendar time
-  ScheduleObserver observe;    ///< told what becomes of the file; empty: nobody looks
+  std::string global_default;        ///< default item of days without one of their own
+  int32_t unit_days = 0;             ///< days of the calendar unit; 0 until it is known
+  uint64_t unit_length = 0;          ///< schedule seconds
+  int64_t unit_start = 0;            ///< first and last second of the calendar unit that
+  int64_t unit_end = 0;              ///< holds the report time, calendar time
+  PassObserver* observer = nullptr;  ///< told what the passes do; null: nobody
 };
-
-inline void tell(const Schedule& schedule, const Observation& observation) {
-  if (schedule.observe) {
-    schedule.observe(observation);
-  }
-}

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <string_view>
+#include <cstdint>
 
+#include "platform/syntax/schedule_file.hpp"
 #include "platform/system/file.hpp"
 #include "schedule/schedule.hpp"
 
@@ -12,5 +13,39 @@
 /// the end of the file, with a warning on standard error.
 bool read_schedule_file(Schedule& schedule, const char* path, Links links = Links::followed);
 
-/// The same of what was read of a file before; `name` is the file's in messages.
-void read_schedule_content(Schedule& schedule, std::string_view content, const char* name);
+/// What a part of a file did to the record.
+struct PartEffect {
+  /// By the kind of the part: the type was taken (also from the name of a defaults section), the
+  /// global default or a day's default was stored, the item or block that ended was stored.
+  bool is_used = false;
+  int default_slot = 0;      ///< of a stored default
+  uint64_t start = no_time;  ///< schedule seconds, of the item or block that ended, stored or not
+  uint64_t end = no_time;
+};
+
+/// Makes a record of the parts of a schedule file, handed over in order.
+class ScheduleBuilder {
+ public:
+  /// Clears the record as read_schedule_file does.
+  explicit ScheduleBuilder(Schedule& schedule);
+
+  PartEffect add_part(const SchedulePart& part);
+
+  /// Settles what the file left open.
+  void finish();
+
+ private:
+  bool take_type(std::string_view text);
+  void begin_section(const SchedulePart& part, PartEffect& effect);
+  void add_entry(const SchedulePart& part, PartEffect& effect);
+  void set_item_value(ScheduleKey key, std::string_view value);
+  void set_block_value(ScheduleKey key, std::string_view value);
+  void set_default(const SchedulePart& part, PartEffect& effect);
+  void store_item(PartEffect& effect);
+  void store_block(PartEffect& effect);
+  uint64_t read_time(std::string_view text) const;
+
+  Schedule& schedule_;
+  ScheduleItem item_;  ///< of the open section, as is the block
+  ScheduleBlock block_;
+};

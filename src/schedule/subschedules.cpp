@@ -100,8 +100,7 @@ const Placements& placements_of(PreparedSubschedule& prepared, time_t unit_start
 
 /// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
 /// Where the outer unit is the shorter one, placements run through it again and again.
-void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end,
-                std::string_view path) {
+void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end) {
   const auto& [beginning, in_order, latest_ends, first_starts] = placements;
   // Only those between have a chance: all before end too early, all behind start too late.
   const auto first = std::ranges::upper_bound(latest_ends, begin) - latest_ends.begin();
@@ -116,7 +115,9 @@ void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, u
     ScheduleItem copy = *placement.item;
     copy.start = from;
     copy.end = to;
-    tell(outer, {Deed::patched_in_item, 0, path, from, to, placement.item->start});
+    if (outer.observer != nullptr) {
+      outer.observer->inserting_from_schedule(from, to);
+    }
     outer.schedule.insert_or_assign(from, std::move(copy));
   }
 }
@@ -135,7 +136,9 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
     uint64_t round_end = outer_clock.schedule_seconds_of(unit.end);
     if (round_end <= position) {
       print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
-      tell(outer, {Deed::wrapped_around, 0, item.item, position, item.end});
+      if (outer.observer != nullptr) {
+        outer.observer->wrapping_around();
+      }
       const uint64_t unit_length = unit_length_of(outer);
       if (unit_length == 0) {
         std::abort();
@@ -147,7 +150,7 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
       }
     }
     copy_items(outer, placements_of(prepared, unit.start, outer, outer_clock), position,
-               std::min(item.end, round_end), item.item);
+               std::min(item.end, round_end));
     position = round_end;
   }
 }
@@ -173,9 +176,11 @@ bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& sub
     resume_at = key;
     return false;
   }
+  if (outer.observer != nullptr) {
+    outer.observer->replacing_by_schedule(found->second);
+  }
   const ScheduleItem item = std::move(found->second);
   outer.schedule.erase(found);
-  tell(outer, {Deed::patched_in_schedule, 0, item.item, item.start, item.end});
   fill_span(outer, outer_clock, *prepared, item);
   resume_at = item.end;
   return true;
@@ -215,5 +220,7 @@ void patch_all_subschedules(Schedule& schedule) {
     }
   }
   print_warning(Warning::pass, "Warning: too many subschedules\n");
-  tell(schedule, {Deed::reached_last_level, 0, {}});
+  if (schedule.observer != nullptr) {
+    schedule.observer->reaching_last_level();
+  }
 }

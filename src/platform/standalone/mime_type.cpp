@@ -3,9 +3,8 @@
 #include <optional>
 
 #include "platform/standalone/media_type_database.hpp"
-#include "platform/syntax/schedule_lines.hpp"
+#include "platform/syntax/schedule_file.hpp"
 #include "platform/syntax/schedule_types.hpp"
-#include "platform/syntax/text.hpp"
 #include "platform/system/file.hpp"
 
 namespace {
@@ -18,53 +17,8 @@ std::string media_type(std::string_view head) {
   return known.empty() ? libmagic_type(head) : known;
 }
 
-/// Walks the lines of a schedule's content.
-class Lines {
- public:
-  explicit Lines(std::string_view content) : rest_(content) {}
-
-  std::optional<std::string_view> next() {
-    if (rest_.empty()) {
-      return std::nullopt;
-    }
-    const std::string_view line =
-        rest_.substr(0, rest_.find('\n')).substr(0, longest_schedule_line);
-    rest_.remove_prefix(line.size());
-    if (rest_.starts_with('\n') && line.size() < longest_schedule_line) {
-      rest_.remove_prefix(1);
-    }
-    return schedule_line_text(line);
-  }
-
- private:
-  std::string_view rest_;
-};
-
-/// Reads a section that does not nest to its end; whether it names an item and its start.
-bool read_flat_section(Lines& lines) {
-  bool has_item = false;
-  bool has_start = false;
-  for (auto line = lines.next(); line && !closes_section(*line); line = lines.next()) {
-    if (const std::optional<NameValue> pair = divide_name_equ_value_pair(*line)) {
-      has_item = has_item || pair->name == "item";
-      has_start = has_start || pair->name == "start";
-    }
-  }
-  return has_item && has_start;
-}
-
-void skip_nested_section(Lines& lines) {
-  int depth = 1;
-  for (auto line = lines.next(); line; line = lines.next()) {
-    if (closes_section(*line)) {
-      --depth;
-    } else if (opens_section(*line)) {
-      ++depth;
-    }
-    if (depth == 0) {
-      return;
-    }
-  }
+bool is_entry_of(const SchedulePart& part, ScheduleKey key) {
+  return part.key != nullptr && part.key->key == key;
 }
 
 }  // namespace
@@ -103,31 +57,30 @@ std::string_view sniff_schedule(std::string_view content) {
   if (content.find('\0') != std::string_view::npos) {
     return {};
   }
-  Lines lines(content);
+  ScheduleFile file(content);
   bool in_front_of_sections = true;
+  bool has_airing = false;  // an item's section with an item and a start
   bool has_item = false;
-  for (auto text = lines.next(); text; text = lines.next()) {
-    const ScheduleLine line = classify_schedule_line(*text);
-    if (line.kind == ScheduleLineKind::type && in_front_of_sections) {
-      const ScheduleType* type = find_schedule_type(line.text);
+  bool has_start = false;
+  for (SchedulePart part; file.next(part);) {
+    if (part.kind == PartKind::type && in_front_of_sections) {
+      const ScheduleType* type = find_schedule_type(part.name);
       if (type != nullptr && !type->mime_type.empty()) {
         return type->mime_type;
       }
-    } else if (line.kind == ScheduleLineKind::section) {
+    } else if (part.kind == PartKind::section_begin) {
       in_front_of_sections = false;
-      if (const ScheduleType* type = find_schedule_type_of_section(line.text)) {
+      has_item = has_start = false;
+      if (const ScheduleType* type = find_schedule_type_of_section(part.name)) {
         return type->mime_type;
       }
-      if (line.text.empty()) {
-        has_item = read_flat_section(lines) || has_item;
-      } else if (line.text == "schedule block") {
-        read_flat_section(lines);
-      } else {
-        skip_nested_section(lines);
-      }
+    } else if (part.kind == PartKind::entry && part.section == SectionKind::item) {
+      has_item = has_item || is_entry_of(part, ScheduleKey::item);
+      has_start = has_start || is_entry_of(part, ScheduleKey::start);
+      has_airing = has_airing || (has_item && has_start);
     }
   }
-  return has_item ? find_schedule_type(default_schedule_type)->mime_type : std::string_view();
+  return has_airing ? find_schedule_type(default_schedule_type)->mime_type : std::string_view();
 }
 
 bool is_transport_stream(std::string_view content) {

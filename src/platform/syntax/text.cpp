@@ -2,22 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
-  if (separator == std::string_view::npos) {
-    return std::nullopt;
-  }
-  const NameValue pair{strip_blanks(line.substr(0, separator)),
-                       strip_blanks(line.substr(separator + 1))};
-  if (pair.name.empty() || pair.value.empty()) {
-    return std::nullopt;
-  }
-  return pair;
-}
-
-}  // namespace
-
 std::string lower_case(std::string_view text) {
   std::string lower(text);
   std::ranges::transform(lower, lower.begin(), to_lower);
@@ -39,10 +23,6 @@ std::string_view take_line(std::string_view& text) {
 
 std::string_view file_name_of(std::string_view path) {
   return path.substr(path.rfind('/') + 1);  // npos + 1 is 0: no "/", the whole path
-}
-
-std::optional<NameValue> divide_name_equ_value_pair(std::string_view line) {
-  return divide_at(line, line.find('='));
 }
 
 std::optional<NameValue> divide_name_equ_value_pair_compat_maybe_loose(std::string_view line,

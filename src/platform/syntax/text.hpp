@@ -74,9 +74,24 @@ std::string_view take_line(std::string_view& text);
 /// The text behind the last "/", or the whole text when it holds none.
 std::string_view file_name_of(std::string_view path);
 
-/// Splits "name = value" at the first "=", blanks around both sides removed. Nothing when there
-/// is no "=" or a side is empty.
-std::optional<NameValue> divide_name_equ_value_pair(std::string_view line);
+/// Splits a line at a separator, blanks around both sides removed. Nothing when the separator is
+/// nowhere (npos) or a side is empty.
+constexpr std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
+  if (separator == std::string_view::npos) {
+    return std::nullopt;
+  }
+  const NameValue pair{strip_blanks(line.substr(0, separator)),
+                       strip_blanks(line.substr(separator + 1))};
+  if (pair.name.empty() || pair.value.empty()) {
+    return std::nullopt;
+  }
+  return pair;
+}
+
+/// Splits "name = value" at the first "=". Inline, as the most lines of large schedules are such.
+inline std::optional<NameValue> divide_name_equ_value_pair(std::string_view line) {
+  return divide_at(line, line.find('='));
+}
 
 /// The same for top-level lines of a schedule file, which older files write as "=name=value" or
 /// "name: value". `first` is the line's first character.

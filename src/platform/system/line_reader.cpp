@@ -19,23 +19,19 @@ LineReader::LineReader(FileDescriptor file, size_t longest_piece)
       bytes_(buffer_.get()) {
 }
 
-LineReader::LineReader(std::string_view content, size_t longest_piece)
-    : longest_piece_(longest_piece),
-      buffer_size_(0),
-      bytes_(content.data()),
-      end_(content.size()),
-      at_end_(true) {
+LineReader::LineReader(std::string_view text, size_t longest_piece)
+    : longest_piece_(longest_piece), bytes_(text.data()), end_(text.size()), at_end_(true) {
 }
 
 bool LineReader::read(std::string_view& piece) {
   size_t searched = 0;
   for (;;) {
     const size_t available = std::min(end_ - begin_, longest_piece_);
-    const char* start = bytes_ + begin_;
-    const void* line_feed = std::memchr(start + searched, '\n', available - searched);
+    const std::string_view found(bytes_ + begin_, available);
+    const size_t line_feed = found.find('\n', searched);
     size_t length = available;
-    if (line_feed != nullptr) {
-      length = static_cast<size_t>(static_cast<const char*>(line_feed) - start) + 1;
+    if (line_feed != std::string_view::npos) {
+      length = line_feed + 1;
     } else if (available < longest_piece_ && !at_end_) {
       searched = available;
       refill();
@@ -46,8 +42,8 @@ bool LineReader::read(std::string_view& piece) {
     }
     begin_ += length;
     line_ = next_line_;
-    next_line_ += line_feed != nullptr ? 1 : 0;
-    piece = std::string_view(start, length);
+    next_line_ += line_feed != std::string_view::npos ? 1 : 0;
+    piece = found.substr(0, length);
     piece = piece.substr(0, piece.find('\0'));
     return true;
   }

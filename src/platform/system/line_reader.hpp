@@ -7,18 +7,19 @@
 
 #include "platform/system/file.hpp"
 
-/// Reads a file line by line as C's fgets would into a buffer of longest_piece + 1 bytes.
+/// Reads a file, or a text in memory, line by line as C's fgets would into a buffer of
+/// longest_piece + 1 bytes.
 class LineReader {
  public:
   LineReader(FileDescriptor file, size_t longest_piece);
 
-  /// Reads what was read before, which must outlive this object.
-  LineReader(std::string_view content, size_t longest_piece);
+  /// The text must outlive the reader. The pieces are parts of it.
+  LineReader(std::string_view text, size_t longest_piece);
 
   /// Sets `piece` to the next line with its line feed, or to the next `longest_piece` bytes of a
   /// longer line. As for any C string, a NUL byte ends the piece, and what follows it up to there
-  /// is lost. The view stays valid until the next call. False at the end of the file or on a read
-  /// error; the piece that the error broke off is lost.
+  /// is lost. The view into a file stays valid until the next call. False at the end of the file
+  /// or on a read error; the piece that the error broke off is lost.
   bool read(std::string_view& piece);
 
   /// The number of the line that the last piece is of, from 1.
@@ -32,9 +33,9 @@ class LineReader {
 
   FileDescriptor file_;
   size_t longest_piece_;
-  size_t buffer_size_;
-  std::unique_ptr<char[]> buffer_;  ///< null where the content is given
-  const char* bytes_;               ///< in the buffer, or of the content
+  size_t buffer_size_ = 0;
+  std::unique_ptr<char[]> buffer_;  ///< none for a text in memory
+  const char* bytes_;
   size_t begin_ = 0;
   size_t end_ = 0;
   bool at_end_ = false;

@@ -1,0 +1,18 @@
+#include "check/path_check.hpp"
+
+#include <unistd.h>
+
+size_t comment_behind_path(std::string_view path) {
+  return path.find(" # ");
+}
+
+void check_path(const std::string& path, Place place, bool with_media,
+                std::vector<Report>& reports) {
+  const size_t mark = comment_behind_path(path);
+  if (mark != std::string::npos && !(with_media && access(path.c_str(), F_OK) == 0)) {
+    reports.push_back(
+        {Finding::comment_behind_value,
+         {place.line, place.column + static_cast<int64_t>(mark) + 1},
+         "a comment behind a path is part of it; give the comment a line of its own"});
+  }
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "schedule/pass_observer.hpp"
+#include "schedule/schedule.hpp"
+#include "schedule/schedule_reader.hpp"
+
+/// Where what airs comes from, and what happened to it on the way.
+struct Origin {
+  std::string where;
+  std::vector<std::string> events;
+};
+
+/// Follows a schedule from its file through the passes. Positions are schedule seconds.
+class Story : public PassObserver {
+ public:
+  /// `name` is that of the file, and `schedule` the record that is made of it.
+  Story(std::string name, const Schedule& schedule) : name_(std::move(name)), schedule_(schedule) {}
+
+  /// A part of the file, and what it did to the record.
+  void add_part(const SchedulePart& part, const PartEffect& effect);
+
+  const Origin& origin_at(uint64_t start) { return origins_[start]; }
+
+  /// What is written for the position and does not air then.
+  std::vector<std::string> lost_at(uint64_t position) const;
+
+  /// As it would be written in a schedule of the type; an end at midnight is hour 24.
+  std::string position(uint64_t seconds) const;
+  std::string end_position(uint64_t seconds) const;
+
+  void removing_reversed(const ScheduleItem& item) override;
+  void clipping(const ScheduleItem& item, uint64_t new_end) override;
+  void filling_gap(uint64_t start, uint64_t end) override;
+  void announcing(const ScheduleBlock& block) override;
+  void removing_for_block(const ScheduleItem& item, uint64_t block_start) override;
+  void cutting_for_block(const ScheduleItem& item, uint64_t block_start) override;
+  void moving_behind_block(const ScheduleItem& item, uint64_t block_end) override;
+  void replacing_by_schedule(const ScheduleItem& item) override;
+  void inserting_from_schedule(uint64_t start, uint64_t end) override;
+
+ private:
+  struct Written {
+    int64_t line = 0;
+    uint64_t end = 0;
+  };
+  struct Lost {
+    uint64_t start;
+    uint64_t end;
+    std::string reason;
+  };
+
+  void take_item(const PartEffect& item, int64_t line);
+  void add_lost(uint64_t start, uint64_t end, int64_t line, const std::string& reason);
+  std::string cut_text(const ScheduleItem& item, uint64_t new_end);
+
+  std::string name_;
+  const Schedule& schedule_;
+  std::map<uint64_t, Written> written_;  ///< items, by start
+  std::map<uint64_t, int64_t> block_lines_;
+  std::map<uint64_t, Origin> origins_;
+  std::vector<Lost> lost_;
+  Origin displaced_;  ///< what the block that is announced stands in place of
+  bool is_announced_again_ = false;
+  Origin inserted_;  ///< of the items of the schedule that is patched in
+};

@@ -1,0 +1,78 @@
+#include "check/type_check.hpp"
+
+#include <string>
+
+#include "check/written_schedule.hpp"
+#include "platform/syntax/nearest_word.hpp"
+#include "platform/syntax/text.hpp"
+
+namespace {
+
+std::vector<std::string_view> types_with_unit() {
+  std::vector<std::string_view> types;
+  for (const ScheduleType& known : schedule_types()) {
+    if (known.unit_length > 0) {
+      types.push_back(known.text);
+    }
+  }
+  return types;
+}
+
+}  // namespace
+
+void TypeCheck::take_type(Place place) {
+  type_place_ = place;
+  if (first_untyped_) {
+    reports_.push_back({Finding::late_type,
+                        place,
+                        "the type comes behind sections whose times needed it; they are not aired",
+                        {{*first_untyped_, "the first of them"}}});
+    first_untyped_.reset();
+  }
+}
+
+void TypeCheck::check_unused_type(const SchedulePart& part) {
+  const Place place = place_of(part);
+  const ScheduleType* type = find_schedule_type(part.name);
+  if (type == nullptr) {
+    reports_.push_back(report_on_unknown_type(part.name, place));
+    is_misspelt_ = true;
+  } else if (type->unit_length == 0) {
+    reports_.push_back(
+        {Finding::type_without_unit, place, "a schedule of this type cannot be printed"});
+  } else {
+    reports_.push_back({Finding::second_type,
+                        place,
+                        "the schedule is " + schedule_.type + " already; this line is of no effect",
+                        {{type_place(), "the type comes from here"}}});
+  }
+}
+
+Report TypeCheck::report_on_unknown_type(std::string_view text, Place place) const {
+  const std::vector<std::string_view> types = types_with_unit();
+  const std::string_view word = strip_blanks(text.substr(0, text.find('#')));
+  const std::optional<std::string_view> nearest = nearest_word(word, types);
+  std::string report = quoted("*" + std::string(text)) + " is no type";
+  if (word != text && nearest == word) {
+    report += ": nothing may stand around the word; write " + quoted("*" + std::string(word));
+  } else if (nearest) {
+    report += "; did you mean " + quoted("*" + std::string(*nearest)) + "?";
+  } else {
+    report += "; there are daily, weekly, monthly, yearly and endless";
+  }
+  return {Finding::unknown_type, place, std::move(report)};
+}
+
+void TypeCheck::check_timed_section(Place place) {
+  if (schedule_.type.empty() && !first_untyped_ && !is_misspelt_) {
+    first_untyped_ = place;
+  }
+}
+
+void TypeCheck::finish() {
+  if (first_untyped_) {
+    reports_.push_back({Finding::no_type, *first_untyped_,
+                        "no type line before this section, which its times need; begin the file "
+                        "with '*weekly' or another type"});
+  }
+}

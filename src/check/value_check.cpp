@@ -1,0 +1,130 @@
+#include "check/value_check.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+
+#include "check/time_advice.hpp"
+#include "platform/syntax/nearest_word.hpp"
+
+namespace {
+
+constexpr std::array<std::string_view, 3> announces = {"block", "items", ""};
+constexpr std::array<std::string_view, 5> references = {"&amp;", "&lt;", "&gt;", "&quot;",
+                                                        "&apos;"};
+
+Place place_within(const WrittenValue& value, size_t offset) {
+  return {value.place.line, value.place.column + static_cast<int64_t>(offset)};
+}
+
+}  // namespace
+
+std::string_view reference_at(std::string_view text) {
+  const auto begins = [&](std::string_view reference) { return text.starts_with(reference); };
+  const auto* found = std::ranges::find_if(references, begins);
+  return found == references.end() ? std::string_view() : *found;
+}
+
+void ValueCheck::check_section(const WrittenSection& section) {
+  for (const WrittenValue& value : section.values) {
+    const ScheduleKey key = value.key->key;
+    if (value.key->value_kind == ValueKind::time) {
+      check_time(value);
+    } else if (value.key->value_kind == ValueKind::number) {
+      check_number(value);
+    } else if (key == ScheduleKey::announce) {
+      check_announce(value);
+    } else if (key == ScheduleKey::label) {
+      check_markup(value);
+      check_control_characters(value);
+    } else if (key == ScheduleKey::block) {
+      // The document escapes the name of an announced block, which stands in place of a path.
+      check_control_characters(value);
+    }
+  }
+}
+
+void ValueCheck::check_time(const WrittenValue& value) {
+  const ScheduleType* known = find_schedule_type(schedule_.type);
+  const ScheduleType& type = known != nullptr ? *known : *find_schedule_type(default_schedule_type);
+  if (is_bare_number(value.text)) {
+    bare_numbers_.push_back(value);
+    if (std::strtoull(std::string(value.text).c_str(), nullptr, 10) > type.unit_length) {
+      reports_.push_back({Finding::out_of_range, value.place,
+                          quoted(value.text) + " is out of range: the schedule has " +
+                              std::to_string(type.unit_length) + " seconds"});
+    }
+  } else {
+    has_clocks_ = true;
+  }
+  for (const TimeAdvice& advice : advise_on_time(value.text, type)) {
+    reports_.push_back({advice.finding, place_within(value, advice.offset), advice.text});
+  }
+}
+
+void ValueCheck::check_number(const WrittenValue& value) {
+  const std::string text(value.text);
+  char* end = nullptr;
+  std::strtod(text.c_str(), &end);
+  if (end == text.c_str() || *end != '\0') {
+    reports_.push_back(
+        {Finding::bad_number, value.place, quoted(value.text) + " is no number of seconds"});
+  }
+}
+
+void ValueCheck::check_announce(const WrittenValue& value) {
+  if (std::ranges::find(announces, value.text) == announces.end()) {
+    reports_.push_back({Finding::unknown_announce, value.place,
+                        quoted(value.text) +
+                            " counts as no word: the block is announced as one only without "
+                            "programmes inside" +
+                            did_you_mean(value.text, announces)});
+  }
+}
+
+void ValueCheck::check_markup(const WrittenValue& value) {
+  const size_t mark = value.text.find_first_of("&<");
+  if (mark == std::string_view::npos) {
+    return;
+  }
+  const std::string_view reference = reference_at(value.text.substr(mark));
+  reports_.push_back({Finding::markup, place_within(value, mark),
+                      reference.empty()
+                          ? quoted(value.text.substr(mark, 1)) +
+                                " goes into the XML document as it is and makes it ill-formed"
+                          : quoted(reference) +
+                                " is one sign in the XML document alone; all other documents "
+                                "show it as it is"});
+}
+
+void ValueCheck::check_control_characters(const WrittenValue& value) {
+  const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
+  const auto* found = std::ranges::find_if(value.text, is_control);
+  if (found != value.text.end()) {
+    reports_.push_back({Finding::control_character,
+                        place_within(value, static_cast<size_t>(found - value.text.begin())),
+                        "a control character makes the XML document ill-formed"});
+  }
+}
+
+/// Numbers alone are schedule seconds, "12.48" as well as "3605.20". They are meant as clocks in
+/// a file that writes clocks elsewhere, and where every one of them could be one; "1800" only
+/// there.
+void ValueCheck::finish() {
+  const bool are_seconds =
+      !has_clocks_ && std::ranges::any_of(bare_numbers_, [](const WrittenValue& value) {
+        return value.text != "0" && !looks_like_clock(value.text, false);
+      });
+  if (are_seconds) {
+    return;
+  }
+  for (const WrittenValue& value : bare_numbers_) {
+    if (looks_like_clock(value.text, has_clocks_)) {
+      reports_.push_back({Finding::bare_number, value.place,
+                          quoted(value.text) +
+                              " is read as seconds from the beginning of the unit; write " +
+                              quoted(clock_of(value.text))});
+    }
+  }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "check/finding.hpp"
+#include "check/written_schedule.hpp"
+
+/// The reference of XML, as "&amp;", that the text begins with, or nothing.
+std::string_view reference_at(std::string_view text);
+
+/// Checks the times, numbers and texts of items and blocks.
+class ValueCheck {
+ public:
+  ValueCheck(const Schedule& schedule, std::vector<Report>& reports)
+      : schedule_(schedule), reports_(reports) {}
+
+  void check_section(const WrittenSection& section);
+
+  /// Checks numbers alone in place of times, when all times of the file are known.
+  void finish();
+
+ private:
+  void check_time(const WrittenValue& value);
+  void check_number(const WrittenValue& value);
+  void check_announce(const WrittenValue& value);
+  void check_markup(const WrittenValue& value);
+  void check_control_characters(const WrittenValue& value);
+
+  const Schedule& schedule_;
+  std::vector<Report>& reports_;
+  bool has_clocks_ = false;  ///< whether a time is more than a number
+  std::vector<WrittenValue> bare_numbers_;
+};

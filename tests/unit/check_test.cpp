@@ -1,0 +1,249 @@
+// What the checker finds line by line, and the story of a moment.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "check/defaults_check.hpp"
+#include "check/line_check.hpp"
+#include "check/name_check.hpp"
+#include "check/path_check.hpp"
+#include "check/section_check.hpp"
+#include "check/story.hpp"
+#include "check/type_check.hpp"
+#include "check/value_check.hpp"
+#include "schedule/repair.hpp"
+
+namespace {
+
+/// "LINE:COLUMN id: text" of each report, and of its notes, in the order of the file.
+std::string text_of(const std::vector<Report>& reports) {
+  FileReports file{"f", reports};
+  sort_reports(file);
+  std::string text;
+  const auto place = [](Place at) {
+    return std::to_string(at.line) + ":" + std::to_string(at.column) + " ";
+  };
+  for (const Report& report : file.reports) {
+    text +=
+        place(report.place) + std::string(info_of(report.finding).id) + ": " + report.text + "\n";
+    for (const Note& note : report.notes) {
+      text += "  " + place(note.place) + note.text + "\n";
+    }
+  }
+  return text;
+}
+
+/// The same of all lines of a schedule.
+std::string findings_in(const std::string& content) {
+  WrittenSchedule written(content);
+  std::vector<Report> reports;
+  read_and_check_lines(written, "f", false, reports);
+  return text_of(reports);
+}
+
+/// The first part of a content that is of the kind.
+SchedulePart part_of(const std::string& content, PartKind kind) {
+  ScheduleFile file(content);
+  SchedulePart part;
+  while (file.next(part) && part.kind != kind) {
+  }
+  EXPECT_EQ(part.kind, kind);
+  return part;
+}
+
+std::string id_of(const Report& report) {
+  return std::string(info_of(report.finding).id);
+}
+
+TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
+  const auto id = [](const std::string& line) {
+    return id_of(report_on_unused_name(part_of(line, PartKind::name_value)));
+  };
+  EXPECT_EQ(id("Weekly "), "unknown-type");
+  EXPECT_EQ(id("announce = items"), "unknown-name");
+  EXPECT_EQ(id("global default ="), "no-key");
+  EXPECT_EQ(id("Global Default = a"), "letter-case");
+  const std::string line = "  globl default = a";
+  EXPECT_EQ(
+      text_of({report_on_unused_name(part_of(line, PartKind::name_value))}),
+      "1:3 unknown-name: 'globl default' means nothing here; did you mean 'global default'?\n");
+}
+
+TEST(NameCheck, ProposesTheNameOfASection) {
+  EXPECT_EQ(did_you_mean_section("schedule blok"), "; did you mean 'schedule block'?");
+  EXPECT_EQ(did_you_mean_section("defaults, day of week"),
+            "; did you mean 'defaults, day of the week'?");
+  EXPECT_EQ(did_you_mean_section("defaults, by dat"), "; did you mean 'defaults, by date'?");
+  EXPECT_EQ(did_you_mean_section("x"), "");
+}
+
+TEST(TypeCheck, WantsTheTypeBeforeWhatNeedsIt) {
+  const std::string item = "{\nitem = a\nstart = 1:00\nend = 2:00\n}\n";
+  EXPECT_EQ(findings_in("*daily\n" + item), "");
+  EXPECT_EQ(findings_in(item + item),
+            "1:1 no-type: no type line before this section, which its times need; begin the file "
+            "with '*weekly' or another type\n");
+  EXPECT_EQ(findings_in(item + item + "*daily\n"),
+            "11:1 late-type: the type comes behind sections whose times needed it; they are not "
+            "aired\n  1:1 the first of them\n");
+  EXPECT_EQ(findings_in("\xef\xbb\xbf*daily\n" + item), "");
+}
+
+TEST(TypeCheck, SaysOfAMisspeltTypeAloneThatItIsNone) {
+  EXPECT_EQ(findings_in("*wekly\n{\nitem = a\nstart = 1:00\nend = 2:00\n}\n"),
+            "1:1 unknown-type: '*wekly' is no type; did you mean '*weekly'?\n");
+  EXPECT_EQ(findings_in("*weekly # x\n"),
+            "1:1 unknown-type: '*weekly # x' is no type: nothing may stand around the word; write "
+            "'*weekly'\n");
+  EXPECT_EQ(findings_in("*fortnightly\n"),
+            "1:1 unknown-type: '*fortnightly' is no type; there are daily, weekly, monthly, yearly "
+            "and endless\n");
+  EXPECT_EQ(findings_in("defaults, day of the week {\nmon = a\n}\n *daily\n"),
+            "2:1 no-default: other days have a default, but none has Sun, Tue, Wed, Thu, Fri, Sat, "
+            "and there is no global default\n"
+            "4:2 second-type: the schedule is weekly already; this line is of no effect\n"
+            "  1:1 the type comes from here\n");
+}
+
+TEST(DefaultsCheck, TellsWhyALineIsOfNoEffect) {
+  const auto id = [](const std::string& line, PartKind kind) {
+    const std::string section = "defaults, x {\n" + line;
+    return id_of(report_on_unused_default(part_of(section, kind), "weekly"));
+  };
+  EXPECT_EQ(id("mon: a", PartKind::unusable_line), "colon");
+  EXPECT_EQ(id("mon a", PartKind::unusable_line), "no-key");
+  EXPECT_EQ(id("mon [x] = a", PartKind::entry), "default-key");
+  EXPECT_EQ(id("MON = a", PartKind::entry), "letter-case");
+  EXPECT_EQ(id("dom5 = a", PartKind::entry), "default-key");
+  EXPECT_EQ(id("xyz9 = a", PartKind::entry), "default-range");
+  EXPECT_EQ(id("xyz = a", PartKind::entry), "default-key");
+}
+
+TEST(DefaultsCheck, FindsDefaultsThatAreGivenTwice) {
+  EXPECT_EQ(findings_in("*daily\nglobal default = a\nglobal default = b\n"
+                        "defaults, of the day {\nday = a\n day = c\n}\n"),
+            "2:1 repeated-key: the global default is given again; this line is of no effect\n"
+            "  3:1 here\n"
+            "5:1 repeated-default: the day is given another default; this line is of no effect\n"
+            "  6:2 here\n");
+}
+
+TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
+  EXPECT_EQ(findings_in("*daily\n{\nitme = a\nstart: 1:00\nEnd = 2:00\n}\n{\nitem =\n}\n"),
+            "3:1 unknown-key: no item: 'itme' is no key of an item; did you mean 'item'?\n"
+            "4:1 colon: no item: a ':' gives 'start' no value; write '='\n"
+            "5:1 letter-case: no item: 'End' is of no effect; write 'end'\n"
+            "7:1 missing: no item: without 'end' it is dropped\n"
+            "7:1 missing: no item: without 'item' it is dropped\n"
+            "7:1 missing: no item: without 'start' it is dropped\n");
+}
+
+TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
+  WrittenSchedule written("*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n");
+  std::vector<Report> reports;
+  read_and_check_lines(written, "f", false, reports);
+  EXPECT_EQ(text_of(reports),
+            "3:2 repeated-key: 'item' is given again; this line is of no effect\n  4:2 here\n");
+  const WrittenSection* item = written.item_at(3600);
+  ASSERT_NE(item, nullptr);
+  EXPECT_EQ(item->text_of(ScheduleKey::item), "b");
+  EXPECT_EQ(item->place_of(ScheduleKey::item).line, 4);
+  EXPECT_EQ(item->place_of(ScheduleKey::item).column, 9);
+  EXPECT_EQ(item->place_of(ScheduleKey::label).line, 2);
+  EXPECT_EQ(item->end, 7200U);
+  EXPECT_EQ(written.schedule.schedule.at(3600).item, "b");
+}
+
+TEST(SectionCheck, FindsSectionsThatStartTogether) {
+  const std::string block = "schedule block {\nblock = b\nstart = 1:00\nend = 2:00\n}\n";
+  EXPECT_EQ(findings_in("*daily\n" + block + block),
+            "2:1 same-start: another one starts at the same time; this one is dropped\n"
+            "  7:1 this is the other\n");
+}
+
+TEST(ValueCheck, LooksAtEachValueByItsKey) {
+  EXPECT_EQ(
+      findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
+                  "block = c & \x01\nitem duration = 5s\n}\n"),
+      "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00\n"
+      "6:11 markup: '&amp;' is one sign in the XML document alone; all other documents show it "
+      "as it is\n"
+      "7:13 control-character: a control character makes the XML document ill-formed\n"
+      "8:17 bad-number: '5s' is no number of seconds\n");
+  EXPECT_EQ(findings_in("*daily\nschedule block {\nblock = b\nstart = 1:00\nend = 2:00\n"
+                        "announce = item\n}\n"),
+            "6:12 unknown-announce: 'item' counts as no word: the block is announced as one only "
+            "without programmes inside; did you mean 'items'?\n");
+}
+
+TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
+  const auto schedule = [](const std::string& start, const std::string& end) {
+    return findings_in("*daily\n{\nitem = a\nstart = " + start + "\nend = " + end + "\n}\n");
+  };
+  const std::string finding =
+      "4:9 bare-number: '9.30' is read as seconds from the beginning of the unit; write '09:30'\n";
+  EXPECT_EQ(schedule("9.30", "10:00"), finding);
+  EXPECT_EQ(schedule("0", "3605.20"), "");
+  EXPECT_EQ(schedule("9.30", "3605.20"), "");
+  EXPECT_EQ(schedule("1800", "3600"), "");
+}
+
+TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
+  std::vector<Report> reports;
+  check_path("/no such file # news", {3, 8}, true, reports);
+  check_path("/#1", {4, 8}, true, reports);
+  EXPECT_EQ(text_of(reports),
+            "3:22 comment-behind-value: a comment behind a path is part of it; give the comment a "
+            "line of its own\n");
+  EXPECT_EQ(comment_behind_path("a # b # c"), 1U);
+}
+
+TEST(LineCheck, FindsBracesOutOfPlace) {
+  EXPECT_EQ(
+      findings_in("*daily\n}\n{ item = a\nend = 5\n}\nfoo {\n}\n"),
+      "2:1 stray-brace: this '}' closes nothing\n"
+      "3:2 text-behind-brace: with text behind its '{' this begins no section; give the text a "
+      "line of its own\n"
+      "6:1 unknown-section: 'foo' is no section; it is skipped\n");
+  EXPECT_EQ(findings_in("*daily\nfoo {\n} # x\nfoo {\n}x\n"),
+            "2:1 unknown-section: 'foo' is no section; it is skipped\n"
+            "4:1 unknown-section: 'foo' is no section; it is skipped\n"
+            "5:2 text-behind-brace: 'x' behind a '}' is not read; give it a line of its own\n");
+}
+
+TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {
+  EXPECT_EQ(findings_in("*daily\n{\nitem = a\n {\nnothing\n}\n{\n"),
+            "2:1 unclosed-section: no '}' closes this section before the next begins\n"
+            "  4:2 the next begins here\n"
+            "7:1 unclosed-section: this section is never closed by a '}'\n");
+}
+
+TEST(LineCheck, KnowsASectionThatBeginsInTheRestOfAnOverlongLine) {
+  EXPECT_EQ(findings_in("#" + std::string(1022, 'x') + "{\nitem = a\n"),
+            "1:1 unclosed-section: this section is never closed by a '}'\n");
+}
+
+TEST(Story, KeepsWhereEachItemComesFrom) {
+  Schedule schedule;
+  Story story("f", schedule);
+  ScheduleFile file(
+      "*daily\nglobal default = z\n{\nitem = a\nstart = 0:00\nend = 2:00\n}\n"
+      "{\nitem = b\nstart = 1:00\nend = 24:00\n}\n{\nitem = c\nstart = 1:00\nend = 0:30\n}\n");
+  ScheduleBuilder builder(schedule);
+  for (SchedulePart part; file.next(part);) {
+    story.add_part(part, builder.add_part(part));
+  }
+  builder.finish();
+  schedule.observer = &story;
+  remove_reversed_items(schedule);
+  fix_schedule_file(schedule);
+  EXPECT_EQ(story.origin_at(0).where, "f:3");
+  EXPECT_EQ(story.origin_at(0).events, std::vector<std::string>{});
+  EXPECT_EQ(story.lost_at(3600),
+            (std::vector<std::string>{"line 8: another item starts at the same time, at line 13",
+                                      "line 13: ends before it starts and is dropped"}));
+  EXPECT_EQ(story.lost_at(3599), std::vector<std::string>{});
+}
+
+}  // namespace
