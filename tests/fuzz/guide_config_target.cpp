@@ -28,10 +28,32 @@ void require_sound(const std::vector<GuideChannel>& channels) {
   }
 }
 
+void require_read_back(const std::vector<GuideChannel>& channels) {
+  ConfigMistake mistake{};
+  const auto again = parse_guide_config(text_of_guide_config(channels), mistake);
+  require(again && std::ranges::equal(channels, *again, are_equal),
+          "a configuration that is written is read back as it was");
+}
+
+/// As an answer to --configure.
+void try_as_value(std::string_view text) {
+  if (text.empty() || !complaint_about_value(text).empty()) {
+    return;
+  }
+  GuideChannel channel;
+  channel.id = "a.example";
+  channel.name = text;
+  channel.zone = "UTC";
+  channel.folder = text;
+  channel.schedule = text;
+  require_read_back({channel});
+}
+
 }  // namespace
 
 void run_target(std::string_view input) {
   const std::string content(input);
+  try_as_value(input.substr(0, input.find('\n')));
   ConfigMistake mistake{};
   const auto channels = parse_guide_config(content, mistake);
   if (!channels) {
@@ -41,7 +63,5 @@ void run_target(std::string_view input) {
     return;
   }
   require_sound(*channels);
-  const auto again = parse_guide_config(text_of_guide_config(*channels), mistake);
-  require(again && std::ranges::equal(*channels, *again, are_equal),
-          "a configuration that is written is read back as it was");
+  require_read_back(*channels);
 }
