@@ -6,8 +6,8 @@
 //
 // The kinds are open (all that makes a descriptor of a file), read (with pread), stat (with
 // access), lseek, mmap, malloc (all that takes memory), write, close, fsync, rename, unlink, mkdir,
-// chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail in
-// programs that link the project's own allocation functions. Calls that the C library makes for
+// chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail
+// in programs that link the project's own allocation functions. Calls that the C library makes for
 // itself pass by: those are strace's. All goes by system call from here, as looking the real
 // functions up would take memory.
 
