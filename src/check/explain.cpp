@@ -131,7 +131,7 @@ std::optional<time_t> time_of_moment(const std::string& moment, const std::strin
 }
 
 void append_line(std::string& out, std::string_view name, const std::string& text) {
-  out += "  " + std::string(name) + ": " + text + "\n";
+  out += "  " + std::string(name) + ": " + escaped(text) + "\n";
 }
 
 void append_item(std::string& out, const ScheduleItem& item, Story& story, const Schedule& schedule,
@@ -144,7 +144,7 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
   const Origin& origin = story.origin_at(item.start);
   append_line(out, "from", origin.where);
   for (const std::string& event : origin.events) {
-    out += "  " + event + "\n";
+    out += "  " + escaped(event) + "\n";
   }
   const OpenedMetadata opened = open_item_metadata(item);
   const ItemMetadata metadata = extract_item_metadata(opened.set);

@@ -95,21 +95,6 @@ size_t printable_length(std::string_view text) {
   return is_printable ? text.size() - rest.size() : 0;
 }
 
-std::string escaped(std::string_view text) {
-  std::string out;
-  while (!text.empty()) {
-    const size_t length = printable_length(text);
-    if (length == 0) {
-      const auto byte = static_cast<unsigned char>(text.front());
-      out += {'\\', 'x', hex_digits[byte >> 4U], hex_digits[byte & 15U]};
-    } else {
-      out += text.substr(0, length);
-    }
-    text.remove_prefix(std::max<size_t>(length, 1));
-  }
-  return out;
-}
-
 std::string line_of(std::string_view file, const Place& place, Severity severity,
                     std::string_view text, std::string_view id) {
   std::string line =
@@ -212,6 +197,21 @@ std::string json_of(std::span<const FileReports> files) {
     }
   }
   return out + "]\n";
+}
+
+std::string escaped(std::string_view text) {
+  std::string out;
+  while (!text.empty()) {
+    const size_t length = printable_length(text);
+    if (length == 0) {
+      const auto byte = static_cast<unsigned char>(text.front());
+      out += {'\\', 'x', hex_digits[byte >> 4U], hex_digits[byte & 15U]};
+    } else {
+      out += text.substr(0, length);
+    }
+    text.remove_prefix(std::max<size_t>(length, 1));
+  }
+  return out;
 }
 
 std::string quoted(std::string_view text) {

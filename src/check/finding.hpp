@@ -115,6 +115,10 @@ std::string text_of(const FileReports& file, size_t most);
 /// One array of objects for all files.
 std::string json_of(std::span<const FileReports> files);
 
+/// The text as a terminal can show it: what is no printable character is written as \xNN, a byte
+/// each.
+std::string escaped(std::string_view text);
+
 /// The text in single quotes, with what a terminal would act on or cannot show as \xHH.
 std::string quoted(std::string_view text);
 

@@ -4,8 +4,9 @@
 //   FAULT_ERRNO=E     with this errno; 0: a read or write moves one byte instead of failing
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
-// The kinds are open, read (with pread), stat, mmap, malloc (all that takes memory), write, close,
-// fsync, rename, unlink, fork, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail
+// The kinds are open (all that makes a descriptor of a file), read (with pread), stat (with
+// access), lseek, mmap, malloc (all that takes memory), write, close, fsync, rename, unlink, mkdir,
+// chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail
 // in programs that link the project's own allocation functions. Calls that the C library makes for
 // itself pass by: those are strace's. All goes by system call from here, as looking the real
 // functions up would take memory.
@@ -13,15 +14,18 @@
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/time.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -32,6 +36,7 @@
 extern "C" {
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* memory);
+int mkostemp64(char* path, int flags);
 }
 
 namespace {
@@ -74,12 +79,13 @@ bool is_due(const char* kind) {
       std::strncmp(fault_kind, kind, fault_kind_length) != 0) {
     return false;
   }
-  ++*calls;
-  if (*calls == first_failing && report_path != nullptr) {
+  // Processes that run side by side count together.
+  const long number = __atomic_add_fetch(calls, 1, __ATOMIC_RELAXED);
+  if (number == first_failing && report_path != nullptr) {
     const long report = syscall(SYS_openat, AT_FDCWD, report_path, O_CREAT | O_WRONLY, 0600);
     syscall(SYS_close, report);
   }
-  return *calls == first_failing || (all_that_follow && *calls > first_failing);
+  return number == first_failing || (all_that_follow && number > first_failing);
 }
 
 /// The same for calls that fail as a whole; errno is set when they do.
@@ -131,7 +137,8 @@ void* allocate(size_t alignment, size_t size) {
 
 /// The mode that follows the flags of an open that may create its file.
 mode_t mode_of(int flags, std::va_list arguments) {
-  return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  const bool creates = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+  return creates ? va_arg(arguments, mode_t) : 0;
 }
 
 }  // namespace
@@ -170,6 +177,23 @@ int openat64(int directory, const char* path, int flags, ...) {
   return open_file(directory, path, flags, mode);
 }
 
+// What the C library's headers make of an open whose flags the compiler does not know.
+int __open_2(const char* path, int flags) {
+  return open_file(AT_FDCWD, path, flags, 0);
+}
+
+int __openat_2(int directory, const char* path, int flags) {
+  return open_file(directory, path, flags, 0);
+}
+
+int mkostemp(char* path, int flags) {
+  return fails("open") ? -1 : mkostemp64(path, flags);
+}
+
+int memfd_create(const char* name, unsigned flags) {
+  return fails("open") ? -1 : static_cast<int>(syscall(SYS_memfd_create, name, flags));
+}
+
 int fstat(int fd, struct stat* status) {
   return look_at(fd, "", status, AT_EMPTY_PATH);
 }
@@ -192,6 +216,22 @@ int lstat(const char* path, struct stat* status) {
 
 int lstat64(const char* path, struct stat64* status) {
   return look_at(AT_FDCWD, path, reinterpret_cast<struct stat*>(status), AT_SYMLINK_NOFOLLOW);
+}
+
+int fstatat(int directory, const char* path, struct stat* status, int flags) {
+  return look_at(directory, path, status, flags);
+}
+
+int fstatat64(int directory, const char* path, struct stat64* status, int flags) {
+  return look_at(directory, path, reinterpret_cast<struct stat*>(status), flags);
+}
+
+int access(const char* path, int mode) {
+  return fails("stat") ? -1 : static_cast<int>(syscall(SYS_faccessat, AT_FDCWD, path, mode));
+}
+
+off_t lseek(int fd, off_t offset, int whence) {
+  return fails("lseek") ? -1 : syscall(SYS_lseek, fd, offset, whence);
 }
 
 ssize_t read(int fd, void* bytes, size_t size) {
@@ -234,6 +274,16 @@ int fsync(int fd) {
   return fails("fsync") ? -1 : static_cast<int>(syscall(SYS_fsync, fd));
 }
 
+int fdatasync(int fd) {
+  return fails("fsync") ? -1 : static_cast<int>(syscall(SYS_fdatasync, fd));
+}
+
+int rename(const char* old_path, const char* path) {
+  return fails("rename")
+             ? -1
+             : static_cast<int>(syscall(SYS_renameat, AT_FDCWD, old_path, AT_FDCWD, path));
+}
+
 int renameat(int old_directory, const char* old_path, int directory, const char* path) {
   return fails("rename")
              ? -1
@@ -242,6 +292,28 @@ int renameat(int old_directory, const char* old_path, int directory, const char*
 
 int unlinkat(int directory, const char* path, int flags) {
   return fails("unlink") ? -1 : static_cast<int>(syscall(SYS_unlinkat, directory, path, flags));
+}
+
+int unlink(const char* path) {
+  return fails("unlink") ? -1 : static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
+int mkdir(const char* path, mode_t mode) {
+  return fails("mkdir") ? -1 : static_cast<int>(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+}
+
+int fchmod(int fd, mode_t mode) {
+  return fails("chmod") ? -1 : static_cast<int>(syscall(SYS_fchmod, fd, mode));
+}
+
+int chdir(const char* path) {
+  return fails("chdir") ? -1 : static_cast<int>(syscall(SYS_chdir, path));
+}
+
+pid_t waitpid(pid_t process, int* status, int options) {
+  return fails("waitpid")
+             ? -1
+             : static_cast<pid_t>(syscall(SYS_wait4, process, status, options, nullptr));
 }
 
 pid_t fork() {

@@ -1,6 +1,7 @@
-// Linked into a program in place of the C library's read, pread and lstat: just before the read
-// number CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes; just after the look
-// number REPLACE_AT at the path REPLACE_FILE, what lies at REPLACE_BY takes its place.
+// Linked into a program in place of the C library's read, pread, lstat and fstatat: just before the
+// read number CHANGE_AT of the file CHANGE_FILE, that file gets CHANGE_SIZE bytes; just after the
+// look number REPLACE_AT by lstat, or REPLACE_STAT_AT by fstatat, at the path REPLACE_FILE, what
+// lies at REPLACE_BY takes its place.
 
 // The C library's checked versions are inline functions of the same names.
 #undef _FORTIFY_SOURCE
@@ -39,13 +40,12 @@ void change_in_time(int fd) {
   }
 }
 
-void replace_in_time(std::string_view path) {
-  static long looks = 0;
+void replace_in_time(std::string_view path, long& looks, const char* when) {
   const char* file = std::getenv("REPLACE_FILE");
   if (file == nullptr || path != file) {
     return;
   }
-  if (++looks == number_in("REPLACE_AT") && std::rename(std::getenv("REPLACE_BY"), file) == 0) {
+  if (++looks == number_in(when) && std::rename(std::getenv("REPLACE_BY"), file) == 0) {
     static_cast<void>(!::write(STDERR_FILENO, "replaced\n", 9));
   }
 }
@@ -53,9 +53,17 @@ void replace_in_time(std::string_view path) {
 }  // namespace
 
 extern "C" int lstat(const char* file, struct stat* buf) {
-  const int result = fstatat(AT_FDCWD, file, buf, AT_SYMLINK_NOFOLLOW);
-  replace_in_time(file);
-  return result;
+  static long looks = 0;
+  const long result = syscall(SYS_newfstatat, AT_FDCWD, file, buf, AT_SYMLINK_NOFOLLOW);
+  replace_in_time(file, looks, "REPLACE_AT");
+  return static_cast<int>(result);
+}
+
+extern "C" int fstatat(int directory, const char* file, struct stat* buf, int flag) {
+  static long looks = 0;
+  const long result = syscall(SYS_newfstatat, directory, file, buf, flag);
+  replace_in_time(file, looks, "REPLACE_STAT_AT");
+  return static_cast<int>(result);
 }
 
 extern "C" ssize_t read(int fd, void* buf, size_t nbytes) {

@@ -1,0 +1,109 @@
+// The programmes of a channel over the ends of units: a schedule, a play log, a sidecar and a
+// subschedule. The first line has the zone, the days of the guide, the first of them, and whether
+// what is on air when it begins is shown.
+
+#include <libxml/parser.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "fuzz/fuzz_target.hpp"
+#include "fuzz/one_process.hpp"
+#include "fuzz/scratch_folder.hpp"
+#include "fuzz/whole_run_input.hpp"
+#include "grab/channel_programmes.hpp"
+#include "platform/system/clock.hpp"
+
+namespace {
+
+/// The folder that holds the files of every run, the current one for good.
+const ScratchFolder& media_folder() {
+  static const ScratchFolder folder;
+  static const bool is_ready = [] {
+    std::filesystem::copy(NV8X_EXAMPLE_CLIP, folder.path() + "/clip.mp4");
+    return chdir(folder.path().c_str()) == 0;
+  }();
+  require(is_ready, "the folder can be entered");
+  return folder;
+}
+
+void write_files(const WholeRunInput& input) {
+  const ScratchFolder& folder = media_folder();
+  folder.write("channel.schedule", input.schedule);
+  folder.write("play.log", input.play_log);
+  folder.write("clip.mp4.metadata", input.sidecar);
+  folder.write("inner.schedule", input.subschedule);
+}
+
+void set_zone(const std::string& zone) {
+  // A path as zone would read any file of the machine.
+  const bool is_path = zone.find("..") != std::string::npos || zone.find_first_of("/:") < 1;
+  setenv("TZ", zone.empty() || is_path ? "UTC" : zone.c_str(), 1);
+  tzset();
+}
+
+int number_of(const WholeRunInput& input, size_t index, int least, int most, int otherwise) {
+  int number = otherwise;
+  if (index < input.arguments.size()) {
+    const std::string& text = input.arguments[index];
+    std::from_chars(text.data(), text.data() + text.size(), number);
+  }
+  return std::clamp(number, least, most);
+}
+
+void require_order(const std::vector<Programme>& programmes) {
+  const Programme* last = nullptr;
+  for (const Programme& programme : programmes) {
+    require(programme.stop == -1 || programme.start < programme.stop, "no programme is reversed");
+    require(last == nullptr || (last->stop != -1 && last->stop <= programme.start),
+            "no programme overlaps the one before it");
+    last = &programme;
+  }
+}
+
+void require_well_formed(const std::vector<Programme>& programmes) {
+  std::string document = "<tv>";
+  for (const Programme& programme : programmes) {
+    append_programme(document, programme, "a.example", "en");
+  }
+  document += "</tv>";
+  constexpr int quiet = XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_NONET | XML_PARSE_HUGE;
+  xmlDocPtr parsed =
+      xmlReadMemory(document.data(), static_cast<int>(document.size()), nullptr, "UTF-8", quiet);
+  require(parsed != nullptr, "a guide is XML, whatever the texts are");
+  xmlFreeDoc(parsed);
+}
+
+}  // namespace
+
+void run_target(std::string_view input) {
+  constexpr int most_days = 40;
+  const WholeRunInput parts = split_whole_run_input(input);
+  write_files(parts);
+  set_zone(parts.zone);
+  const GuideSpan span{.days = number_of(parts, 0, 0, most_days, 2),
+                       .offset = number_of(parts, 1, -most_days, most_days, 0)};
+  GuideChannel channel;
+  channel.id = "a.example";
+  channel.schedule = "channel.schedule";
+  channel.previous = number_of(parts, 2, 0, 1, 0) == 1;
+  forget_media_files();
+  try {
+    std::string error;
+    const auto programmes = programmes_of_channel(channel, span, current_time(), error);
+    require(programmes.has_value() || !error.empty(), "a channel that fails says why");
+    if (programmes) {
+      require_order(*programmes);
+      require_well_formed(*programmes);
+    }
+  } catch (const AssertionFailed&) {
+  } catch (const RunEnded&) {
+    // Either ends the channel's process, which costs this channel alone.
+  }
+}
