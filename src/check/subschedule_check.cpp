@@ -10,6 +10,7 @@
 #include "check/time_advice.hpp"
 #include "metadata/item_metadata.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/schedule_time.hpp"
 #include "schedule/subschedules.hpp"
 
 namespace {
@@ -104,7 +105,8 @@ class SubscheduleCheck : public PassObserver {
   /// two: its other days fill the item.
   void check_filling() {
     const Root* root = root_at(filling_.start);
-    if (root == nullptr || filling_.filled_to >= filling_.end) {
+    const uint64_t rest = std::max(filling_.filled_to, filling_.start);
+    if (root == nullptr || rest >= filling_.end || !is_of_this_unit(rest)) {
       return;
     }
     const ScheduleType& type = *find_schedule_type(written_.schedule.type);
@@ -116,9 +118,16 @@ class SubscheduleCheck : public PassObserver {
               " to " + end + ": the ends of its items fall together with their starts");
     } else if (filling_.is_wrapped_around) {
       add(Finding::wraparound, *root,
-          schedule + " airs only to the end of its unit, " + written_end(filling_.filled_to, type) +
+          schedule + " airs only to the end of its unit, " + written_end(rest, type) +
               ", and not to " + end + "; write an item for each of its units");
     }
+  }
+
+  /// Not a 30th of February, which has no time of its own.
+  bool is_of_this_unit(uint64_t position) const {
+    UnitClock clock(written_.schedule);
+    const time_t t = clock.time_of(position);
+    return t != -1 && clock.schedule_seconds_of(t) == position;
   }
 
   void check_what_is_left() {
