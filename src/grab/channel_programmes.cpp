@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <map>
+#include <memory>
 #include <utility>
 
 #include "metadata/item_metadata.hpp"
@@ -164,7 +165,10 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  Schedule schedule;
+  // Not on the stack: where that cannot grow for want of memory the process would end without a
+  // word.
+  const auto record = std::make_unique<Schedule>();
+  Schedule& schedule = *record;
   if (!read_whole_schedule(schedule, *path, error)) {
     return std::nullopt;
   }
