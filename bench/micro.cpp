@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/standalone/media_type_database.hpp"
+#include "platform/media/media_type_database.hpp"
 #include "platform/time/calendar.hpp"
 #include "platform/time/parse_time.hpp"
 #include "schedule/schedule_reader.hpp"

@@ -2,7 +2,7 @@
 #define NV8X_PLATFORM_METADATA_V4_H
 
 /*
- * The playout system's metadata library, as far as this program needs it. The folder standalone/
+ * The playout system's metadata library, as far as this program needs it. The folder media/
  * holds an implementation for machines without a playout system; a site can link its own.
  *
  * Texts are NUL-terminated and owned by the library. Every destroy function takes null as well and

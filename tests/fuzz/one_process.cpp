@@ -7,7 +7,7 @@
 #include "platform/system/output.hpp"
 #include "schedule/watchdog.hpp"
 // The library reads a file once in a run; where runs follow each other its table has to be reached.
-#include "platform/standalone/metadata_library.cpp"  // NOLINT(bugprone-suspicious-include)
+#include "platform/media/metadata_library.cpp"  // NOLINT(bugprone-suspicious-include)
 
 std::string printed;
 

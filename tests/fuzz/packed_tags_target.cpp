@@ -1,7 +1,7 @@
 // What the helper process answers, or would if what it read had taken it over.
 
 #include "fuzz/fuzz_target.hpp"
-#include "platform/standalone/packed_tags.hpp"
+#include "platform/media/packed_tags.hpp"
 
 void run_target(std::string_view input) {
   const std::optional<TagsRead> result = unpack_tags(input);

@@ -4,7 +4,7 @@
 
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/scratch_folder.hpp"
-#include "platform/standalone/mime_type.hpp"
+#include "platform/media/mime_type.hpp"
 #include "schedule/repair.hpp"
 #include "schedule/schedule_reader.hpp"
 

@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/scratch_folder.hpp"
-#include "platform/standalone/sidecar.hpp"
+#include "platform/media/sidecar.hpp"
 
 namespace {
 

@@ -19,7 +19,7 @@
 #include "fuzz/scratch_folder.hpp"
 #include "fuzz/whole_run_input.hpp"
 #include "metadata/place_schedule.hpp"
-#include "platform/standalone/mime_type.hpp"
+#include "platform/media/mime_type.hpp"
 #include "schedule/complete_schedule.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_reader.hpp"

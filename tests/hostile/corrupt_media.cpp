@@ -16,8 +16,8 @@
 #include <iterator>
 #include <string>
 
-#include "platform/standalone/embedded_tags.hpp"
-#include "platform/standalone/mime_type.hpp"
+#include "platform/media/embedded_tags.hpp"
+#include "platform/media/mime_type.hpp"
 #include "platform/syntax/text.hpp"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/standalone/id3v2_tag.hpp"
+#include "platform/media/id3v2_tag.hpp"
 
 #include <gtest/gtest.h>
 

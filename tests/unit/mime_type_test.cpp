@@ -1,4 +1,4 @@
-#include "platform/standalone/mime_type.hpp"
+#include "platform/media/mime_type.hpp"
 
 #include <gtest/gtest.h>
 

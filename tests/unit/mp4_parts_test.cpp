@@ -1,4 +1,4 @@
-#include "platform/standalone/mp4_parts.hpp"
+#include "platform/media/mp4_parts.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>

@@ -1,4 +1,4 @@
-#include "platform/standalone/packed_tags.hpp"
+#include "platform/media/packed_tags.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/standalone/sidecar.hpp"
+#include "platform/media/sidecar.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/standalone/media_stream.hpp"
+#include "platform/media/media_stream.hpp"
 
 #include <sys/stat.h>
 
@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/standalone/id3v2_tag.hpp"
+#include "platform/media/id3v2_tag.hpp"
 #include "platform/system/file.hpp"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/standalone/file_metadata.hpp"
+#include "platform/media/file_metadata.hpp"
 
 /// The entries of a media file's sidecar, `NAME.metadata` beside it: lines "name = value", "#"
 /// comments, "[group]" before the entries of a group and "[]" after them. Empty when there is no

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/standalone/file_metadata.hpp"
+#include "platform/media/file_metadata.hpp"
 
 /// The tags embedded in an open media file, in ascending order of their names; several values of
 /// one name are several entries. `name` is the file's name: its extension counts only where the

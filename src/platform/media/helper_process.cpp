@@ -1,4 +1,4 @@
-#include "platform/standalone/helper_process.hpp"
+#include "platform/media/helper_process.hpp"
 
 #include <fcntl.h>
 #include <sys/mman.h>

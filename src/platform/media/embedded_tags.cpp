@@ -1,4 +1,4 @@
-#include "platform/standalone/embedded_tags.hpp"
+#include "platform/media/embedded_tags.hpp"
 
 #include <fileref.h>
 #include <mp4file.h>
@@ -12,9 +12,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/standalone/helper_process.hpp"
-#include "platform/standalone/media_stream.hpp"
-#include "platform/standalone/packed_tags.hpp"
+#include "platform/media/helper_process.hpp"
+#include "platform/media/media_stream.hpp"
+#include "platform/media/packed_tags.hpp"
 #include "platform/syntax/text.hpp"
 
 namespace {

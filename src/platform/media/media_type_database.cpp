@@ -1,4 +1,4 @@
-#include "platform/standalone/media_type_database.hpp"
+#include "platform/media/media_type_database.hpp"
 
 #include <magic.h>
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/standalone/packed_tags.hpp"
+#include "platform/media/packed_tags.hpp"
 
 /// A stretch of a file, in bytes.
 struct FilePart {

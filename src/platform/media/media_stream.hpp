@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/standalone/mp4_parts.hpp"
+#include "platform/media/mp4_parts.hpp"
 
 // The types in which the tag library counts bytes, those of version 2 and of version 1.
 #if TAGLIB_MAJOR_VERSION >= 2

@@ -1,8 +1,8 @@
-#include "platform/standalone/mime_type.hpp"
+#include "platform/media/mime_type.hpp"
 
 #include <optional>
 
-#include "platform/standalone/media_type_database.hpp"
+#include "platform/media/media_type_database.hpp"
 #include "platform/syntax/schedule_file.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/system/file.hpp"

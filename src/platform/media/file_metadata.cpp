@@ -1,4 +1,4 @@
-#include "platform/standalone/file_metadata.hpp"
+#include "platform/media/file_metadata.hpp"
 
 #include <algorithm>
 #include <functional>
@@ -7,9 +7,9 @@
 #include <set>
 #include <utility>
 
-#include "platform/standalone/embedded_tags.hpp"
-#include "platform/standalone/mime_type.hpp"
-#include "platform/standalone/sidecar.hpp"
+#include "platform/media/embedded_tags.hpp"
+#include "platform/media/mime_type.hpp"
+#include "platform/media/sidecar.hpp"
 #include "platform/system/file.hpp"
 
 namespace {

@@ -11,8 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/media/file_metadata.hpp"
 #include "platform/metadata_v4.h"
-#include "platform/standalone/file_metadata.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
