@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -26,8 +27,8 @@ FileDescriptor open_scratch_file() {
 
 /// A process that somebody stopped must not keep the guide. Its watchdog bites once it goes on.
 void let_go_on(pid_t process) {
-  constexpr useconds_t between_attempts = 100000;  // microseconds
-  usleep(between_attempts);
+  constexpr timespec between_attempts = {.tv_sec = 0, .tv_nsec = 100'000'000};
+  nanosleep(&between_attempts, nullptr);
   kill(process, SIGCONT);
 }
 
