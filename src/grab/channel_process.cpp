@@ -70,7 +70,7 @@ void end_lacking(const char* message) {
 }
 
 /// Memory has a limit of each process's own, so a channel that takes too much costs itself alone.
-[[noreturn]] void end_without_memory() {
+[[noreturn]] void end_channel_without_memory() {
   if (work_at_hand->attempt == Attempt::first) {
     end_with(ChannelEnd::lacking);
   }
@@ -126,7 +126,7 @@ void work_on_channel(const ChannelWork& work, const FileDescriptor& file) {
   work_at_hand = &work;
   set_failure_reporter(end_lacking);
   set_warning_reporter(take_warning);
-  std::set_new_handler(end_without_memory);
+  std::set_new_handler(end_channel_without_memory);
   enter_channel(work.channel);
   std::string error;
   const auto programmes = programmes_of_channel(work.channel, work.span, work.now, error);

@@ -18,7 +18,7 @@ void end_by_signal(int signal) {
 }
 
 /// Nothing here asks for memory, and nothing is taken down: a container may be half changed.
-[[noreturn]] void end_without_memory() {
+[[noreturn]] void end_run_without_memory() {
   remove_draft();
   std::fprintf(stderr, "tv_grab_nv8x: Out of memory\n");
   std::_Exit(EXIT_FAILURE);
@@ -38,7 +38,7 @@ bool is_ignored(int signal) {
 
 void prepare_for_early_end() {
   set_failure_reporter(report_failure);
-  std::set_new_handler(end_without_memory);
+  std::set_new_handler(end_run_without_memory);
   limit_memory();
   for (const int signal : {SIGCHLD, SIGALRM}) {
     set_signal_action(signal, SIG_DFL);

@@ -36,7 +36,6 @@
 extern "C" {
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* memory);
-int mkostemp64(char* path, int flags);
 }
 
 namespace {
@@ -218,8 +217,8 @@ int lstat64(const char* path, struct stat64* status) {
   return look_at(AT_FDCWD, path, reinterpret_cast<struct stat*>(status), AT_SYMLINK_NOFOLLOW);
 }
 
-int fstatat(int directory, const char* path, struct stat* status, int flags) {
-  return look_at(directory, path, status, flags);
+int fstatat(int fd, const char* file, struct stat* buf, int flag) {
+  return look_at(fd, file, buf, flag);
 }
 
 int fstatat64(int directory, const char* path, struct stat64* status, int flags) {

@@ -51,6 +51,7 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {
 Outcome outcome_of(const ProgramInfo& program, std::vector<std::string> words) {
   words.insert(words.begin(), "bin/painter");
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) {
     argv.push_back(word.data());
   }

@@ -78,6 +78,10 @@ const std::string file_type = box("ftyp", "isom");  // 12 bytes
 const std::string movie = box("moov", "inner");     // 13 bytes
 const Places file_type_alone = {{0, 12}};
 
+Places places_behind_type(const std::string& content) {
+  return places_in(file_type + content);
+}
+
 TEST(Mp4Parts, AreTheTypeAndTheFirstMovie) {
   EXPECT_EQ(places_in(file_type + movie), (Places{{0, 12}, {12, 13}}));
   EXPECT_EQ(places_in(file_type + box("mdat", "sample") + movie), (Places{{0, 12}, {26, 13}}));
@@ -104,11 +108,11 @@ TEST(Mp4Parts, SizesOf64BitsCount) {
 TEST(Mp4Parts, ABoxWhoseSizeCannotBeEndsTheSearch) {
   const std::string behind = movie + std::string(100, '\0');
   for (const size_t size : {size_t{2}, size_t{7}, size_t{1000}}) {
-    EXPECT_EQ(places_in(file_type + head("mdat", size) + behind), file_type_alone) << size;
-    EXPECT_EQ(places_in(file_type + head("moov", size) + behind), file_type_alone) << size;
+    EXPECT_EQ(places_behind_type(head("mdat", size) + behind), file_type_alone) << size;
+    EXPECT_EQ(places_behind_type(head("moov", size) + behind), file_type_alone) << size;
   }
   for (const size_t size : {size_t{0}, size_t{7}, size_t{1000}, size_t{1} << 63U, ~size_t{0}}) {
-    EXPECT_EQ(places_in(file_type + long_head("mdat", size) + behind), file_type_alone) << size;
+    EXPECT_EQ(places_behind_type(long_head("mdat", size) + behind), file_type_alone) << size;
   }
   EXPECT_EQ(places_in(file_type + number(0, 3)), file_type_alone);
   EXPECT_EQ(places_in(file_type + number(1, 4) + "moov" + "1234567"), file_type_alone);

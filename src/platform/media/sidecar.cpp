@@ -26,7 +26,7 @@ std::string read_beginning(int fd) {
     const std::optional<size_t> count =
         read_fully(fd, content.data() + length, content.size() - length);
     if (!count) {
-      return std::string();
+      return {};
     }
     length += *count;
     if (length < content.size() || length > largest_sidecar) {
