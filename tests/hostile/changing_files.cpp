@@ -59,9 +59,9 @@ extern "C" int lstat(const char* file, struct stat* buf) {
   return static_cast<int>(result);
 }
 
-extern "C" int fstatat(int directory, const char* file, struct stat* buf, int flag) {
+extern "C" int fstatat(int fd, const char* file, struct stat* buf, int flag) {
   static long looks = 0;
-  const long result = syscall(SYS_newfstatat, directory, file, buf, flag);
+  const long result = syscall(SYS_newfstatat, fd, file, buf, flag);
   replace_in_time(file, looks, "REPLACE_STAT_AT");
   return static_cast<int>(result);
 }
