@@ -3,50 +3,21 @@
 // what is on air when it begins is shown.
 
 #include <libxml/parser.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
-#include "fuzz/scratch_folder.hpp"
 #include "fuzz/whole_run_input.hpp"
 #include "grab/channel_programmes.hpp"
 #include "platform/system/clock.hpp"
 
 namespace {
-
-/// The folder that holds the files of every run, the current one for good.
-const ScratchFolder& media_folder() {
-  static const ScratchFolder folder;
-  static const bool is_ready = [] {
-    std::filesystem::copy(NV8X_EXAMPLE_CLIP, folder.path() + "/clip.mp4");
-    return chdir(folder.path().c_str()) == 0;
-  }();
-  require(is_ready, "the folder can be entered");
-  return folder;
-}
-
-void write_files(const WholeRunInput& input) {
-  const ScratchFolder& folder = media_folder();
-  folder.write("channel.schedule", input.schedule);
-  folder.write("play.log", input.play_log);
-  folder.write("clip.mp4.metadata", input.sidecar);
-  folder.write("inner.schedule", input.subschedule);
-}
-
-void set_zone(const std::string& zone) {
-  // A path as zone would read any file of the machine.
-  const bool is_path = zone.find("..") != std::string::npos || zone.find_first_of("/:") < 1;
-  setenv("TZ", zone.empty() || is_path ? "UTC" : zone.c_str(), 1);
-  tzset();
-}
 
 int number_of(const WholeRunInput& input, size_t index, int least, int most, int otherwise) {
   int number = otherwise;
@@ -85,8 +56,8 @@ void require_well_formed(const std::vector<Programme>& programmes) {
 void run_target(std::string_view input) {
   constexpr int most_days = 40;
   const WholeRunInput parts = split_whole_run_input(input);
-  write_files(parts);
-  set_zone(parts.zone);
+  write_whole_run_files(parts);
+  set_whole_run_zone(parts.zone);
   const GuideSpan span{.days = number_of(parts, 0, 0, most_days, 2),
                        .offset = number_of(parts, 1, -most_days, most_days, 0)};
   GuideChannel channel;

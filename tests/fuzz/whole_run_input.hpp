@@ -16,3 +16,10 @@ struct WholeRunInput {
 };
 
 WholeRunInput split_whole_run_input(std::string_view input);
+
+/// Writes its files into the folder of the process, which becomes the current one. There is also
+/// the example clip, clip.mp4.
+void write_whole_run_files(const WholeRunInput& input);
+
+/// Sets TZ; UTC for no zone, and for a path, as that would read any file of the machine.
+void set_whole_run_zone(const std::string& zone);

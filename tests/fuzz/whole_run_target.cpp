@@ -1,13 +1,11 @@
 // A whole run: a schedule, a play log, a sidecar, a subschedule and a command line, through every
 // pass into the writer.
 
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <string>
 #include <utility>
 
@@ -16,7 +14,6 @@
 #include "fuzz/document_checks.hpp"
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
-#include "fuzz/scratch_folder.hpp"
 #include "fuzz/whole_run_input.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/media/mime_type.hpp"
@@ -31,32 +28,9 @@ constexpr std::array<std::string_view, 4> expected_assertions = {
     "sit != schedule.schedule.begin()", "csit.start < csit.end", "tm != NULL",
     "sit != schedule.schedule.end()"};
 
-/// The folder that holds the files of every run, the current one for good.
-const ScratchFolder& media_folder() {
-  static const ScratchFolder folder;
-  static const bool is_ready = [] {
-    std::filesystem::copy(NV8X_EXAMPLE_CLIP, folder.path() + "/clip.mp4");
-    return chdir(folder.path().c_str()) == 0;
-  }();
-  require(is_ready, "the folder can be entered");
-  return folder;
-}
-
-void write_files(const WholeRunInput& input) {
-  const ScratchFolder& folder = media_folder();
-  folder.write("channel.schedule", input.schedule);
-  folder.write("play.log", input.play_log);
-  folder.write("clip.mp4.metadata", input.sidecar);
-  folder.write("inner.schedule", input.subschedule);
-}
-
 bool take_options(WholeRunInput& input) {
   run_options = RunOptions();
-  // A path as zone would read any file of the machine.
-  const bool is_path =
-      input.zone.find("..") != std::string::npos || input.zone.find_first_of("/:") < 1;
-  setenv("TZ", input.zone.empty() || is_path ? "UTC" : input.zone.c_str(), 1);
-  tzset();
+  set_whole_run_zone(input.zone);
   std::string program = "nv8x_schedule_to_xml";
   std::vector<char*> words{program.data()};
   for (std::string& argument : input.arguments) {
@@ -117,7 +91,7 @@ bool is_expected(std::string_view assertion) {
 
 void run_target(std::string_view input) {
   WholeRunInput parts = split_whole_run_input(input);
-  write_files(parts);
+  write_whole_run_files(parts);
   if (!take_options(parts) || !all_have_types(parts)) {
     return;
   }
