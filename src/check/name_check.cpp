@@ -51,6 +51,7 @@ std::string did_you_mean_section(std::string_view name) {
       names.push_back(type.defaults_section);
     }
   }
-  names.emplace_back("defaults, by date");  // any name that tells no type, as endless schedules need
+  names.emplace_back(
+      "defaults, by date");  // any name that tells no type, as endless schedules need
   return did_you_mean(name, names);
 }
