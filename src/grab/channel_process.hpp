@@ -7,7 +7,7 @@
 #include "grab/guide_config.hpp"
 #include "platform/system/file.hpp"
 
-/// The head of a channel's file. It is written last, before the programmes.
+/// The head of a channel's file, in front of the programmes. It is written last.
 struct ProgrammesHead {
   uint64_t programmes;  ///< their number
   uint64_t bytes;       ///< of their text, which follows the head
