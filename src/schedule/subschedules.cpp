@@ -34,10 +34,10 @@ std::string file_type_of(const std::string& path) {
   return file_type;
 }
 
-/// Whether each path that items name is a schedule file. Each path is checked once.
+/// Which paths of a schedule are schedule files; each is asked for once.
 using KnownPaths = std::unordered_map<std::string, bool>;
 
-/// The MIME type only says that the file is a schedule. The file itself says of which type.
+/// The type only marks the file as a schedule; what kind it is, the file itself says.
 bool is_schedule_file(const std::string& path, KnownPaths& known_paths) {
   const auto known = known_paths.find(path);
   if (known != known_paths.end()) {
