@@ -91,7 +91,7 @@ constexpr const char* bash_options_or_files = R"(  case $word in
     *) _@PROGRAM@_files ;;
   esac)";
 
-/// What is called for a value.
+/// The command that offers values for the option.
 std::string bash_call(const OptionInfo& option) {
   switch (option.offer) {
     case Offer::files:

@@ -31,7 +31,7 @@ function __@PROGRAM@_ids
 end
 )";
 
-/// What is offered for the option's value.
+/// The arguments that offer values for the option.
 std::string fish_value(const OptionInfo& option) {
   switch (option.offer) {
     case Offer::files:

@@ -45,9 +45,10 @@ void print_options(const ProgramInfo& program) {
 
 }  // namespace
 
-// Writes the completion of each program below the folder that it is given. Without one, prints the
-// options, one a line, with tabs between: the program, the name, the name of the value, all values
-// if only some are allowed, and what the option does, if it is offered.
+// Writes the completion files of each program into the given folder. Without an argument, prints
+// one line for each option, with tabs between the fields: the program, the option's name, the name
+// of its value, the allowed values if they are limited, and what it does. The last field is empty
+// for an option that is not offered.
 int main(int argc, char** argv) {
   const std::array<ProgramInfo, 3> programs = {printer_program(), check_program(), grab_program()};
   for (const ProgramInfo& program : programs) {

@@ -45,12 +45,12 @@ std::string zsh_action(const OptionInfo& option) {
   }
 }
 
-/// The option as _arguments wants it.
+/// The option in the form that _arguments reads.
 std::string zsh_option(const ProgramInfo& program, const OptionInfo& option) {
   std::string text = option.use == Use::alone ? "(- *)" : option.use == Use::repeated ? "*" : "";
   text += std::string("--") + option.name;
   if (option.value != nullptr && !program.any_dashes) {
-    text += "=";  // the value follows this, or is the next word
+    text += "=";  // the value follows the "=" or is the next word
   }
   text += "[" + short_help(option) + "]";
   return option.value != nullptr ? text + ":" + option.value + ":" + zsh_action(option) : text;
@@ -62,7 +62,7 @@ std::string zsh_completion(const ProgramInfo& program) {
   std::string text = zsh_begin;
   text += has_offer(program, Offer::channels) ? zsh_channels : "";
   text += has_offer(program, Offer::guide_channels) ? zsh_guide_channels : "";
-  // With -S, -- ends the options.
+  // With -S, "--" ends the options.
   text += program.any_dashes ? "\n_arguments" : "\n_arguments -S";
   for (const OptionInfo& option : program.options) {
     if (option.help != nullptr) {

@@ -38,8 +38,8 @@ void check_rendermgr(const std::string& path) {
   }
 }
 
-/// The last look before reading, at whatever path was settled. It speaks to standard error alone,
-/// also in CGI mode.
+/// Checks the path, however it was found, once more before reading. The message goes to standard
+/// error only, also in CGI mode.
 bool check_located_schedule(const std::string& path) {
   switch (look_at(path)) {
     case FileState::missing:
@@ -55,7 +55,7 @@ bool check_located_schedule(const std::string& path) {
   return true;
 }
 
-/// The schedule path that a render-manager file names; empty when it names none.
+/// The schedule path that a render-manager file names. Empty when it names none.
 std::string schedule_path_of(const std::string& rendermgr_path) {
   std::optional<std::string> path = read_rendermgr(rendermgr_path);
   if (!path) {

@@ -5,7 +5,6 @@
 
 #include "driver/options.hpp"
 #include "driver/report_error.hpp"
-#include "driver/report_limits.hpp"
 #include "driver/run_steps.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/activity.hpp"
@@ -38,6 +37,6 @@ int main(int argc, char** argv) {
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());
   print_document(schedule, report_window(schedule));
-  // Leaving by exit() spares taking the schedule down item by item: the process's end frees it.
+  // exit() does not destroy the schedule item by item. The end of the process frees it faster.
   std::exit(EXIT_SUCCESS);
 }

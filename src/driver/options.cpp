@@ -11,12 +11,12 @@
 
 namespace {
 
-/// An option, with the fixed texts of the usage text and of a missing value.
+/// An option, with its line of the usage text and the message for a missing value. Both are fixed.
 struct Option {
   OptionInfo info;
-  const char* usage;        ///< null: the usage text does not list it
-  const char* followed_by;  ///< null: it takes no value
-  /// False: the run ends with status 1.
+  const char* usage;        ///< null: not in the usage text
+  const char* followed_by;  ///< null: takes no value
+  /// Returns false when the run must end with status 1.
   bool (*take)(RunOptions& run, const char* value);
 };
 
@@ -57,7 +57,7 @@ bool set_time(RunOptions& run, const char* value) {
   return true;
 }
 
-// In the order of the usage text, which scripts may compare.
+// In the order of the usage text. Scripts may compare that text.
 constexpr std::array<Option, 14> options = {{
     {{"schedule", "schedule path", "print this schedule file", Offer::files},
      "Directly convert schedule file",
@@ -130,7 +130,7 @@ const Option* find_option(std::string_view name) {
   return nullptr;
 }
 
-/// The name behind any number of dashes.
+/// The argument without its leading dashes.
 const char* option_name(const char* argument) {
   while (*argument == '-') {
     ++argument;

@@ -5,6 +5,6 @@
 /// The program and its table of options.
 ProgramInfo printer_program();
 
-/// Reads the command line into `run_options`; a report time of 0 becomes the current time. False
-/// when the run is to end with status 1, after a message (or the usage text) on standard error.
+/// Reads the command line into `run_options`. A report time of 0 becomes the current time. False
+/// when the run must end with status 1; the message or the usage text is then on standard error.
 bool parse_options(int argc, char** argv);

@@ -2,15 +2,11 @@
 
 #include <array>
 
-#include "writers/gracenote_writer.hpp"
-#include "writers/html_writer.hpp"
-#include "writers/json_writer.hpp"
-#include "writers/rovi_writer.hpp"
-#include "writers/xml_writer.hpp"
+#include "writers/formats.hpp"
 
 namespace {
 
-// By the value of OutputFormat.
+// Indexed by OutputFormat.
 constexpr std::array<OutputFormatInfo, 5> formats = {{
     {OutputFormat::xml, "xml", "text/xml", print_to_xml},
     {OutputFormat::html, "html", "text/html", print_to_html},

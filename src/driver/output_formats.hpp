@@ -6,7 +6,7 @@
 #include "schedule/run_options.hpp"
 #include "schedule/schedule.hpp"
 
-/// An output format: how it is asked for, announced and written.
+/// An output format: its name, its content type and the function that prints it.
 struct OutputFormatInfo {
   OutputFormat format;
   std::string_view name;     ///< value of --format

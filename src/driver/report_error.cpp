@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Past the buffer of the document. Where it cannot be written there is nobody left to tell.
+/// Does not use the buffer of the document. A failed write cannot be reported anywhere.
 void print_error(const char* message) {
   if (!run_options.cgi || is_output_begun()) {
     std::fprintf(stderr, "Error: %s\n", message);
@@ -29,8 +29,8 @@ void print_error(const char* message) {
   }
 }
 
-/// What the library calls when there is no memory to be had. Nothing here asks for any, and
-/// nothing is taken down: a container may be half changed.
+/// The C++ library calls this when memory runs out. It must not allocate memory, and it calls no
+/// destructors, because a container may be half changed.
 [[noreturn]] void end_without_memory() {
   constexpr const char* message = "Out of memory";
   print_error(message);

@@ -1,4 +1,4 @@
-#include "driver/report_limits.hpp"
+#include "driver/report_error.hpp"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -9,7 +9,6 @@
 #include <csignal>
 #include <string_view>
 
-#include "driver/report_error.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/output.hpp"
@@ -24,7 +23,7 @@ constexpr rlim_t most_processor_time_of_cgi = 60;
 
 rlim_t processor_time_limit = 0;
 
-/// A text in a place of its own: in a handler of signals no memory can be asked for.
+/// A text in a fixed buffer. A signal handler cannot allocate memory.
 class FixedText {
  public:
   void append(std::string_view text) {
@@ -58,9 +57,9 @@ void append_activity() {
   }
 }
 
-/// Says which limit it was, and lets the signal do what it does by default.
+/// Names the limit that was reached, then ends the process by that limit's signal.
 void end_at_limit(int signal) {
-  // A reader of the message that does not read must not keep the run.
+  // A reader that does not read the message must not keep the run alive.
   constexpr unsigned time_to_write = 5;  // seconds
   std::signal(SIGALRM, SIG_DFL);
   alarm(time_to_write);

@@ -9,7 +9,7 @@ namespace {
 
 using CalendarFunction = time_t (*)(time_t);
 
-/// From the start of the period before the report time's to the end of the one after it.
+/// From the start of the period before the report time's period to the end of the period after it.
 ReportWindow neighbouring_periods(const Schedule& schedule, CalendarFunction start_of,
                                   CalendarFunction end_of) {
   const auto report_time = static_cast<time_t>(run_options.report_time);

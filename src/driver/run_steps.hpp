@@ -4,30 +4,31 @@
 
 #include "schedule/schedule.hpp"
 
-// The steps of a run, in their order. Each ends the run with a fatal error when it fails.
+// The steps of a run, in order. A step that fails ends the run with a fatal error.
 
-/// Settles run_options.schedule_path: as given or, before that, from the last "item" line of the
-/// render-manager file that is given or that belongs to the channel. False for failures that have
-/// put their message on standard error alone.
+/// Finds the schedule file and sets run_options.schedule_path. If a render-manager file or a
+/// channel is given, the path comes from the last "item" line of that file or of the channel's
+/// render-manager file; otherwise it is the path on the command line. Some failures only print to
+/// standard error; for these the result is false.
 bool locate_schedule();
 
 /// Reads the schedule file.
 void read_schedule(Schedule& schedule);
 
-/// `message` is what a pass failed with; null when it did not fail.
+/// Ends the run if `message`, the message of a failed pass, is not null.
 void report_failed_pass(const char* message);
 
-/// The stretch of calendar time that a document reports: items that start in [start, end). Its end
-/// is the last second of a period and so lies outside: what starts with that second is not shown,
-/// as listings have always had it.
+/// The span of calendar time that a document reports: items that start in [start, end). `end` is
+/// the last second of a period and is not part of the window: items that start in that second have
+/// never been shown.
 struct ReportWindow {
   time_t start;
   time_t end;
 };
 
-/// The schedule's unit or, as the options ask, what lies in it of the months or weeks before, of
-/// and after the report time.
+/// The schedule's whole unit. With --pcn-month or --pcn-week, only the part of it in the previous,
+/// current and next month or week, seen from the report time.
 ReportWindow report_window(const Schedule& schedule);
 
-/// Prints the document, in CGI mode behind its Content-Type header (RFC 3875).
+/// Prints the document. In CGI mode its Content-Type header (RFC 3875) comes first.
 void print_document(Schedule& schedule, const ReportWindow& window);

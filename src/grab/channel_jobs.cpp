@@ -18,14 +18,14 @@
 
 namespace {
 
-/// A file that is gone as soon as it is closed.
+/// A file without a name. It is deleted when it is closed.
 FileDescriptor open_scratch_file() {
   const char* folder = std::getenv("TMPDIR");
   return FileDescriptor(
       ::open(folder != nullptr ? folder : "/tmp", O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
 }
 
-/// A process that somebody stopped must not keep the guide. Its watchdog bites once it goes on.
+/// A stopped process must not block the guide. Once it continues, its watchdog can end it.
 void let_go_on(pid_t process) {
   constexpr timespec between_attempts = {.tv_sec = 0, .tv_nsec = 100'000'000};
   nanosleep(&between_attempts, nullptr);
@@ -46,7 +46,7 @@ std::optional<ChannelJob> start_job(const ChannelWork& work, ChannelJobs& others
     if (getppid() != parent) {
       _exit(EXIT_FAILURE);
     }
-    others.clear();  // their descriptors are all this process's own
+    others.clear();  // this closes only this process's copies of the descriptors
     work_on_channel(work, job.file);
   }
   return job.process > 0 ? std::optional(std::move(job)) : std::nullopt;
@@ -79,7 +79,7 @@ std::optional<uint64_t> copy_programmes(int from, int to) {
   if (lseek(from, 0, SEEK_SET) != 0) {
     return std::nullopt;
   }
-  errno = EIO;  // for a file that is too short
+  errno = EIO;  // in case the file is too short
   if (read_fully(from, bytes.data(), bytes.size()) != bytes.size()) {
     return std::nullopt;
   }

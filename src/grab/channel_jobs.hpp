@@ -19,14 +19,14 @@ struct ChannelJob {
 
 using ChannelJobs = std::deque<ChannelJob>;
 
-/// Starts a process for the channel, which ends when this one does. It gives back what it holds of
-/// the other jobs. Nothing, with errno set, when the machine has no room for it.
+/// Starts a process for the channel. It ends when this process ends. It closes its copies of the
+/// other jobs' descriptors. Nothing, with errno set, when the machine has no room for it.
 std::optional<ChannelJob> start_job(const ChannelWork& work, ChannelJobs& others);
 
-/// Waits for the process and sets `end`; one that was ended by a signal has failed. False, with
-/// errno set, when nobody can say how it ended.
+/// Waits for the process and sets `end`. A process that was ended by a signal has failed. False,
+/// with errno set, when waiting fails.
 bool await_end(ChannelJob& job);
 
-/// Copies the programmes from a channel's file; their number. Nothing, with errno set, when that
-/// fails or the file is not what its head says.
+/// Copies the programmes from a channel's file. Returns their number. Nothing, with errno set, when
+/// copying fails or the file does not match its head.
 std::optional<uint64_t> copy_programmes(int from, int to);

@@ -19,10 +19,10 @@
 
 namespace {
 
-/// What this process works on, for what fails and warns below.
+/// What this process works on; the functions for failures and warnings need it.
 const ChannelWork* work_at_hand = nullptr;
 
-/// Those that were said, in their order. The passes have but a few texts.
+/// The texts that were already printed, in order. There are only a few different ones.
 std::vector<std::string> warnings;
 
 void say(const char* text) {
@@ -45,7 +45,7 @@ void say_warnings() {
   end_with(ChannelEnd::failed);
 }
 
-/// A channel whose schedule cannot be read to its end has failed.
+/// If a schedule cannot be read to its end, the channel has failed.
 void take_warning(Warning kind, std::string_view text) {
   std::string line(text);
   chomp(line);
@@ -60,7 +60,7 @@ void take_warning(Warning kind, std::string_view text) {
   }
 }
 
-/// What the machine lacks now may be there for a process that works alone.
+/// What the machine lacks now may be available to a process that works alone.
 void end_lacking(const char* message) {
   if (work_at_hand->attempt == Attempt::last) {
     say_warnings();
@@ -69,7 +69,7 @@ void end_lacking(const char* message) {
   end_with(ChannelEnd::lacking);
 }
 
-/// Memory has a limit of each process's own, so a channel that takes too much costs itself alone.
+/// Each process has its own memory limit, so a channel that takes too much harms only itself.
 [[noreturn]] void end_channel_without_memory() {
   if (work_at_hand->attempt == Attempt::first) {
     end_with(ChannelEnd::lacking);

@@ -22,7 +22,7 @@
 
 namespace {
 
-/// The first second of the day that lies that many days behind t's.
+/// The first second of the day that comes that many days after the day of `t`.
 time_t start_of_day_after(time_t t, int days) {
   time_t start = calendar_start_of_day(t);
   for (; days > 0; --days) {
@@ -50,16 +50,16 @@ class UnitWalk {
   UnitWalk(Schedule& schedule, std::string path)
       : schedule_(schedule), prepared_items_(schedule.schedule), path_(std::move(path)) {}
 
-  /// Adds what is announced in [begin, end) of the unit that holds `begin`; the unit's end.
+  /// Adds what is announced in [begin, end) of the unit that holds `begin`. Returns the unit's end.
   time_t add_unit(time_t begin, time_t end, std::vector<Programme>& programmes) {
     Schedule& schedule = schedule_;
     schedule.schedule = prepared_items_;
     arm_watchdog();
     place_schedule(schedule, begin, path_);
-    arm_watchdog();  // which that has cancelled: media files are still to be read
+    arm_watchdog();  // place_schedule cancelled it, and media files are still to be read
     const time_t unit_end = schedule.unit_end;
     UnitClock clock(schedule);
-    std::map<time_t, Programme> by_start;  // of two at one second the later one airs
+    std::map<time_t, Programme> by_start;  // if two start in one second, the later one is kept
     for (const auto& [start, item] : schedule.schedule) {
       const time_t t = clock.time_of(start);
       // The unit's last second belongs to no report.
@@ -90,11 +90,11 @@ class UnitWalk {
   }
 
   Schedule& schedule_;
-  const ScheduleItems prepared_items_;  ///< as no unit has changed them
+  const ScheduleItems prepared_items_;  ///< before any unit has changed them
   const std::string path_;
 };
 
-/// Whether the second goes on with the first, which the end of a unit cut in two.
+/// Whether both are one programme that the end of a unit cut in two.
 bool is_cut_in_two(const Programme& one, const Programme& other, time_t seam) {
   return one.stop == seam && other.start == seam && one.path == other.path &&
          one.label == other.label && one.event_id == other.event_id && !one.fills_unit &&
@@ -112,7 +112,8 @@ void append_unit(std::vector<Programme>& programmes, std::vector<Programme> unit
                     std::make_move_iterator(unit.end()));
 }
 
-/// A programme ends where the next begins, at the latest; where its end is not known, there.
+/// A programme ends at the start of the next one at the latest, and exactly there if its end is not
+/// known.
 void settle_stops(std::vector<Programme>& programmes) {
   for (size_t i = 0; i + 1 < programmes.size(); ++i) {
     Programme& programme = programmes[i];
@@ -136,7 +137,7 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
   return path;
 }
 
-/// Reads and completes the schedule; false, with the reason, when that is not possible.
+/// Reads and completes the schedule. False, with the reason, when that is not possible.
 bool read_whole_schedule(Schedule& schedule, const std::string& path, std::string& error) {
   if (look_at(path) == FileState::link) {
     error = "'" + path + "' is a link; name the file that it leads to";
@@ -165,8 +166,8 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
     return std::nullopt;
   }
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  // Not on the stack: where that cannot grow for want of memory the process would end without a
-  // word.
+  // Not on the stack: if the stack cannot grow because memory is short, the process would end
+  // without a message.
   const auto record = std::make_unique<Schedule>();
   Schedule& schedule = *record;
   if (!read_whole_schedule(schedule, *path, error)) {
@@ -174,13 +175,13 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   }
   const time_t begin = start_of_day_after(now, span.offset);
   const time_t end = start_of_day_after(begin, span.days);
-  // What is on air when the span begins started in this unit or at the seam before it.
+  // The programme on air when the span begins has started in this unit or at the seam before it.
   time_t cursor = unit_of(schedule.type, begin - 1).start;
   UnitWalk walk(schedule, *path);
   std::vector<Programme> programmes;
   while (cursor <= end) {
     std::vector<Programme> found;
-    // A unit that begins as the span ends may go on with what the seam cuts.
+    // A unit that begins when the span ends may hold the second part of a cut programme.
     const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);
     append_unit(programmes, std::move(found), cursor);
     cursor = unit_end + 1;

@@ -23,7 +23,7 @@ class Questions {
  public:
   Questions(std::FILE* in, std::FILE* out) : in_(in), out_(out) {}
 
-  /// An answer for which complain(answer) is empty; nothing at the end of the input.
+  /// Asks until complain(answer) is empty, and returns the answer. Nothing at the end of the input.
   template <typename Complain>
   std::optional<std::string> ask(const char* question, Complain complain) {
     for (;;) {
@@ -73,7 +73,7 @@ std::string complaint_about_id(const std::string& text, const std::set<std::stri
   return complaint_about_value(text);
 }
 
-/// As the configuration has it: the grabber may be started elsewhere.
+/// The configuration holds absolute paths, because the grabber may be started elsewhere.
 std::string absolute_folder(const std::string& text) {
   return std::filesystem::absolute(text).lexically_normal().string();
 }
@@ -84,7 +84,7 @@ std::string complaint_about_folder(const std::string& text) {
                                                     : "'" + text + "' is no folder";
 }
 
-/// Asks for one channel; nothing at the end of the input. An empty id ends the questions.
+/// Asks for one channel. Nothing at the end of the input. An empty id ends the questions.
 std::optional<GuideChannel> ask_for_channel(Questions& questions,
                                             const std::set<std::string>& ids) {
   GuideChannel channel;

@@ -11,13 +11,14 @@
 
 namespace {
 
-/// The signal has its default action again.
+/// The signal already has its default action again.
 void end_by_signal(int signal) {
   remove_draft();
   std::raise(signal);
 }
 
-/// Nothing here asks for memory, and nothing is taken down: a container may be half changed.
+/// This must not allocate memory, and it calls no destructors, because a container may be half
+/// changed.
 [[noreturn]] void end_run_without_memory() {
   remove_draft();
   std::fprintf(stderr, "tv_grab_nv8x: Out of memory\n");

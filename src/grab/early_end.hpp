@@ -1,6 +1,7 @@
 #pragma once
 
-/// Settles what ends the grabber early, whatever its parent made of the signals: a shortage of
-/// memory with a message, TERM, INT and HUP as they do by default. Its draft goes first. Signals of
-/// the terminal that the parent has ignored stay so. Its children are waited for, and alarms bite.
+/// Sets what happens when the grabber ends early, whatever its parent has set. A lack of memory
+/// ends it with a message; TERM, INT and HUP end it as usual. In each case its draft is removed
+/// first. Signals from the terminal that the parent ignores stay ignored. It can wait for its
+/// children, and alarms end it.
 void prepare_for_early_end();

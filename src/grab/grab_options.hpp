@@ -12,13 +12,13 @@ struct GrabCommand {
   GrabTask task = GrabTask::guide;
   std::string config_file;
   std::string output;   ///< empty: standard output
-  std::string channel;  ///< the only one; empty: all
+  std::string channel;  ///< the only one to use; empty: all
   GuideRun run;
 };
 
 /// The grabber and its table of options.
 ProgramInfo grab_program();
 
-/// The command line, as XMLTV's grabbers have it. Nothing when the program is to end at once, with
-/// `status`.
+/// Reads the command line, with the options of XMLTV grabbers. Nothing when the program must end
+/// now with `status`.
 std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status);

@@ -43,13 +43,13 @@ std::string head_of(const std::vector<GuideChannel>& channels) {
 
 constexpr const char* foot = "</tv>\n";
 
-/// Works on the channels and copies their programmes in the channels' order.
+/// Runs the jobs of the channels and copies their programmes in the channels' order.
 class GuideWriter {
  public:
   GuideWriter(int fd, const std::vector<GuideChannel>& channels, const GuideRun& run, time_t now)
       : fd_(fd), channels_(channels), run_(run), now_(now), room_(static_cast<size_t>(run.jobs)) {}
 
-  /// What is wrong with the guide as a whole; empty: nothing.
+  /// Returns the error if the whole guide fails, otherwise an empty text.
   std::string write_all_programmes() {
     while (next_ < channels_.size() || !jobs_.empty()) {
       start_jobs();
@@ -71,7 +71,7 @@ class GuideWriter {
     return {channel, run_.span, now_, attempt};
   }
 
-  /// As many as there is room for, and as the machine has.
+  /// Starts as many jobs as the limit and the machine allow.
   void start_jobs() {
     while (next_ < channels_.size() && jobs_.size() < room_) {
       std::optional<ChannelJob> job = start_job(work_on(channels_[next_], Attempt::first), jobs_);
@@ -102,7 +102,8 @@ class GuideWriter {
     }
   }
 
-  /// Nobody else takes what it lacked then. False, with errno set, when it cannot be started.
+  /// It runs alone, so no other job uses what was short. False, with errno set, when it cannot be
+  /// started.
   bool repeat_front_job_alone() {
     room_ = std::max<size_t>(1, room_ / 2);
     if (!std::ranges::all_of(jobs_, await_end)) {
@@ -135,7 +136,7 @@ class GuideWriter {
   const std::vector<GuideChannel>& channels_;
   const GuideRun& run_;
   time_t now_;
-  size_t room_;  ///< for jobs at a time
+  size_t room_;  ///< maximum number of jobs at the same time
   size_t next_ = 0;
   ChannelJobs jobs_;
   GuideResult result_;

@@ -11,22 +11,22 @@
 
 struct GuideRun {
   GuideSpan span;
-  int jobs = 1;        ///< channels that are worked on at a time
+  int jobs = 1;        ///< maximum number of channels in work at the same time
   bool quiet = false;  ///< no progress on standard error
 };
 
-/// What became of a guide.
+/// The result of writing a guide.
 struct GuideResult {
   size_t programmes = 0;
-  size_t failed = 0;  ///< channels, each of which is named on standard error
+  size_t failed = 0;  ///< number of channels that failed; standard error names each one
 };
 
-/// Writes the channels alone.
+/// Writes a guide with channels and no programmes.
 bool write_channels(int fd, const std::vector<GuideChannel>& channels);
 
-/// Writes the whole guide: all channels, then their programmes. Each channel is worked on in a
-/// process of its own, in its own zone and folder; one that lacks something of the machine is tried
-/// once more when no other works. Nothing, with `error`, when the guide as a whole fails: what was
-/// written is then no guide.
+/// Writes the whole guide: all channels, then their programmes. Each channel has its own process,
+/// in its own zone and folder. A channel whose process meets a shortage of the machine is tried
+/// once more, alone. Nothing, with `error`, when the whole guide fails; the text written so far is
+/// then not a valid guide.
 std::optional<GuideResult> write_guide(int fd, const std::vector<GuideChannel>& channels,
                                        const GuideRun& run, time_t now, std::string& error);

@@ -44,7 +44,7 @@ std::string_view without_comment(std::string_view line) {
   return strip_blanks(line);
 }
 
-/// A path of the channel as seen from its folder.
+/// A path of the channel, relative to its folder unless it is absolute.
 std::string in_folder(const GuideChannel& channel, const std::string& path) {
   return path.starts_with('/') ? path : channel.folder + "/" + path;
 }
@@ -82,7 +82,7 @@ std::string complaint_about_keys(const GuideChannel& channel) {
 /// Reads the lines one by one.
 class ConfigParser {
  public:
-  /// What is wrong with the line; empty: nothing.
+  /// Returns what is wrong with the line, otherwise an empty text.
   std::string take_line(std::string_view line) {
     ++number_;
     const std::string_view text = without_comment(line);

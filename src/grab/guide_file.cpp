@@ -13,12 +13,12 @@
 
 namespace {
 
-// A channel's process has a copy, and must not remove what its parent writes.
+// A channel's process has a copy of this. It must not remove the file that its parent writes.
 std::atomic<const char*> draft_at_work = nullptr;
 pid_t owner_of_draft = 0;
 static_assert(std::atomic<const char*>::is_always_lock_free, "a handler of signals reads it");
 
-/// Holds back the signals that end a run.
+/// Blocks the signals that end a run, while it lives.
 class SignalsHeldBack {
  public:
   SignalsHeldBack() {
@@ -34,7 +34,8 @@ class SignalsHeldBack {
   sigset_t before_{};
 };
 
-/// Whether something can take the path's place; `old` is what is there, with mode 0 for nothing.
+/// Whether a new file can replace the one at the path. `old` describes that file; its mode is 0
+/// when there is none.
 bool is_replaceable(const std::string& path, struct stat& old) {
   if (stat(path.c_str(), &old) == 0) {
     return !S_ISREG(old.st_mode) || faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) == 0;

@@ -5,13 +5,13 @@
 
 #include "platform/system/file.hpp"
 
-/// The permissions of the new file: 644, or those of the file whose place it takes.
+/// The permissions of the new file: 644, or those of the old file.
 enum class NewMode { readable, as_before };
 
-/// A file that is written beside its place and takes it as a whole, once it is on the disk. What
-/// stands there and is no regular file, a device or a pipe, is written to as it is; so is the file
-/// that a link leads to replaced, not the link. A link that leads nowhere, and a file that may not
-/// be read, are not replaced. There is one at a time.
+/// A file that is written as a draft beside the old one. When it is complete and on the disk, it
+/// replaces the old file at once. If the path is a device or a pipe, it is written to directly. If
+/// the path is a link, the file that it points to is replaced. A link to a missing file, and a file
+/// without read permission, are not replaced. Only one GuideFile exists at a time.
 class GuideFile {
  public:
   /// Not open on failure, with errno set.
@@ -21,23 +21,23 @@ class GuideFile {
   ~GuideFile();
 
   bool is_open() const { return file_.is_open(); }
-  /// Whether it takes a place later, and is not written to what is there.
+  /// Whether it is a draft that will replace a file. False if it is written to directly.
   bool is_draft() const { return !draft_.empty(); }
   int fd() const { return file_.get(); }
   bool write(std::string_view text);
 
-  /// Brings it to the disk and into its place. False, with errno set and the old file there, when
-  /// that fails.
+  /// Syncs it to the disk and replaces the old file. False, with errno set and the old file
+  /// unchanged, when that fails.
   bool publish();
 
  private:
   void open_draft(mode_t mode);
 
   std::string path_;
-  std::string draft_;  ///< empty: written in place
+  std::string draft_;  ///< empty: no draft
   FileDescriptor file_;
 };
 
-/// Removes the draft that is being written, if there is one, and asks for no memory: for runs that
-/// end at once. A handler of signals may call this.
+/// Removes the draft in work, if there is one, without allocating memory. For runs that end at
+/// once. A signal handler may call this.
 void remove_draft();

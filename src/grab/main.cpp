@@ -26,7 +26,7 @@ int fail(const std::string& what, const std::string& why) {
   return EXIT_FAILURE;
 }
 
-/// The channels that the command is about; nothing, after a message, when there is a mistake.
+/// The channels that the command is about. Nothing, after a message, when there is a mistake.
 std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command) {
   const FileDescriptor file = open_regular_file(AT_FDCWD, command.config_file.c_str());
   const auto content = file.is_open() ? read_content(file.get()) : std::nullopt;
@@ -54,7 +54,7 @@ std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command)
 
 enum class Outcome { whole, parts, empty, failed };
 
-/// Writes what the command asks for, and says what is wrong with it.
+/// Writes what the command asks for, and reports errors.
 Outcome write_to(int fd, const GrabCommand& command, const std::vector<GuideChannel>& channels) {
   std::string error;
   std::optional<GuideResult> result = GuideResult();
@@ -82,7 +82,7 @@ int write_to_standard_output(const GrabCommand& command,
   return outcome == Outcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-/// Whether a guide without programmes may take the place of what is there; it says why not.
+/// Whether a guide without programmes may replace the old file. Prints the reason if not.
 bool may_be_emptied(const std::string& path) {
   const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
   if (!file.is_open() && errno == ENOENT) {
@@ -100,7 +100,7 @@ bool may_be_emptied(const std::string& path) {
   return !has_programmes;
 }
 
-/// A guide that lacks the channels that failed is published; one that could not be finished is not.
+/// A guide without the failed channels is published. An incomplete guide is not.
 int write_file(const GrabCommand& command, const std::vector<GuideChannel>& channels) {
   GuideFile file(command.output, NewMode::readable);
   if (!file.is_open()) {

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Windows-1252 from 0x80 to 0x9f; 0: no character.
+/// Windows-1252 from 0x80 to 0x9f. 0 means no character.
 constexpr std::array<uint16_t, 32> windows_1252 = {
     0x20ac, 0,      0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017d, 0,      0,      0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
@@ -25,7 +25,7 @@ bool is_for_xml(uint32_t c) {
   return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && (c < 0x80 || c >= 0xa0);
 }
 
-/// Of several entries of one name the last that is not blank counts.
+/// Of several entries with one name, the last one that is not blank counts.
 struct Values {
   std::vector<std::pair<std::string, std::string>> entries;  ///< names in lower case
 
@@ -44,7 +44,7 @@ bool is_number_or_fraction(std::string_view text) {
   return text.find_first_not_of(" /0123456789") == std::string_view::npos;
 }
 
-/// The number that stands before a "/" or alone; empty for other texts.
+/// The number before a "/", or the whole text if it is a number. Empty for other texts.
 std::string number_of(std::string_view text) {
   constexpr size_t longest = 15;
   const std::string_view number = strip_blanks(text.substr(0, text.find('/')));
@@ -120,7 +120,7 @@ bool begins_with_one_of(std::string_view text, std::string_view letters) {
   return !text.empty() && letters.find(to_lower(text.front())) != std::string_view::npos;
 }
 
-/// "YYYYMMDDhhmmss +hhmm", by how the clocks run then.
+/// "YYYYMMDDhhmmss +hhmm", with the offset of the local clocks at that time.
 void append_time(std::string& out, time_t t) {
   std::tm tm{};
   if (localtime_r(&t, &tm) == nullptr) {

@@ -9,13 +9,13 @@
 #include "platform/metadata_handles.hpp"
 #include "schedule/schedule.hpp"
 
-/// What a guide says of an item, but for its times. The texts are UTF-8, without control characters
-/// and with one blank for each run of them.
+/// What a guide says of an item, besides its times. The texts are UTF-8 without control characters.
+/// Runs of blanks are replaced by one blank.
 struct ProgrammeTexts {
   std::string title;
   std::string sub_title;
   std::string description;
-  std::vector<std::pair<const char*, std::string>> credits;  ///< XMLTV's element and the name
+  std::vector<std::pair<const char*, std::string>> credits;  ///< the XMLTV element and the name
   std::string date;
   std::vector<std::string> categories;
   std::string language;
@@ -35,22 +35,22 @@ struct Programme {
   std::string path;
   std::string label;
   std::string event_id;
-  bool fills_unit;  ///< it is all that its unit airs
+  bool fills_unit;  ///< the only programme of its unit
   ProgrammeTexts texts;
 };
 
-/// What the metadata of an item (or none) say of it.
+/// The texts of an item from its metadata set, which may be null.
 ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set);
 
-/// Whether XMLTV has room for the time's local year, which has four digits there.
+/// Whether the time's local year has four digits. XMLTV has no room for more.
 bool has_four_digit_year(time_t t);
 
-/// Appends the programme as an element of XMLTV, with times in the local zone. A stop that is not
-/// known, lies before the start or has a year of five digits is left out.
+/// Appends the programme as an XMLTV element, with times in the local zone. The stop is left out
+/// when it is not known, lies before the start or has a year of five digits.
 void append_programme(std::string& out, const Programme& programme, const std::string& channel,
                       const std::string& language);
 
-/// The text as XML may hold it: bytes that are no UTF-8 (RFC 3629) are taken as Windows-1252,
-/// characters that XML 1.0 has no place for become blanks, and runs of blanks one; those at the
-/// ends go.
+/// Makes the text valid for XML. Bytes that are not UTF-8 (RFC 3629) are read as Windows-1252.
+/// Characters that XML 1.0 does not allow become blanks. A run of blanks becomes one blank, and
+/// blanks at both ends are removed.
 std::string clean_text(std::string_view text);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Heads a set that was built from the play log.
+/// The first entry of a set that was built from the play log.
 constexpr const char* source_name = "*metadata source";
 constexpr const char* source_value = "playlist log";
 

@@ -10,7 +10,7 @@
 #include "platform/metadata_handles.hpp"
 #include "schedule/schedule.hpp"
 
-/// What every writer shows of an item beside its times and path.
+/// What every writer shows of an item, besides its times and path.
 struct ItemMetadata {
   int32_t announce = -1;  ///< -1 unknown, 0 no, 1 yes
   std::string description;
@@ -22,25 +22,25 @@ struct ItemMetadata {
   std::string title;
 };
 
-/// The metadata of an item: what aired with it, if the play log knows, else what its media file
-/// says. The set is null for a block item and for a file without metadata.
+/// The metadata of an item: what the play log says about its airing or, without such an entry, what
+/// its media file says. The set is null for a block item and for a file without metadata.
 struct OpenedMetadata {
-  FileContext context;  ///< outlives the set
+  FileContext context;  ///< must outlive the set
   MetadataSet set;
 };
 OpenedMetadata open_item_metadata(const ScheduleItem& item);
 
-/// What the entries of a set (or null) say of the item; `announce` stays unknown unless they do.
+/// Reads the known entries of a set, which may be null. `announce` stays -1 when no entry sets it.
 ItemMetadata extract_item_metadata(const MetadataSet& set);
 
-/// Whether an item is announced: a block as it says itself, any other as its metadata says or, when
-/// that says nothing, if it has an event id, a label or a video or audio file and is no default
-/// item. 0 or 1.
+/// Whether an item is announced, 0 or 1. A block decides for itself. For other items the metadata
+/// decides. If it says nothing, an item is announced when it has an event id, a label or a video or
+/// audio file and is not a default item.
 int32_t derive_announce(const ItemMetadata& metadata, const ScheduleItem& item);
 
-/// What a writer makes of an item's metadata, made once for each media file: a schedule airs the
-/// same clip hundreds of times. Items that aired, and blocks, have metadata of their own, made one
-/// by one. `make` may look at nothing of the item but its path.
+/// Remembers what a writer makes of an item's metadata, once for each media file: a schedule airs
+/// the same clip hundreds of times. Blocks and items from the play log have their own metadata;
+/// theirs is made each time. `make` gets only the path of the item.
 template <typename Made>
 class MetadataPerFile {
  public:
@@ -48,7 +48,7 @@ class MetadataPerFile {
 
   explicit MetadataPerFile(Make make) : make_(std::move(make)) {}
 
-  /// Valid until the next item is asked for.
+  /// Valid until the next call.
   const Made& of(const ScheduleItem& item) {
     const bool is_from_file = !item.is_block && item.metadata.empty();
     if (is_from_file) {
@@ -66,7 +66,7 @@ class MetadataPerFile {
   }
 
  private:
-  // Keep what is remembered within a few megabytes.
+  // These keep the memory within a few megabytes.
   static constexpr size_t most_files = 4096;
   static constexpr size_t longest_text = 2048;
 
@@ -82,5 +82,5 @@ class MetadataPerFile {
 
   Make make_;
   std::unordered_map<std::string, Made> files_;
-  Made own_;  ///< of the last item that has its own
+  Made own_;  ///< of the last item with its own metadata
 };

@@ -29,7 +29,7 @@ json::parse_options parse_options() {
   return options;
 }
 
-/// Truncated toward zero, and kept within the range of the type.
+/// Truncated toward zero and limited to the range of the type.
 int64_t to_timestamp(double number) {
   constexpr double limit = 9223372036854775808.0;  // 2 to the 63rd
   if (number >= limit) {
@@ -83,7 +83,7 @@ void read_line(std::string_view line, PlayLog& play_log,
     std::fprintf(stderr, "JSON parse error: '%s'\n", error.message().c_str());
     return;
   }
-  // A value that is no object counts as an object without members.
+  // A value that is not an object counts as an object without members.
   const json::object object = value.is_object() ? value.get_object() : json::object();
   const int64_t timestamp = timestamp_of(object.if_contains("timestamp"));
   if (is_wanted(timestamp)) {
@@ -115,7 +115,7 @@ std::string text_of(const PlayLog& play_log) {
   return text;
 }
 
-/// Writes the text and brings it to the disk; a full disk shows here, at the latest.
+/// Writes the text and syncs it to the disk, so that a full disk is noticed here.
 bool write_to_disk(FileDescriptor file, std::string_view text) {
   return write_fully(file.get(), text) && fsync(file.get()) == 0 && ::close(file.release()) == 0;
 }

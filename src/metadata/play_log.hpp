@@ -7,22 +7,22 @@
 
 #include "platform/metadata_v4.h"
 
-// "play.log", which playout keeps beside a channel's schedule file: what aired, and with which
-// metadata. One JSON object (RFC 8259) a line:
+// The file "play.log", which playout keeps beside a channel's schedule file. It says what aired and
+// with which metadata, as one JSON object (RFC 8259) on each line:
 //   {"metadata": {"title": "News"}, "path": "media/news.mp4", "timestamp": 1772733600}
 
 struct PlayLogEntry {
-  std::string path;  ///< media path, as the schedule gave it
+  std::string path;  ///< media path as in the schedule
   std::map<std::string, std::string> metadata;
 };
 
-/// By the time at which the item started, seconds since the Unix epoch.
+/// The key is the time at which the item started, in seconds since the Unix epoch.
 using PlayLog = std::map<int64_t, PlayLogEntry>;
 
-/// Adds what the play log in the context's directory holds of the entries whose timestamp is
-/// wanted; of lines with the same timestamp the last wins. A log that is missing adds nothing, a
-/// read error is its end, and a line that is no JSON is reported on standard error and skipped. A
-/// log goes back years, and only the entries that are kept cost memory.
+/// Adds the wanted entries of the play log in the context's directory. `is_wanted` gets the
+/// timestamp: a log covers years, and only the entries that are kept cost memory. Of lines with the
+/// same timestamp the last one counts. A missing log adds nothing. A read error counts as the end
+/// of the log. A line that is not JSON is reported on standard error and skipped.
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
                    const std::function<bool(int64_t)>& is_wanted);
 
@@ -31,6 +31,6 @@ void read_play_log(const metadata_v4_context* context, PlayLog& play_log,
 /// Adds all entries.
 void read_play_log(const metadata_v4_context* context, PlayLog& play_log);
 
-/// For the playout system, which keeps the log; the programs only read it. Replaces the play log in
-/// the context's directory as a whole. A write that fails leaves the log that is there untouched.
+/// For the playout system, which keeps the log; the programs only read it. Replaces the whole play
+/// log in the context's directory. If writing fails, the old log stays unchanged.
 void write_play_log(const metadata_v4_context* context, const PlayLog& play_log);

@@ -5,7 +5,7 @@
 
 #include "platform/metadata_v4.h"
 
-// Owners of what the metadata library hands out, and the one way to walk a set.
+// Owners of the metadata library's objects, and the only way to go through a set.
 
 struct DestroyFileContext {
   void operator()(metadata_v4_context* context) const { metadata_v4_context_destroy(context); }
@@ -19,13 +19,13 @@ struct DestroyMetadataSet {
 };
 using MetadataSet = std::unique_ptr<metadata_v4_metadata_context, DestroyMetadataSet>;
 
-/// A context that is bound to the file at the path, or null.
+/// A context bound to the file at the path, or null.
 inline FileContext bind_file_context(const char* path) {
   FileContext context(metadata_v4_context_create());
   if (!context) {
     return nullptr;
   }
-  // Whether the file's metadata is needed shows only later: the play log may know better.
+  // The file's metadata may not be needed: an entry of the play log replaces it.
   context->options &= static_cast<uint8_t>(~METADATA_V4_READ_WHILE_BINDING);
   return metadata_v4_context_set_file_location(context.get(), path) == 0 ? std::move(context)
                                                                          : nullptr;
@@ -36,7 +36,7 @@ inline MetadataSet read_metadata_set(const FileContext& context) {
   return MetadataSet(metadata_v4_metadata_context_from_file(context.get(), 0, nullptr));
 }
 
-/// Calls visit(entry) for each entry that the set (or null) really holds, in index order.
+/// Calls visit(entry) for each entry of the set, which may be null, in index order.
 template <typename Visit>
 void for_each_entry(const MetadataSet& set, Visit visit) {
   const int32_t count = set != nullptr ? set->entry_count : 0;
@@ -48,7 +48,7 @@ void for_each_entry(const MetadataSet& set, Visit visit) {
   }
 }
 
-/// Whether the entry has name and value: one that lacks either is passed over as an absent one.
+/// Whether the entry has a name and a value. Other entries are ignored.
 inline bool is_whole(const metadata_v4_entry& entry) {
   return entry.name != nullptr && entry.value != nullptr;
 }

@@ -2,11 +2,11 @@
 #define NV8X_PLATFORM_METADATA_V4_H
 
 /*
- * The playout system's metadata library, as far as this program needs it. The folder media/
- * holds an implementation for machines without a playout system; a site can link its own.
+ * The part of the playout system's metadata library that this program needs. The folder media/
+ * has an implementation for machines without a playout system. A site can link its own.
  *
- * Texts are NUL-terminated and owned by the library. Every destroy function takes null as well and
- * returns null, for the caller's variable.
+ * Texts are NUL-terminated and owned by the library. Every destroy function also accepts null. It
+ * returns null, so that the caller can clear its variable.
  */
 
 #include <stddef.h>
@@ -16,11 +16,11 @@
 extern "C" {
 #endif
 
-/* Option bit of a file context: read the file's metadata already while binding. Set in a new
- * context; cleared by callers that may not need the metadata at all. */
+/* Option bit of a file context: read the file's metadata while binding. It is set in a new context.
+ * Callers that may not need the metadata clear it. */
 #define METADATA_V4_READ_WHILE_BINDING 0x20
 
-/* A file whose metadata can be read. Implementations may keep more behind these fields. */
+/* A file whose metadata can be read. Implementations may have further fields after these. */
 typedef struct metadata_v4_context {
   uint8_t options;
   int directory; /* open handle on the directory of the bound file, or negative */
@@ -40,8 +40,8 @@ typedef struct metadata_v4_entry {
 /* Null when out of resources. */
 metadata_v4_context* metadata_v4_context_create(void);
 
-/* Binds the context to the file at the path, which need not exist, and opens its directory.
- * 0 on success. */
+/* Binds the context to the file at the path and opens its directory. The file need not exist.
+ * Returns 0 on success. */
 int metadata_v4_context_set_file_location(metadata_v4_context* context, const char* path);
 
 metadata_v4_context* metadata_v4_context_destroy(metadata_v4_context* context);
@@ -49,19 +49,19 @@ metadata_v4_context* metadata_v4_context_destroy(metadata_v4_context* context);
 /* An empty set; null when out of resources. */
 metadata_v4_metadata_context* metadata_v4_metadata_context_create(void);
 
-/* Appends an entry. A length of 0 means that the text runs to its NUL. 0 on success. */
+/* Appends an entry. A length of 0 means that the text ends at its NUL. Returns 0 on success. */
 int metadata_v4_metadata_context_add_name_value_pair(metadata_v4_metadata_context* set,
                                                      const char* name, size_t name_length,
                                                      const char* value, size_t value_length,
                                                      int32_t group);
 
 /* All metadata of the bound file, or null when it cannot be read. The last two arguments are
- * reserved: 0 and null. */
+ * reserved and must be 0 and null. */
 metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4_context* context,
                                                                      int flags, void* reserved);
 
-/* The entry at an index, or null. The entry is valid until the next call on the set, its texts
- * until the set is destroyed. */
+/* The entry at an index, or null. The entry is valid until the next call on the set. Its texts are
+ * valid until the set is destroyed. */
 const metadata_v4_entry* metadata_v4_metadata_context_read_entry(metadata_v4_metadata_context* set,
                                                                  int32_t index);
 

@@ -11,13 +11,13 @@ namespace {
 
 constexpr int64_t a_day = seconds_per_day;
 
-/// A local date as a number that grows from day to day.
+/// A number for a local date. It grows from day to day.
 int64_t date_number(const std::tm& tm) {
   return int64_t{tm.tm_year} * 366 + tm.tm_yday;
 }
 
-/// The midnight behind the day of `reached`, as the C library normalises it. Where that would not
-/// lead on, since clocks show it earlier or never, the first second of a later date.
+/// The midnight at the end of the day of `reached`, normalised as the C library does it. If clocks
+/// show that midnight earlier or never, the result is the first second of a later date.
 std::optional<time_t> next_midnight(time_t reached, const std::tm& local, long offset) {
   const int64_t second_of_day = local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec;
   const int64_t civil = civil_seconds(local) - second_of_day + a_day;

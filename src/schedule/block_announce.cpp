@@ -13,8 +13,8 @@ using Items = ScheduleItems;
 
 constexpr const char* signature = "bool block_announce_subst(Schedule&)";
 
-/// The item that starts at `start` or, failing that, the last one before it. There is one: the
-/// unit's gaps were filled from its very beginning.
+/// The item that starts at `start` or, if there is none, the last item before it. There always is
+/// one: the gaps were filled from the start of the unit.
 Items::iterator item_at_or_before(Items& items, uint64_t start) {
   auto sit = items.lower_bound(start);
   if (sit == items.end() || sit->first != start) {
@@ -25,10 +25,10 @@ Items::iterator item_at_or_before(Items& items, uint64_t start) {
   return sit;
 }
 
-/// Whether a programme, not a filler, begins or ends inside the block. One that runs through the
-/// whole block does not count. Blocks come by their start: all items from the last
-/// one's start up to `fillers_end` are fillers, and are not gone through again for a block that
-/// overlaps it.
+/// Whether a programme (an item that is not a filler) begins or ends inside the block. A programme
+/// that runs through the whole block does not count. Blocks are visited in order of their starts:
+/// all items from the last block's start to `fillers_end` are fillers, and an overlapping block
+/// does not visit them again.
 bool has_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_end) {
   const auto first = item_at_or_before(items, block.start);
   const ScheduleItem& item = first->second;
@@ -45,7 +45,7 @@ bool has_programme(Items& items, const ScheduleBlock& block, uint64_t& fillers_e
   return is_found;
 }
 
-/// Keeps of an item that runs past the block's end what lies behind it.
+/// Shortens an item that runs past the block's end to the part after the block.
 void keep_tail(Schedule& schedule, Items::iterator sit, uint64_t block_end) {
   Items& items = schedule.schedule;
   if (schedule.observer != nullptr) {

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Takes `letters` and the decimal number behind them off the key's front. As strtol has it, blanks
-/// and a sign may stand before the digits; no digits count as 0.
+/// Removes `letters` and the decimal number after them from the front of the key. As in strtol,
+/// blanks and a sign may come before the digits. Without digits the number is 0.
 std::optional<long> take_number(const char*& key, std::string_view letters) {
   if (!std::string_view(key).starts_with(letters)) {
     return std::nullopt;
@@ -26,8 +26,8 @@ std::optional<int> slot_in(std::optional<long> number, int first, int last) {
                                                        : std::nullopt;
 }
 
-/// A day that is counted from 1, with a digit directly behind the letters. The slots of the longest
-/// unit are accepted in every type.
+/// A day that is counted from 1. A digit must follow the letters directly. Every type accepts the
+/// slots of the longest unit.
 std::optional<int> counted_slot(const char* key, std::string_view letters) {
   const char* rest = key;
   const std::optional<int> number = slot_in(take_number(rest, letters), 1, default_slots);

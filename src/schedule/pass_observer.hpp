@@ -5,8 +5,8 @@
 struct ScheduleBlock;
 struct ScheduleItem;
 
-/// Is told what the passes do to the items of a schedule. Each function is called just before the
-/// change, and does nothing unless it is overridden. All times are schedule seconds.
+/// Receives what the passes do to the items of a schedule. Each function is called just before the
+/// change. It does nothing unless it is overridden. All times are schedule seconds.
 class PassObserver {
  public:
   PassObserver() = default;
@@ -21,8 +21,7 @@ class PassObserver {
   /// A default item fills a gap.
   virtual void filling_gap(uint64_t /*start*/, uint64_t /*end*/) {}
 
-  /// A block is announced as one item. What follows up to the next call is done to make room for
-  /// it.
+  /// A block is announced as one item. The calls up to the next `announcing` make room for it.
   virtual void announcing(const ScheduleBlock& /*block*/) {}
   /// An item lies in the block that starts at `block_start`, and is dropped.
   virtual void removing_for_block(const ScheduleItem& /*item*/, uint64_t /*block_start*/) {}
@@ -31,12 +30,12 @@ class PassObserver {
   /// An item that runs out of the block starts where the block ends.
   virtual void moving_behind_block(const ScheduleItem& /*item*/, uint64_t /*block_end*/) {}
 
-  /// An item is replaced by what the schedule in its file airs.
+  /// An item is replaced by the items of the schedule in its file.
   virtual void replacing_by_schedule(const ScheduleItem& /*item*/) {}
   /// An item of that schedule is inserted.
   virtual void inserting_from_schedule(uint64_t /*start*/, uint64_t /*end*/) {}
   /// The unit of that schedule ends before the item that it replaces.
   virtual void wrapping_around() {}
-  /// Schedules within schedules are replaced no deeper.
+  /// Subschedules below this level are not replaced.
   virtual void reaching_last_level() {}
 };

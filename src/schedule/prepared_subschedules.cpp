@@ -9,11 +9,12 @@
 
 namespace {
 
-/// With their placements some 200 MB. Who names more schedules than that has them read again.
+/// These and their placements take about 200 MB. Schedules beyond this number are not kept; they
+/// are read again each time.
 constexpr size_t most_kept_items = 500000;
 
 bool read_and_complete(Schedule& schedule, const std::string& path) {
-  schedule.blocks.clear();  // which, like the global default, the reader leaves as they are
+  schedule.blocks.clear();  // the reader keeps blocks and the global default
   schedule.global_default.clear();
   if (!read_schedule_file(schedule, path.c_str())) {
     fail_run_if_short("Unable to open %s: %s", path.c_str());
@@ -28,7 +29,7 @@ PreparedSubschedule prepare(Schedule& schedule, const std::string& path) {
   prepared.is_prepared = read_and_complete(schedule, path);
   prepared.type = schedule.type;
   prepared.items.swap(schedule.schedule);
-  prepared.said = record.text();
+  prepared.diagnostics = record.text();
   return prepared;
 }
 
@@ -37,15 +38,15 @@ PreparedSubschedule prepare(Schedule& schedule, const std::string& path) {
 PreparedSubschedule* PreparedSubschedules::prepared(const std::string& path) {
   auto found = by_path_.find(path);
   if (found != by_path_.end()) {
-    arm_watchdog();  // as filling its gaps did
-    print_diagnostic("%s", found->second.said.c_str());
+    arm_watchdog();  // as preparing it did
+    print_diagnostic("%s", found->second.diagnostics.c_str());
   } else {
     if (!read_into_) {
       read_into_ = std::make_unique<Schedule>();
     }
     PreparedSubschedule fresh = prepare(*read_into_, path);
     constexpr size_t bytes_like_an_item = 400;
-    const size_t items = fresh.items.size() + fresh.said.size() / bytes_like_an_item;
+    const size_t items = fresh.items.size() + fresh.diagnostics.size() / bytes_like_an_item;
     if (kept_items_ + items > most_kept_items) {
       by_path_.clear();
       kept_items_ = 0;

@@ -17,36 +17,36 @@ struct Placement {
   uint64_t end;
 };
 
-/// Where all of them fall while the subschedule has one and the same beginning.
+/// The placements of all items of a subschedule. They hold for one value of its beginning.
 struct Placements {
   UnitClock::Beginning beginning;
-  std::vector<Placement> in_order;     ///< of the subschedule; without those that fall nowhere
-  std::vector<uint64_t> latest_ends;   ///< of the placements up to each
-  std::vector<uint64_t> first_starts;  ///< of the placements from each on
+  std::vector<Placement> in_order;    ///< by start in the subschedule; not those without a position
+  std::vector<uint64_t> latest_ends;  ///< for each placement, the latest end up to it
+  std::vector<uint64_t> first_starts;  ///< for each placement, the first start from it on
 };
 
-/// What is left of a schedule file that items name, once it is read and completed as far as that
-/// does not depend on the item. Its default items are in the gaps by then.
+/// A schedule file that items name, read and completed as far as this does not depend on the item.
+/// Default items already fill its gaps.
 struct PreparedSubschedule {
   std::string type;
   ScheduleItems items;
-  std::string said;  ///< on standard error while it was prepared
+  std::string diagnostics;  ///< printed on standard error while it was prepared
   bool is_prepared = false;
   std::optional<Placements> placements;
 };
 
-/// The subschedules of a run. A week may hand hundreds of items to one schedule, and an endless
-/// schedule thousands.
+/// The subschedules of a run. In a week, hundreds of items may name one schedule; in an endless
+/// schedule, thousands.
 class PreparedSubschedules {
  public:
-  /// The schedule in the file at that path, or null when it cannot be prepared. What was said on
-  /// standard error is said again each time. Valid until the next call.
+  /// The schedule in the file at that path, or null when it cannot be prepared. Messages of its
+  /// preparation are printed again on each call. The pointer is valid until the next call.
   PreparedSubschedule* prepared(const std::string& path);
 
  private:
   std::unordered_map<std::string, PreparedSubschedule> by_path_;
   size_t kept_items_ = 0;
-  /// For one file after the other, whose default items then find room for their texts. Null until
-  /// there is one; not in the record itself, to spare the stack.
+  /// Reused for each file, so that the memory of its texts is reused too. Null before the first
+  /// one. Not a plain member, because it is too large for the stack.
   std::unique_ptr<Schedule> read_into_;
 };

@@ -13,9 +13,9 @@ namespace {
 
 using Items = ScheduleItems;
 
-/// The end of the run of days, beginning with `day`, that have the same default item.
-/// Before the unit times are known a unit counts no days, and every run is a single day: listings
-/// keep their default items apart at midnight.
+/// The end of the run of days from `day` on that have the same default item. Before the unit times
+/// are known, the unit has no number of days and every run is one day long. This is why listings
+/// keep default items apart at midnight.
 uint64_t end_of_default_run(const Schedule& schedule, uint64_t day) {
   const std::string& item = schedule.defaults[day];
   uint64_t next = day + 1;
@@ -26,7 +26,7 @@ uint64_t end_of_default_run(const Schedule& schedule, uint64_t day) {
   return next * seconds_per_day;
 }
 
-/// The cursor behind an item that starts at it.
+/// The position after an item that starts at the cursor.
 uint64_t skip_item(const ScheduleItem& item, uint64_t cursor) {
   if (item.end > cursor) {
     return item.end;
@@ -38,7 +38,7 @@ uint64_t skip_item(const ScheduleItem& item, uint64_t cursor) {
   return std::max(cursor, item.end + 1);
 }
 
-/// Fills [start, end) with the default item of start's day.
+/// Fills [start, end) with the default item of the day of `start`.
 void patch_gap(Schedule& schedule, Items::iterator next, uint64_t start, uint64_t end) {
   if (schedule.observer != nullptr) {
     schedule.observer->filling_gap(start, end);

@@ -2,16 +2,16 @@
 
 #include "schedule/schedule.hpp"
 
-// The repairs that make a schedule consistent and complete before its unit is placed in the
-// calendar. All of them write to standard error only.
+// Repairs that make a schedule consistent and complete before its unit is placed in the calendar.
+// All of them print to standard error only.
 
-/// Drops every item that starts after its end. Items of no length stay.
+/// Drops every item that ends before it starts. Items of length 0 stay.
 void remove_reversed_items(Schedule& schedule);
 
-/// Cuts each item that runs into its successor at the successor's start. An item that holds a
-/// later one whole loses all that lies behind that one's start. Always true.
+/// Cuts each item that overlaps its successor at the successor's start. If the successor lies
+/// inside the item, the part after the successor is lost too. Always true.
 bool fix_schedule_file(Schedule& schedule);
 
-/// Fills every stretch of the unit that no item covers with the default item of its day, in
-/// pieces that end at midnight at the latest. Arms the watchdog. Always true.
+/// Fills each gap of the unit with the default item of its day. No piece crosses midnight. Arms the
+/// watchdog. Always true.
 bool patch_schedule_default_items(Schedule& schedule);

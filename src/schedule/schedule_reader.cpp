@@ -148,13 +148,13 @@ void ScheduleBuilder::set_block_value(ScheduleKey key, std::string_view value) {
   } else if (key == ScheduleKey::announce) {
     block_.announce = value;
   } else if (const uint64_t time = read_time(value); time != no_time) {
-    // A block keeps its time where an item would lose it.
+    // A time that is not valid removes an item's time, but not a block's.
     (key == ScheduleKey::start ? block_.start : block_.end) = time;
   }
 }
 
 void ScheduleBuilder::set_default(const SchedulePart& part, PartEffect& effect) {
-  // The schedule's type gives the form of the keys, even in a section of another type.
+  // The schedule's type decides the form of the keys, even in a defaults section of another type.
   const std::optional<int> slot =
       part.clarifier.empty() ? default_slot_of_key(schedule_.type, part.name) : std::nullopt;
   if (slot) {
@@ -170,7 +170,7 @@ void ScheduleBuilder::store_item(PartEffect& effect) {
   effect.is_used = !item_.item.empty() && as_signed(item_.start) >= 0 && as_signed(item_.end) >= 0;
   if (effect.is_used) {
     auto& items = schedule_.schedule;
-    // Files are mostly in airing order, so a new item mostly belongs behind the last.
+    // Files are mostly in airing order, so a new item usually belongs after the last one.
     items.insert_or_assign(items.end(), effect.start, std::move(item_));
   }
 }
@@ -185,15 +185,15 @@ void ScheduleBuilder::store_block(PartEffect& effect) {
   }
 }
 
-/// Schedule seconds of a time as written, rounded to the nearest second; no_time when the text is
-/// no time or the type has no unit.
+/// Schedule seconds of a written time, rounded to the nearest second. no_time when the text is not
+/// a valid time or the type has no unit.
 uint64_t ScheduleBuilder::read_time(std::string_view text) const {
   std::tm broken_down{};
   long microseconds = 0;
   if (!schedule_parse_time(text, broken_down, microseconds)) {
     return no_time;
   }
-  // Rounding applies to a missing unit's no_time as well, which then becomes 0: playout does so.
+  // For a type without unit, rounding up turns no_time into 0. The playout system does the same.
   return broken_down_to_schedule_seconds(find_schedule_type(schedule_.type), broken_down) +
          (microseconds >= half_a_second ? 1 : 0);
 }

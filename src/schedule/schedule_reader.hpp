@@ -6,24 +6,25 @@
 #include "platform/system/file.hpp"
 #include "schedule/schedule.hpp"
 
-/// Reads a schedule file: its type, default items, blocks and items, all times turned into
-/// schedule seconds. `schedule` is a fresh record; of one that was used, type, items and default
-/// slots are replaced, and blocks and the global default survive. What the file gets wrong is
-/// skipped. False, with nothing changed, only when the file cannot be opened. A read error is
-/// the end of the file, with a warning on standard error.
+/// Reads a schedule file: its type, default items, blocks and items. All times become schedule
+/// seconds. `schedule` should be a fresh record. In a used record, type, items and default slots
+/// are replaced, while blocks and the global default stay. Invalid parts of the file are skipped. A
+/// read error counts as the end of the file and prints a warning on standard error. False, with
+/// nothing changed, only when the file cannot be opened.
 bool read_schedule_file(Schedule& schedule, const char* path, Links links = Links::followed);
 
-/// What a part of a file did to the record.
+/// The effect of a part of a file on the record.
 struct PartEffect {
-  /// By the kind of the part: the type was taken (also from the name of a defaults section), the
-  /// global default or a day's default was stored, the item or block that ended was stored.
+  /// Whether the record has taken it. This depends on the kind of the part: a type (also from the
+  /// name of a defaults section), a global default, a day's default, or an item or block that
+  /// ended.
   bool is_used = false;
   int default_slot = 0;      ///< of a stored default
-  uint64_t start = no_time;  ///< schedule seconds, of the item or block that ended, stored or not
+  uint64_t start = no_time;  ///< schedule seconds, of the ended item or block, even if not stored
   uint64_t end = no_time;
 };
 
-/// Makes a record of the parts of a schedule file, handed over in order.
+/// Builds a record from the parts of a schedule file. The parts must come in order.
 class ScheduleBuilder {
  public:
   /// Clears the record as read_schedule_file does.
@@ -31,7 +32,7 @@ class ScheduleBuilder {
 
   PartEffect add_part(const SchedulePart& part);
 
-  /// Settles what the file left open.
+  /// Sets what the file did not say. Call this after the last part.
   void finish();
 
  private:
@@ -46,6 +47,6 @@ class ScheduleBuilder {
   uint64_t read_time(std::string_view text) const;
 
   Schedule& schedule_;
-  ScheduleItem item_;  ///< of the open section, as is the block
+  ScheduleItem item_;  ///< of the open section; the same for the block
   ScheduleBlock block_;
 };

@@ -8,25 +8,25 @@
 
 namespace {
 
-/// Further positions are no time: the years of a broken-down time reach no further.
+/// Positions beyond this are not valid times: the year of a broken-down time has no room for more.
 constexpr uint64_t most_months = std::numeric_limits<int>::max() / 2;
 
-/// Local midnight of 1 January 2020, where endless schedules begin.
+/// Local midnight of 1 January 2020, the beginning of endless schedules.
 std::optional<time_t> endless_base() {
   constexpr int64_t first_day = days_from_civil(first_schedule_year, 1, 1);
   constexpr int64_t midnight = first_day * int64_t{seconds_per_day};
   return normalised_time_of_civil(stretches_around(midnight, midnight), midnight, 0);
 }
 
-/// Civil seconds of the base advanced to a day of the padded calendar; what runs past the end of a
-/// month is carried into the next.
+/// Civil seconds of the base plus that many days of the padded calendar. Days past the end of a
+/// month count into the next month.
 int64_t advance(std::tm base, uint64_t day_number) {
   base.tm_mon += static_cast<int>(day_number / days_per_month);
   base.tm_mday += static_cast<int>(day_number % days_per_month);
   return civil_seconds(base);
 }
 
-/// Which day of a unit it is, from 0. Years before the first count as the first.
+/// The number of the day in its unit, from 0. Years before the first one count as the first.
 uint64_t day_of_unit(DayName day_name, const std::tm& broken_down) {
   const int day_of_month = broken_down.tm_mday - 1;
   const int day_of_year = broken_down.tm_mon * days_per_month + day_of_month;

@@ -9,35 +9,34 @@
 #include "platform/time/local_stretches.hpp"
 #include "schedule/schedule.hpp"
 
-// Conversions between schedule seconds and calendar time (seconds since the Unix epoch, broken
-// down in local time).
+// Conversions between schedule seconds and calendar time (seconds since the Unix epoch).
+// Broken-down times are local.
 
-/// Schedule seconds of a broken-down local time in a schedule of that type: the part of it that
-/// repeats with the type's unit. Years before 2020 count as 2020. no_time without a type, or for
-/// one without unit.
+/// Schedule seconds of a broken-down local time, counted from the beginning of the type's unit.
+/// Years before 2020 count as 2020. no_time when `type` is null or has no unit.
 uint64_t broken_down_to_schedule_seconds(const ScheduleType* type, const std::tm& broken_down);
 
-/// Schedule seconds of a calendar time, or no_time when it has no local time or the type no unit.
+/// Schedule seconds of a calendar time. no_time when the time has no local date or the type has no
+/// unit.
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
 
-/// The conversions both ways for many positions of one schedule, whose unit must not change
-/// meanwhile. How the clocks run on and around a day is found out once.
+/// Converts many positions of one schedule in both directions. The unit of the schedule must not
+/// change meanwhile. Clock changes are looked up once for each day.
 class UnitClock {
  public:
   explicit UnitClock(const Schedule& schedule);
 
-  /// The clock of a schedule of that type whose unit starts then.
+  /// The clock of a schedule of that type whose unit starts at `unit_start`.
   UnitClock(std::string_view type, time_t unit_start);
 
-  /// Calendar time of a schedule position, in the one unit that holds the report time. Positions
-  /// count from the unit's start, those of an endless schedule from 1 January 2020, whatever its
-  /// unit. Of an hour that comes twice it is the one under the daylight-saving state of that
-  /// beginning and, where both are, the one whose offset from UTC is the beginning's. -1 when
-  /// clocks never show that time (it falls into a gap that a clock change leaves), 0 when the
-  /// beginning has no local time.
+  /// Calendar time of a schedule position in the unit that holds the report time. Positions count
+  /// from the start of the unit; in an endless schedule always from 1 January 2020. If the clocks
+  /// show an hour twice, the result is the time with the daylight-saving state of position 0. If
+  /// both have that state, it is the one with the offset from UTC of position 0. -1 when clocks
+  /// never show that time, because a clock change skips it. 0 when position 0 has no local time.
   time_t time_of(uint64_t schedule_seconds);
 
-  /// As time_to_schedule_seconds.
+  /// The same as time_to_schedule_seconds.
   uint64_t schedule_seconds_of(time_t t);
 
   /// Null when the time has no local date. Valid until the next call.
@@ -46,10 +45,10 @@ class UnitClock {
   /// Seconds east of UTC at position 0.
   long offset() const { return beginning_.offset; }
 
-  /// What the times of positions depend on, beside the zone.
+  /// The times of positions depend on this and on the zone.
   struct Beginning {
     time_t time = 0;      ///< of position 0
-    bool exists = false;  ///< whether that has a local time
+    bool exists = false;  ///< whether this time has a local date
     long offset = 0;      ///< seconds east of UTC
     bool operator==(const Beginning&) const = default;
   };
@@ -59,13 +58,13 @@ class UnitClock {
   /// A day of the padded calendar.
   struct Day {
     int64_t civil = 0;                    ///< civil seconds of its beginning
-    std::vector<LocalStretch> stretches;  ///< in which its seconds can lie; empty: not looked at
+    std::vector<LocalStretch> stretches;  ///< that may contain its seconds; empty: not known yet
   };
 
   Day look_at_day(uint64_t day_number) const;
   time_t time_on(const Day& day, uint64_t second_of_day) const;
 
-  const ScheduleType* type_;  ///< null: an unknown one
+  const ScheduleType* type_;  ///< null: unknown type
   Beginning beginning_;
   std::tm base_{};  ///< local time of position 0
   LocalClock local_;
@@ -74,5 +73,5 @@ class UnitClock {
 
 // For users of the library. No program calls what stands below.
 
-/// As UnitClock::time_of, for one position.
+/// The same as UnitClock::time_of, for one position.
 time_t schedule_seconds_to_time(const Schedule& schedule, uint64_t schedule_seconds);

@@ -55,7 +55,8 @@ uint64_t unit_length_of(const Schedule& schedule) {
   return type != nullptr ? type->unit_length : 0;
 }
 
-/// Where in the outer schedule a time of the subschedule's current unit falls; no_time if nowhere.
+/// The position in the outer schedule of a time in the subschedule's current unit. no_time if it
+/// has none.
 uint64_t position_in_outer(UnitClock& outer, UnitClock& subschedule, uint64_t position) {
   const time_t t = subschedule.time_of(position);
   return t == -1 ? no_time : outer.schedule_seconds_of(t);
@@ -72,7 +73,7 @@ Placements place_items(const ScheduleItems& items, UnitClock& clock, const Sched
       continue;
     }
     if (a > b) {
-      b += unit_length_of(outer);  // it runs past the end of the outer unit
+      b += unit_length_of(outer);  // the item runs past the end of the outer unit
     }
     placements.in_order.push_back({&item, a, b});
     latest_end = std::max(latest_end, b);
@@ -87,8 +88,8 @@ Placements place_items(const ScheduleItems& items, UnitClock& clock, const Sched
   return placements;
 }
 
-/// Those of the subschedule's unit that starts then. They are worked out anew when it is another
-/// unit.
+/// The placements for the subschedule's unit that starts at `unit_start`. They are computed again
+/// when the unit changes.
 const Placements& placements_of(PreparedSubschedule& prepared, time_t unit_start,
                                 const Schedule& outer, UnitClock& outer_clock) {
   UnitClock clock(prepared.type, unit_start);
@@ -98,11 +99,11 @@ const Placements& placements_of(PreparedSubschedule& prepared, time_t unit_start
   return *prepared.placements;
 }
 
-/// Copies what the subschedule airs in its current unit into [begin, end) of the outer schedule.
-/// Where the outer unit is the shorter one, placements run through it again and again.
+/// Copies the items of the subschedule's current unit into [begin, end) of the outer schedule. If
+/// the outer unit is shorter, placements run through it several times.
 void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, uint64_t end) {
   const auto& [beginning, in_order, latest_ends, first_starts] = placements;
-  // Only those between have a chance: all before end too early, all behind start too late.
+  // Items before `first` end too early, and items from `last` on start too late.
   const auto first = std::ranges::upper_bound(latest_ends, begin) - latest_ends.begin();
   const auto last = std::ranges::lower_bound(first_starts, end) - first_starts.begin();
   for (auto index = first; index < last; ++index) {
@@ -122,7 +123,7 @@ void copy_items(Schedule& outer, const Placements& placements, uint64_t begin, u
   }
 }
 
-/// Fills the span of an item that has been taken out, one unit of the subschedule after the other.
+/// Fills the span of a removed item, one unit of the subschedule after the other.
 void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& prepared,
                const ScheduleItem& item) {
   uint64_t position = item.start;
@@ -132,7 +133,7 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
       return;
     }
     const Unit unit = unit_of(prepared.type, t);
-    // The round ends with the last second of the subschedule's unit, not behind it.
+    // Each round ends with the last second of the subschedule's unit, not after it.
     uint64_t round_end = outer_clock.schedule_seconds_of(unit.end);
     if (round_end <= position) {
       print_warning(Warning::pass, "WARNING: schedule wraparound.\n");
@@ -155,9 +156,8 @@ void fill_span(Schedule& outer, UnitClock& outer_clock, PreparedSubschedule& pre
   }
 }
 
-/// Replaces the item with that key by what the schedule in its file airs; `resume_at` becomes the
-/// position at which to go on with the walk. False, with the item in its place, when that schedule
-/// cannot be prepared.
+/// Replaces the item with that key by the items of the schedule in its file. The walk goes on at
+/// `resume_at`. False, with the item unchanged, when that schedule cannot be prepared.
 bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& subschedules,
               uint64_t key, uint64_t& resume_at) {
   const std::string path = outer.schedule.at(key).item;
@@ -167,10 +167,10 @@ bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& sub
   if (prepared == nullptr) {
     return false;
   }
-  // The blocks of a subschedule are never announced; instead, those of the outer schedule are
-  // looked at once more, as what an earlier subschedule brought may have changed what they hold.
+  // Blocks of a subschedule are never announced. The blocks of the outer schedule are checked
+  // again, because an earlier subschedule may have changed their items.
   block_announce_subst(outer);
-  // Announcing a block may have taken the item away, or put the block into its place.
+  // Announcing a block may have removed this item or put the block in its place.
   const auto found = outer.schedule.find(key);
   if (found == outer.schedule.end() || found->second.item != path) {
     resume_at = key;
@@ -202,7 +202,7 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
       ++it;
       continue;
     }
-    // Only keys last: what is patched in and the blocks around it move the items.
+    // Only keys stay valid: patching in and announcing blocks insert and erase items.
     uint64_t resume_at = 0;
     is_patched = patch_in(schedule, clock, subschedules, it->first, resume_at) || is_patched;
     it = schedule.schedule.lower_bound(resume_at);

@@ -3,12 +3,12 @@
 #include "schedule/prepared_subschedules.hpp"
 #include "schedule/schedule.hpp"
 
-/// Replaces each item whose file is itself a schedule by what that schedule airs within the item's
-/// span, one level deep; the rest of what it names is a matter of the next call. True when there
-/// was such an item. Arms the watchdog, and cancels it at the end.
+/// Replaces each item whose file is itself a schedule by the items which that schedule airs within
+/// the item's span. It does this for one level; call it again for schedules that the new items
+/// name. True when an item was replaced. Arms the watchdog and cancels it at the end.
 bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules);
 
-/// Resolves subschedules level by level, down to ten levels. Deeper ones stay as plain items, with
-/// a warning on standard error; so does a schedule that names itself. Cancels the watchdog at the
-/// end.
+/// Replaces subschedules level by level, at most ten levels deep. Items that name deeper ones stay,
+/// with a warning on standard error; the same happens when a schedule names itself. Cancels the
+/// watchdog at the end.
 void patch_all_subschedules(Schedule& schedule);

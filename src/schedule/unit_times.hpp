@@ -8,13 +8,13 @@
 
 /// A unit in the calendar.
 struct Unit {
-  time_t start;  ///< its first and last second, calendar time
-  time_t end;
-  int days;  ///< of the padded calendar
+  time_t start;  ///< first second, calendar time
+  time_t end;    ///< last second
+  int days;      ///< number of days in the padded calendar
 };
 
-/// The unit that holds the calendar time `t` in a schedule of that type. That of an endless one is
-/// the month of `t` and its neighbours. A type without unit aborts the process.
+/// The unit that holds the calendar time `t` in a schedule of that type. For an endless schedule it
+/// is the month of `t` with the months before and after it. A type without unit aborts the process.
 Unit unit_of(std::string_view type, time_t t);
 
 /// Places the schedule in the unit that holds `report_time`: sets unit_start, unit_end and

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Long enough for any 64-bit number.
+/// Enough room for any 64-bit number.
 using Digits = std::array<char, 24>;
 
 template <typename Number>
@@ -25,7 +25,7 @@ void set_two_digits(char* out, int number) {
   out[1] = static_cast<char>('0' + number % 10);
 }
 
-/// Sets the digits of a text "YYYY-MM-DD hh:mm:ss"; the year must have four.
+/// Sets the digits of a text "YYYY-MM-DD hh:mm:ss". The year must have four digits.
 void set_date_and_time(char* out, const std::tm& tm) {
   const int year = tm.tm_year + 1900;
   set_two_digits(out, year / 100);

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-// Writers compose their documents with these: each appends one piece to a text.
+// Writers build their documents with these functions. Each appends one piece to a text.
 
-/// All parts, one after the other.
+/// Appends all parts, one after the other.
 template <typename... Parts>
 void append(std::string& out, const Parts&... parts) {
   (out.append(std::string_view(parts)), ...);

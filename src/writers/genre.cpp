@@ -23,7 +23,7 @@ constexpr std::array<Keyword, 8> keywords = {{
     {"sports", ListingGenre::Sports},
 }};
 
-// By the value of ListingGenre.
+// Indexed by ListingGenre.
 constexpr std::array<const char*, 7> display_names = {"Children's", "Lifestyle", "Music", "Movie",
                                                       "News",       "Sports",    "Other"};
 

@@ -18,17 +18,17 @@ enum class ListingGenre : int32_t {
 
 struct RoviCategory {
   ListingGenre genre = ListingGenre::Other;
-  boost::optional<int32_t> subcategory;  ///< the listing service recognises none
+  boost::optional<int32_t> subcategory;  ///< always empty: the listing service recognises none
 };
 
-/// The genre that a whole text names, in upper or lower case; Other for any other text. Lower-cases
-/// the text.
+/// The genre with that name, in upper or lower case. Other for any other text. Changes the text to
+/// lower case.
 ListingGenre normalize_genre(std::string& text);
 
 /// The word in the listing's Category column.
 std::string genre_display_name(ListingGenre genre);
 
-/// Empty for every text. Lower-cases the text.
+/// Always empty. Changes the text to lower case.
 boost::optional<int32_t> normalize_subcategory(std::string& text);
 
 /// The word in the listing's Sub Category column.

@@ -8,6 +8,7 @@
 
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_time.hpp"
+#include "writers/formats.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/listing_text.hpp"
 #include "writers/time_text.hpp"
@@ -26,7 +27,7 @@ std::string flag(bool is_set) {
   return is_set ? "Y" : "N";
 }
 
-// Every text is quoted but the station's.
+// Every text is quoted, except the station's name.
 constexpr auto columns = std::to_array<ListingColumn<GracenoteRow>>({
     {"Call Letters", [](Row) { return run_options.station_id; }},
     {"Air Date", [](Row row) { return csv_quote(time_to_date(row.start)); }},
@@ -64,7 +65,7 @@ std::string new_live_repeat_of(const MetadataMap& metadata) {
   return value == "live" ? "Live" : "Repeat";
 }
 
-/// HD is also said by a positive number, such as the lines of the picture.
+/// A positive number also means HD, for example the number of lines of the picture.
 bool is_hd(const MetadataMap& metadata) {
   const std::string value = first_value(metadata, "hd");
   return is_yes(value) || std::strtol(value.c_str(), nullptr, 10) > 0;

@@ -12,7 +12,7 @@
 struct GracenoteRow {
   time_t start = 0;  ///< calendar time
   time_t end = 0;
-  int32_t duration = 0;  ///< whole minutes; set once the rows are cleaned up
+  int32_t duration = 0;  ///< whole minutes; set after the rows are cleaned up
   std::string title;
   std::string episode_title;
   std::string description_short;  ///< the first 100 bytes
@@ -29,17 +29,13 @@ struct GracenoteRow {
   std::string rating = "None";
 };
 
-/// The rows of the listing, whatever their day.
+/// All rows of the listing, on any day.
 std::vector<GracenoteRow> gracenote_rows(const Schedule& schedule, time_t window_start,
                                          time_t window_end);
 
-/// Prints the announced items that start in the report window (calendar time) as a Gracenote
-/// listing: comma-separated, one row for each airing from today to 21 days ahead.
-void print_to_gracenote(Schedule& schedule, time_t window_start, time_t window_end);
-
 // For users of the library. No program calls what stands below.
 
-/// The row of one piece of an item with that metadata. (The listing makes a row once for each
-/// file.)
+/// The row of one piece of an item with that metadata. (The listing makes one row for each file and
+/// copies it.)
 GracenoteRow make_gracenote_row(Schedule& schedule, const ScheduleItem& piece,
                                 const MetadataMap& metadata);

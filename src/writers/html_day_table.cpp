@@ -14,7 +14,7 @@
 namespace {
 
 /// A day as the anchors count it: months and days from 0, in a calendar of 31-day months. The
-/// arrows follow that calendar too, whatever days a month really has.
+/// arrows follow that calendar too, even where a month has fewer days.
 struct AnchorDay {
   int64_t year;
   int month;
@@ -131,7 +131,7 @@ const AnchorRules* find_rules(std::string_view type_text) {
   return nullptr;
 }
 
-/// Where an arrow leads: to the neighbouring day or, at an end, to the day itself.
+/// The target of an arrow: the neighbouring day, or the day itself at either end.
 std::string link_of(const AnchorRules& rules, const Neighbour& neighbour,
                     const std::string& current) {
   return neighbour ? rules.anchor(*neighbour) : current;

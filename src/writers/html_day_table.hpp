@@ -7,12 +7,12 @@
 
 #include "schedule/schedule.hpp"
 
-/// Prints one day's bar of arrows and opens the table of its items; `day_start` is a time of that
-/// day. Prints nothing for a type of schedule that has no days.
+/// Prints the bar of arrows for one day and opens the table of its items. `day_start` is any time
+/// of that day. Prints nothing for a type of schedule without days.
 void html_open_day_table(Schedule& schedule, time_t day_start);
 
 /// Appends the same to a page.
 void append_day_table_opening(std::string& out, const Schedule& schedule, time_t day_start);
 
-/// The lines of script that take a viewer of such a schedule to today's table.
+/// The lines of script that scroll to today's table in a schedule of that type.
 std::span<const std::string_view> jump_script(std::string_view type);

@@ -163,7 +163,7 @@ constexpr std::string_view left_arrow_opening =
     "        <td class=\"scheddayselect\" valign=\"center\" align=\"right\" width=\"35%\">"
     "<a class=\"scheddayselect\" href=\"#";
 
-// The same drawing for both arrows: a shadow below the arrow, which lights up under the pointer.
+// Both arrows use this drawing: a shadow below the arrow, which lights up under the pointer.
 #define ARROW_OPENING                                                                        \
   "\">"                                                                                      \
   "<svg style=\"height: 78px;\" xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 30 42\">" \

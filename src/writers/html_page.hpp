@@ -17,18 +17,19 @@ std::span<const StyleRule> page_style();
 extern const std::string_view page_opening;
 extern const std::string_view page_style_opening;
 
-/// Around the script's lines for the schedule's type.
+/// Before and after the script's lines for the schedule's type.
 extern const std::string_view page_script_opening;
 extern const std::string_view page_script_closing;
 
 extern const std::string_view page_closing;
 
-/// A row's time cell and text cell, each without its content.
+/// The time cell and the text cell of a row, each without its content.
 extern const std::string_view time_cell_opening;
 extern const std::string_view text_cell_opening;
 extern const std::string_view cell_closing;
 
-/// The bar of arrows above a day: what stands around the two links and the day's name.
+/// The bar of arrows above a day: the parts before, between and after the two links and the day's
+/// name.
 extern const std::string_view day_bar_opening;
 extern const std::string_view left_arrow_opening;
 extern const std::string_view left_arrow_picture;

@@ -1,4 +1,4 @@
-#include "writers/html_writer.hpp"
+#include "writers/formats.hpp"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +21,7 @@
 
 namespace {
 
-/// Endings that a file name loses where it stands for a title; all are four characters long.
+/// Endings that are removed when a file name is shown as a title. All are four characters long.
 constexpr std::array<std::string_view, 3> video_endings = {".mp4", ".mov", ".avi"};
 
 std::tm local_time(UnitClock& clock, time_t t, const char* expression) {
@@ -51,11 +51,11 @@ void append_head(std::string& out, const Schedule& schedule, UnitClock& clock) {
   append(out, page_script_closing);
 }
 
-/// "Sunday, March 3rd", with what stands behind the day's name.
+/// "Sunday, March 3rd". `after_day_name` follows the name of the day.
 void append_heading_date(std::string& out, UnitClock& clock, time_t t,
-                         std::string_view behind_day_name) {
+                         std::string_view after_day_name) {
   const std::tm tm = local_time(clock, t, "tm != NULL");
-  append(out, "<span class=\"neversplit\">", day_name(tm.tm_wday), behind_day_name,
+  append(out, "<span class=\"neversplit\">", day_name(tm.tm_wday), after_day_name,
          month_name(tm.tm_mon), " ");
   append_signed(out, tm.tm_mday);
   append(out, ordinal_suffix(tm.tm_mday), "</span>");
@@ -95,7 +95,8 @@ std::string_view without_video_ending(std::string_view name) {
   return is_video ? name.substr(0, name.size() - 4) : name;
 }
 
-/// What a viewer knows the item by: its title, programme, label or file name, and its episode.
+/// The name that viewers know the item by: its title, programme, label or file name, and its
+/// episode.
 std::string display_name(const ScheduleItem& item, const ItemMetadata& metadata) {
   std::string name;
   for (const std::string& candidate : {metadata.title, metadata.program, item.label}) {
@@ -115,7 +116,7 @@ std::string display_name(const ScheduleItem& item, const ItemMetadata& metadata)
 
 void append_text_cell(std::string& out, const ScheduleItem& item, const ItemMetadata& metadata) {
   append(out, text_cell_opening);
-  // Of a rating such as "US/TV-PG" viewers see what follows its system.
+  // Viewers see the part of the rating after the system: "TV-PG" of "US/TV-PG".
   const std::string_view rating = file_name_of(metadata.rating);
   if (!rating.empty()) {
     append(out, "<span class=\"schedrating\">");
@@ -134,8 +135,8 @@ void append_text_cell(std::string& out, const ScheduleItem& item, const ItemMeta
   append(out, cell_closing);
 }
 
-/// Whether rows show seconds: an item that begins and ends in the same minute of the clock does,
-/// and so does the one row after it, so that the two can be told apart.
+/// Whether rows show seconds. An item that begins and ends in the same minute shows them, and so
+/// does the next row, so that the two can be told apart.
 struct SecondsRule {
   bool is_set = false;
 
@@ -159,7 +160,7 @@ void append_row(std::string& out, const ScheduleItem& item, const ItemMetadata& 
   append(out, "      </tr>\n");
 }
 
-/// The local start of the day of a time, worked out once for each day.
+/// The local start of the day of a time. It is computed once for each day.
 class DayStart {
  public:
   time_t of(time_t t, const std::tm& tm) {

@@ -5,7 +5,7 @@
 #include "schedule/schedule.hpp"
 #include "schedule/schedule_time.hpp"
 
-/// Whether a calendar time lies in the report window [window_start, window_end); -1 is no time.
+/// Whether a calendar time lies in the report window [window_start, window_end). -1 is not a time.
 constexpr bool time_in_window(time_t t, time_t window_start, time_t window_end) {
   return t != -1 && window_start <= t && t < window_end;
 }
@@ -25,7 +25,7 @@ void walk_items(const Schedule& schedule, UnitClock& clock, time_t window_start,
 
 // For users of the library. No program calls what stands below.
 
-/// Whether an item that starts at `start` schedule seconds belongs to the report window. An item
-/// is shown whole or not at all, by its start alone.
+/// Whether an item that starts at `start` schedule seconds belongs to the report window. Only the
+/// start decides; an item is never shown in part.
 bool item_in_window(const Schedule& schedule, time_t window_start, time_t window_end,
                     uint64_t start);

@@ -1,4 +1,4 @@
-#include "writers/json_writer.hpp"
+#include "writers/formats.hpp"
 
 #include <algorithm>
 #include <array>
@@ -17,14 +17,14 @@
 #include "writers/metadata_map.hpp"
 #include "writers/time_text.hpp"
 
-// Members stand in ascending order of their keys, wherever they are written.
+// All members are written in ascending order of their keys.
 
 namespace {
 
 /// Length of the mount point that every media path begins with, "/mnt/main/".
 constexpr size_t mount_point_length = 10;
 
-/// A time as the JSON number that "%.17g" prints of it.
+/// A time as a JSON number, printed as by "%.17g".
 template <typename Seconds>
 void append_seconds(std::string& out, Seconds seconds) {
   constexpr auto largest_exact = static_cast<Seconds>(1) << 53U;
@@ -63,9 +63,9 @@ void append_report_time(std::string& out) {
   append(out, "}");
 }
 
-/// A text that the document cannot do without. What lacks it is no metadata at all: rather no
-/// document than a wrong one. The words are those with which the C++ library refuses to make a text
-/// of a null pointer; they have always ended such a run.
+/// A text that the document cannot do without. If it is missing, the run ends: no document is
+/// better than a wrong one. The message is the one of the C++ library for a text from a null
+/// pointer, because such runs have always ended with it.
 const char* required(const char* text) {
   if (text == nullptr) {
     throw std::logic_error("basic_string::_M_construct null not valid");

@@ -20,11 +20,10 @@
 #include "writers/listing_text.hpp"
 #include "writers/metadata_map.hpp"
 
-// The rows of the listing formats: one for each airing and calendar day, cleaned up as listing
-// services want them. A Row is a record with `start` and `end` in calendar time and texts of its
-// own.
+// The rows of the listing formats: one for each airing and calendar day, cleaned up for the listing
+// services. A Row is a record with `start` and `end` in calendar time and its own texts.
 
-/// Seconds that a row must last, and the widest gap that is closed.
+/// In seconds: the minimum length of a row, and the maximum gap that is closed.
 inline constexpr time_t shortest_row = 300;
 
 /// The days that a listing covers: from the start of today to the end of the day 21 days ahead.
@@ -42,7 +41,7 @@ struct ListingHorizon {
   time_t end;
 };
 
-/// The nearest whole minute, half a minute up.
+/// Rounds to the nearest whole minute; half a minute is rounded up.
 inline time_t rounded_to_minute(UnitClock& clock, time_t t) {
   const std::tm* tm = clock.breakdown(t + 30);
   return tm != nullptr ? t + 30 - tm->tm_sec : t + 30;
@@ -53,7 +52,7 @@ time_t lasts(const Row& row) {
   return row.end - row.start;
 }
 
-/// A column: its header and, for a row, its text.
+/// A column: its header and the text of a row in it.
 template <typename Row>
 struct ListingColumn {
   const char* header;
@@ -63,26 +62,26 @@ struct ListingColumn {
 template <typename Row>
 using RowText = std::string Row::*;
 
-/// What makes one listing different from the other.
+/// The differences between the listings.
 template <typename Row>
 struct Listing {
   std::span<const ListingColumn<Row>> columns;
   std::string_view line_end;
-  std::span<const RowText<Row>> joined_texts;  ///< of which folded rows keep both
-  /// The row of a file with that metadata, all but the times.
+  std::span<const RowText<Row>> joined_texts;  ///< texts that are joined when rows are folded
+  /// Makes the row for a file with that metadata, without the times.
   Row (*make_row)(const std::string& path, const MetadataMap& metadata);
-  void (*finish_row)(Row& row);  ///< called when its times are final; null: nothing is left to do
+  void (*finish_row)(Row& row);  ///< called when the row's times are final; may be null
 };
 
-/// What a listing knows of an item.
+/// What the listing remembers of an item.
 template <typename Row>
 struct ListedItem {
   ItemMetadata metadata;
   Row row;  ///< without times
 };
 
-/// Folds the row of a short piece into the short row that it follows without a gap. False, with
-/// nothing changed, when the two stay apart.
+/// Folds the row of a short piece into the short row directly before it. False, with nothing
+/// changed, when the two stay apart.
 template <typename Row>
 bool fold_into(Row& row, const Row& next, time_t start, time_t end, const Listing<Row>& listing) {
   if (lasts(row) >= shortest_row || end - start >= shortest_row || row.end != start) {
@@ -97,10 +96,10 @@ bool fold_into(Row& row, const Row& next, time_t start, time_t end, const Listin
   return true;
 }
 
-/// The rows of all announced items in the report window, in airing order, one for each piece of an
-/// item, with the piece's times rounded to whole minutes. A piece that has no length then makes
-/// none, and runs of short rows become one each: a channel of short clips has a hundred items for
-/// each of its rows.
+/// The rows of all announced items in the report window, in airing order. There is one row for each
+/// piece of an item, with its times rounded to whole minutes. A piece of length 0 makes no row. A
+/// run of short rows becomes one row, because a channel of short clips has about a hundred items
+/// for each row.
 template <typename Row>
 std::vector<Row> collect_rows(const Schedule& schedule, time_t window_start, time_t window_end,
                               const Listing<Row>& listing) {
@@ -134,7 +133,7 @@ std::vector<Row> collect_rows(const Schedule& schedule, time_t window_start, tim
   return rows;
 }
 
-/// Lets short rows run to the shortest length a row may have, or to the next row.
+/// Extends short rows to the minimum length, or to the next row if that comes first.
 template <typename Row>
 void stretch_short_rows(std::vector<Row>& rows) {
   for (size_t i = 0; i + 1 < rows.size(); ++i) {
@@ -144,7 +143,7 @@ void stretch_short_rows(std::vector<Row>& rows) {
   }
 }
 
-/// Moves rows behind those before them and closes small gaps and overlaps; the last row stays.
+/// Moves rows that overlap the row before them and closes small gaps. The last row stays.
 template <typename Row>
 void close_gaps(std::vector<Row>& rows) {
   time_t latest_end = 0;
@@ -160,8 +159,8 @@ void close_gaps(std::vector<Row>& rows) {
   }
 }
 
-/// Makes of collected rows a listing without rows of less than five minutes, small gaps and
-/// overlaps.
+/// Cleans up the collected rows. After this no row is shorter than five minutes, and there are no
+/// small gaps or overlaps.
 template <typename Row>
 void clean_rows(std::vector<Row>& rows) {
   stretch_short_rows(rows);
@@ -169,7 +168,7 @@ void clean_rows(std::vector<Row>& rows) {
   close_gaps(rows);
 }
 
-/// All rows of a listing, cleaned up, whatever their day.
+/// All rows of a listing, cleaned up, on any day.
 template <typename Row>
 std::vector<Row> listing_rows(const Schedule& schedule, time_t window_start, time_t window_end,
                               const Listing<Row>& listing) {
@@ -178,8 +177,8 @@ std::vector<Row> listing_rows(const Schedule& schedule, time_t window_start, tim
   return rows;
 }
 
-/// Prints the announced items that start in the report window (calendar time): a header line and a
-/// line for each row from today to 21 days ahead.
+/// Prints the announced items that start in the report window (calendar time): a header line, then
+/// a line for each row from today to 21 days ahead.
 template <typename Row>
 void print_listing(const Schedule& schedule, time_t window_start, time_t window_end,
                    const Listing<Row>& listing) {

@@ -6,7 +6,7 @@
 
 #include "platform/metadata_handles.hpp"
 
-/// An item's metadata by name, in ascending order of the names; searched without making a text.
+/// An item's metadata by name, in ascending order of the names. Searching it copies no text.
 using MetadataMap = std::map<std::string, std::string, std::less<>>;
 
 /// Collects entries in the order in which they are read.
@@ -14,10 +14,10 @@ struct MetadataCollector {
   MetadataMap map;
   std::string previous_name;
 
-  /// Stores a value under its name. Entries of one name that follow each other become the lines of
-  /// one value; a name that comes back later starts again.
+  /// Stores a value under its name. Consecutive entries of one name become the lines of one value.
+  /// When a name comes again later, its old value is replaced.
   void add(std::string name, const std::string& value);
 };
 
-/// The metadata of a set (or null) as the listings look at it, with all names in lower case.
+/// The metadata of a set, which may be null, for the listings: all names are in lower case.
 MetadataMap listing_metadata(const MetadataSet& set);

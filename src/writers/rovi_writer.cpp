@@ -5,6 +5,7 @@
 
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_time.hpp"
+#include "writers/formats.hpp"
 #include "writers/listing_rows.hpp"
 #include "writers/listing_text.hpp"
 #include "writers/time_text.hpp"
@@ -21,7 +22,7 @@ std::string number_from(int32_t number, int32_t lowest) {
   return number >= lowest ? std::to_string(number) : std::string();
 }
 
-// Only title and description are quoted; a comma anywhere else goes out as it is.
+// Only title and description are quoted. A comma in another column is printed unchanged.
 constexpr auto columns = std::to_array<ListingColumn<RoviRow>>({
     {"Station_ID", [](Row) { return run_options.station_id; }},
     {"Program Start Date", [](Row row) { return time_to_date(row.start); }},
@@ -76,7 +77,7 @@ boost::optional<RoviCategory> category_of(const MetadataMap& metadata) {
   return category;
 }
 
-/// The service knows ratings of the United States by a prefix of its own.
+/// The service has its own prefix for ratings of the United States.
 std::string rating_of(const MetadataMap& metadata) {
   constexpr std::string_view rating_system = "united states/";
   const std::string rating = first_value(metadata, "rating");

@@ -10,8 +10,8 @@
 #include "writers/genre.hpp"
 #include "writers/metadata_map.hpp"
 
-/// One row of the Rovi "LO X-List". No metadata fills the fields that are marked unused; the
-/// listing service expects their columns all the same.
+/// One row of the Rovi "LO X-List". No metadata fills the fields marked unused, but the listing
+/// service expects their columns.
 struct RoviRow {
   time_t start = 0;  ///< calendar time
   time_t end = 0;
@@ -32,11 +32,6 @@ struct RoviRow {
 
 /// The rows of the listing, whatever their day.
 std::vector<RoviRow> rovi_rows(const Schedule& schedule, time_t window_start, time_t window_end);
-
-/// Prints the announced items that start in the report window (calendar time) as a Rovi "LO
-/// X-List": comma-separated, lines ended by CR LF, one row for each airing from today to 21 days
-/// ahead.
-void print_to_rovi(Schedule& schedule, time_t window_start, time_t window_end);
 
 // For users of the library. No program calls what stands below.
 

@@ -9,8 +9,8 @@ std::string time_to_iso8601(time_t t);  ///< "2024-03-05T14:30:00+0100" (ISO 860
 std::string time_to_date(time_t t);     ///< "2024-03-05"
 std::string time_to_clock(time_t t);    ///< "14:30"
 
-/// Whole minutes from one time to another, each cut to its minute, as unsigned decimal text: a
-/// negative number shows as a very large one.
+/// Whole minutes from one time to another, both cut to the minute, as unsigned decimal text. A
+/// negative number becomes a very large one.
 std::string minutes_between(time_t start, time_t end);
 
 const char* month_name(int month);    ///< 0 is "January"; empty out of range

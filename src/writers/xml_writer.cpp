@@ -1,4 +1,4 @@
-#include "writers/xml_writer.hpp"
+#include "writers/formats.hpp"
 
 #include <string>
 #include <string_view>
@@ -63,7 +63,7 @@ void append_item(std::string& out, const ScheduleItem& item, bool announced) {
   append(out, "</name>\n      <label>", item.label, "</label>\n");
 }
 
-/// Only the value is escaped: group and name are the library's own texts.
+/// Only the value is escaped. The format prints group and name unchanged.
 void append_entry(std::string& out, const MetadataSet& set, const metadata_v4_entry& entry) {
   append(out, "        <entry");
   if (const char* group = group_name(set, entry)) {

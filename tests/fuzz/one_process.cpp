@@ -1,7 +1,6 @@
 #include "fuzz/one_process.hpp"
 
 #include "driver/report_error.hpp"
-#include "driver/report_limits.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/invariant.hpp"
 #include "platform/system/output.hpp"

@@ -1,4 +1,4 @@
-#include "writers/json_writer.hpp"
+#include "writers/formats.hpp"
 
 #include <gtest/gtest.h>
 

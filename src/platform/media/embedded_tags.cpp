@@ -19,7 +19,7 @@
 
 namespace {
 
-/// Tags that the schedule's writers know under names of their own.
+/// Tags that the writers know by another name.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> renamed_tags = {{
     {"TVSHOW", "program"},
     {"SUBTITLE", "episode"},
@@ -31,17 +31,17 @@ constexpr const char* mp4_long_description = "ldes";
 constexpr size_t kib = 1024;
 constexpr size_t mib = 1024 * kib;
 
-/// Almost every file's tags are read with this, in the run's own process. Whatever the file is
-/// like, the library then makes no more than some twenty megabytes of it, and goes no deeper into
-/// boxes in boxes than the reads allow.
+/// The tags of almost every file are read with this budget, in the run's own process. For any file,
+/// the library then uses no more than about twenty megabytes. It also cannot go deeper into nested
+/// boxes than the reads allow.
 constexpr ReadBudget small_budget = {128 * kib, 16 * mib, 2048, 2048, false};
 
-/// The others are read in a process beside the run.
+/// For all other files, which are read in a helper process.
 constexpr ReadBudget large_budget = {48 * mib, 48 * mib, 1000000, 8000000, true};
 constexpr size_t helper_memory = 64 * mib;
 
-/// Processor time that the run gives files that it then has to give up. Each may take a tenth of
-/// what is left, a second at first: however many they are, they do not use up the run's own.
+/// Processor time for files whose tags the run gives up. Each file may take a tenth of the rest,
+/// one second at first. However many such files there are, the run keeps its own time.
 constexpr std::chrono::microseconds time_for_lost_files = std::chrono::seconds(10);
 
 std::string name_of_tag(const std::string& tag) {
@@ -61,7 +61,7 @@ void add_values(Tags& tags, const std::string& name, const TagLib::StringList& v
 
 Tags tags_of(TagLib::File& file) {
   Tags tags;
-  // An MP4 file without a "moov" has no tag, and the library would look for its properties there.
+  // An MP4 file without a "moov" has no tags. The library would look for its properties there.
   if (!file.isValid() || file.tag() == nullptr) {
     return tags;
   }
@@ -83,21 +83,22 @@ TagLib::ByteVector head_of(MediaStream& stream) {
   return head;
 }
 
-/// Whether a file begins as an ISO base media file does (ISO/IEC 14496-12). Most media are such,
-/// and the library would try many other formats first.
+/// Whether a file begins like an ISO base media file (ISO/IEC 14496-12). Most media are such files.
+/// Without this check the library would try many other formats first.
 bool is_mp4(const TagLib::ByteVector& head) {
   return head.containsAt("ftyp", 4);
 }
 
-/// Whether the library takes a name for an MP4 file's. Such a file may begin in another way.
+/// Whether the library takes the extension for that of an MP4 file. Such a file may have another
+/// beginning.
 bool is_mp4_extension(const std::string& extension) {
   constexpr std::array<std::string_view, 9> names = {"mp4", "m4a", "m4v", "m4b", "m4p",
                                                      "m4r", "3g2", "aax", "aaxc"};
   return std::ranges::find(names, extension) != names.end();
 }
 
-/// Whether a file begins as Windows media do. The library goes through as many attributes as such a
-/// file says it has.
+/// Whether a file begins like Windows media. Such a file states the number of its attributes, and
+/// the library goes through as many.
 bool is_asf(const TagLib::ByteVector& head) {
   return head.startsWith(TagLib::ByteVector("\x30\x26\xb2\x75\x8e\x66\xcf\x11", 8));
 }
@@ -107,8 +108,9 @@ std::string extension_of(const std::string& name) {
   return dot != std::string::npos ? lower_case(name.substr(dot + 1)) : std::string();
 }
 
-/// Whether the library takes a name for a music module's. It goes through as many instruments and
-/// samples as such a file says it has, however short the file is.
+/// Whether the library takes the extension for that of a music module. Such a file states the
+/// number of its instruments and samples, and the library goes through as many, however short the
+/// file is.
 bool is_module(const std::string& extension) {
   constexpr std::array<std::string_view, 7> modules = {"mod", "module", "nst", "wow",
                                                        "s3m", "it",     "xm"};
@@ -128,7 +130,7 @@ TagsRead result_of(const MediaStream& stream, Tags tags) {
 TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
   constexpr bool read_audio_properties = false;
   const std::string extension = extension_of(name);
-  // The stream without a name is taken by its content, which cannot be wrong.
+  // Without a name, the library goes by the content, which cannot mislead it.
   for (const std::string& name_to_go_by : {std::string(), name}) {
     if (!name_to_go_by.empty()) {
       if (!TagLib::FileRef::defaultFileExtensions().contains(extension)) {

@@ -22,7 +22,7 @@ bool has_ungrouped(const FileMetadata& metadata, std::string_view name) {
   });
 }
 
-/// Takes away the tags of which the sidecar has an ungrouped entry.
+/// Removes the tags for which the sidecar has an ungrouped entry.
 void remove_replaced(std::vector<MetadataEntry>& tags, const FileMetadata& sidecar) {
   std::set<std::string, std::less<>> names;
   for (const MetadataEntry& tag : tags) {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-// What the standalone metadata library knows of one media file.
+// What this metadata library knows of one media file.
 
 inline constexpr int32_t no_group = -1;
 
@@ -21,8 +21,8 @@ struct FileMetadata {
   std::vector<std::string> groups;
 };
 
-/// All metadata of a file: its MIME type as "file type", its embedded tags in ascending order of
-/// their names, then its sidecar's entries in file order. An ungrouped name of the sidecar replaces
-/// every other entry of that name. Null when the file is missing, no regular file or cannot be
-/// read.
+/// All metadata of a file: its MIME type as "file type", then its embedded tags in ascending order
+/// of their names, then its sidecar's entries in file order. An ungrouped name in the sidecar
+/// replaces all other entries of that name. Null when the file is missing, is not a regular file or
+/// cannot be read.
 std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std::string& name);

@@ -25,26 +25,26 @@
 
 namespace {
 
-/// Stands before a question's text, and carries the descriptor.
+/// Sent before the text of a question, together with the descriptor.
 struct QuestionHead {
   uint64_t size;
   int64_t processor_time;  ///< microseconds
 };
 
-/// Stands before an answer's text.
+/// Sent before the text of an answer.
 struct AnswerHead {
   uint64_t size;
-  int64_t error;  ///< why there can be no answer, whatever the file (errno), else 0
+  int64_t error;  ///< errno of a shortage that prevents any answer, else 0
 };
 
-/// What the helper's own handler needs to know, which takes no arguments.
+/// The values that the helper's out-of-memory handler needs. It takes no arguments.
 struct Grant {
   int socket;
   size_t address_space;  ///< bytes
 };
 Grant helpers_grant = {-1, 0};
 
-/// Bytes of address space that this process has, or 0 when the system does not say.
+/// Bytes of address space that this process uses, or 0 when the system does not say.
 size_t claimed_memory() {
   const FileDescriptor file = open_optional_file(AT_FDCWD, "/proc/self/statm");
   std::array<char, 64> text{};
@@ -55,7 +55,7 @@ size_t claimed_memory() {
 }
 
 bool limit_address_space([[maybe_unused]] size_t bytes) {
-#ifdef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
+#ifdef NV8X_ADDRESS_SANITIZER  // it claims terabytes of addresses without using them
   return true;
 #else
   rlimit limit{};
@@ -67,7 +67,7 @@ bool limit_address_space([[maybe_unused]] size_t bytes) {
 #endif
 }
 
-/// The signal of the timer ends the process.
+/// After that time a timer signal ends the process.
 bool limit_time(int64_t microseconds) {
   constexpr int64_t a_second = 1000000;
   itimerval timer{};
@@ -76,7 +76,7 @@ bool limit_time(int64_t microseconds) {
   return setitimer(ITIMER_PROF, &timer, nullptr) == 0;
 }
 
-/// A message of some bytes, with room for a descriptor that goes with them.
+/// A message of some bytes, with room for one descriptor.
 struct Message {
   Message(void* bytes, size_t size) : part{bytes, size} {
     header.msg_iov = &part;
@@ -92,7 +92,7 @@ struct Message {
   msghdr header{};
 };
 
-/// Whether the head went out as a whole, and the descriptor with it; errno is set if not.
+/// Whether the whole head was sent, with the descriptor. Sets errno if not.
 bool send_head(int socket, QuestionHead head, int fd) {
   Message message(&head, sizeof(head));
   cmsghdr* rights = CMSG_FIRSTHDR(&message.header);
@@ -107,8 +107,8 @@ bool send_head(int socket, QuestionHead head, int fd) {
   return count == static_cast<ssize_t>(sizeof(head));
 }
 
-/// The descriptor that comes with a head; not open, with errno set, when it cannot be had, and with
-/// errno 0 when the other side is gone.
+/// The descriptor that comes with a head. On failure it is not open and errno is set; errno is 0
+/// when the other side is gone.
 FileDescriptor receive_head(int socket, QuestionHead& head) {
   Message message(&head, sizeof(head));
   ssize_t count = 0;
@@ -121,7 +121,7 @@ FileDescriptor receive_head(int socket, QuestionHead& head) {
   if (rights != nullptr && rights->cmsg_type == SCM_RIGHTS) {
     std::memcpy(&fd, CMSG_DATA(rights), sizeof(fd));
   } else if (count >= 0) {
-    errno = is_whole ? EMFILE : 0;  // a descriptor for which there is no room is dropped
+    errno = is_whole ? EMFILE : 0;  // the system drops a descriptor for which there is no room
   }
   return FileDescriptor(fd);
 }
@@ -149,13 +149,13 @@ bool send_answer(int socket, const std::string& answer) {
          send_answer_head(socket, {answer.size(), 0}) && send_fully(socket, answer);
 }
 
-/// Ends the helper: what it lacks is not the file's fault. The run tells of it.
+/// Ends the helper because of a shortage, which is not the fault of the file. The run reports it.
 [[noreturn]] void end_for_want(int socket, int error) {
   send_answer_head(socket, {0, error});
   _exit(EXIT_FAILURE);
 }
 
-/// Whether the system would give all that is left of what the helper was granted.
+/// Whether the system would still give the helper the rest of its grant.
 bool can_have_the_grant() {
   const size_t claimed = claimed_memory();
   if (claimed == 0 || claimed >= helpers_grant.address_space) {
@@ -171,16 +171,16 @@ bool can_have_the_grant() {
   return true;
 }
 
-/// The helper's handler where there is no memory to be had: a file that wants more than the grant
-/// is the end of the question, a machine that does not have the grant that of the run.
+/// The helper's out-of-memory handler. If the file needs more than the grant, only this question
+/// ends. If the machine cannot provide the grant, the run ends.
 void judge_lack_of_memory() {
-  std::set_new_handler(nullptr);  // what lacks memory now fails
+  std::set_new_handler(nullptr);  // allocations now fail
   if (!can_have_the_grant()) {
     end_for_want(helpers_grant.socket, ENOMEM);
   }
 }
 
-/// Ends the run.
+/// Ends the run because of a shortage.
 [[noreturn]] void fail_for_want(const std::string& question, int error) {
   if (error == ENOMEM) {
     fail_run("Out of memory");
@@ -206,7 +206,7 @@ std::optional<std::string> receive_answer(int socket, const std::string& questio
   return answer;
 }
 
-/// Answers one question; false when there are no more.
+/// Answers one question. False when there are no more.
 bool answer_next(int socket, HelperProcess::Work work) {
   QuestionHead head{};
   const FileDescriptor file = receive_head(socket, head);
@@ -227,13 +227,13 @@ bool answer_next(int socket, HelperProcess::Work work) {
   return send_answer(socket, answer);
 }
 
-/// The helper's whole life. It dies quietly: what it has to say of its death helps nobody.
+/// The whole life of the helper. It prints nothing when it ends, because that would help nobody.
 [[noreturn]] void answer_and_end(int socket, int nowhere, HelperProcess::Work work,
                                  size_t address_space) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   const rlimit no_core{};
   setrlimit(RLIMIT_CORE, &no_core);
-  // A reader of the run's output must not wait for this process's end.
+  // A reader of the run's output must not have to wait for the end of this process.
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     dup2(nowhere, fd);
   }
@@ -244,12 +244,13 @@ bool answer_next(int socket, HelperProcess::Work work) {
     end_for_want(socket, errno);
   }
   helpers_grant = {socket, address_space};
-  std::set_new_handler(judge_lack_of_memory);  // the run's own would speak of it
+  std::set_new_handler(judge_lack_of_memory);  // the run's own handler would print a message
   try {
     while (answer_next(socket, work)) {
     }
   } catch (const std::exception&) {
-    // Most likely out of memory, as it may be here: the end is the answer.
+    // This is most likely a lack of memory, which may happen here. The run takes the end of the
+    // helper as the answer.
   }
   _exit(EXIT_SUCCESS);
 }
@@ -302,7 +303,7 @@ std::optional<std::string> HelperProcess::ask(int fd, const std::string& questio
   const bool is_fresh = process_ < 0;
   std::optional<std::string> answer = ask_once(fd, question, processor_time);
   if (!answer && !end() && !is_fresh) {
-    // What earlier questions left of the process must not decide.
+    // Earlier questions may have used up the process, so ask a new one.
     answer = ask_once(fd, question, processor_time);
     if (!answer) {
       end();
@@ -324,7 +325,8 @@ std::optional<std::string> HelperProcess::ask_once(int fd, const std::string& qu
       fail_run("Unable to hand %s to the process that reads tags: %s", question.c_str(),
                std::strerror(errno));
     }
-    shutdown(socket_.get(), SHUT_WR);  // it may have said why, and says no more
+    // It may already have sent the reason, and sends nothing more.
+    shutdown(socket_.get(), SHUT_WR);
   }
   return receive_answer(socket_.get(), question);
 }

@@ -9,9 +9,9 @@
 
 #include "platform/system/file.hpp"
 
-/// A process beside the run in which files are read that may crash, spin or fill the memory of what
-/// reads them. It is forked when it is first asked, answers one question after the other, and is
-/// replaced when a question was its end.
+/// A process beside the run. It reads files that may crash their reader, keep it in a loop or fill
+/// its memory. It is forked at the first question, answers one question after the other, and is
+/// replaced when a question has ended it.
 class HelperProcess {
  public:
   /// Answers a question about an open file.
@@ -20,15 +20,17 @@ class HelperProcess {
   /// Bytes.
   static constexpr size_t longest_answer = 1024UL * 1024;
 
-  /// `memory` is what it may claim beyond what the run has when it is forked, in bytes.
+  /// `memory` is the number of bytes that it may use in addition to the run's memory at the time of
+  /// the fork.
   HelperProcess(Work work, size_t memory) : work_(work), memory_(memory) {}
   HelperProcess(const HelperProcess&) = delete;
   HelperProcess& operator=(const HelperProcess&) = delete;
   ~HelperProcess() { end(); }
 
-  /// What `work` answers there, as bytes that are not to be trusted. Nothing when that takes more
-  /// than the processor time given or the memory, crashes, throws or is longer than a MiB. Fails
-  /// the run (messages.hpp) when the machine does not have what the process is granted.
+  /// The answer of `work` in that process, as bytes that are not to be trusted. Nothing when the
+  /// work takes more than the given processor time or memory, crashes, throws, or has an answer
+  /// longer than 1 MiB. Fails the run (messages.hpp) when the machine cannot provide what the
+  /// process is granted.
   std::optional<std::string> ask(int fd, const std::string& question,
                                  std::chrono::microseconds processor_time);
 
@@ -40,6 +42,6 @@ class HelperProcess {
 
   Work work_;
   size_t memory_;
-  pid_t process_ = -1;     ///< -1: not there
-  FileDescriptor socket_;  ///< open while it is
+  pid_t process_ = -1;     ///< -1: no process
+  FileDescriptor socket_;  ///< open while there is a process
 };

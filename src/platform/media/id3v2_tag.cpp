@@ -7,14 +7,14 @@
 
 namespace {
 
-constexpr size_t header_size = 10;  // of a tag and of a frame alike
+constexpr size_t header_size = 10;  // of a tag and of a frame
 constexpr size_t id_size = 4;
 
 bool is_id_character(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-/// The flag of version 2.3 or that of version 2.4.
+/// Checks the flag of version 2.3 and that of version 2.4.
 bool is_marked_as_compressed(std::string_view frame) {
   constexpr unsigned flags = 0x80U | 0x08U;
   return (static_cast<unsigned char>(frame[header_size - 1]) & flags) != 0;
@@ -22,7 +22,7 @@ bool is_marked_as_compressed(std::string_view frame) {
 
 bool may_be_compressed(std::string_view frame) {
   const std::string_view id = frame.substr(0, id_size);
-  // The first byte of its size is 0, as no tag is looked at here that has 16 MiB.
+  // The first byte of a frame's size is 0, because larger tags (16 MiB) are not read here.
   return frame.size() >= header_size && frame[id_size] == '\0' && is_marked_as_compressed(frame) &&
          std::ranges::all_of(id, is_id_character);
 }
@@ -31,7 +31,7 @@ unsigned byte_at(std::string_view text, size_t place) {
   return static_cast<unsigned char>(text[place]);
 }
 
-/// A number of `count` bytes, of which each counts `bits` bits.
+/// A number of `count` bytes with `bits` bits in each.
 size_t number_at(std::string_view text, size_t place, size_t count, unsigned bits) {
   size_t number = 0;
   for (size_t i = 0; i < count; ++i) {
@@ -44,7 +44,7 @@ size_t number_at(std::string_view text, size_t place, size_t count, unsigned bit
 struct FrameForm {
   size_t id_size;
   size_t header_size;
-  std::array<std::string_view, 3> not_shown;  ///< pictures, files and what programs keep there
+  std::array<std::string_view, 3> not_shown;  ///< pictures, files and private data of programs
   std::string_view genre;
 };
 
@@ -64,8 +64,8 @@ bool is_frame_id(std::string_view tag, size_t place, const FrameForm& form) {
   return id.size() == form.id_size && std::ranges::all_of(id, is_id_character);
 }
 
-/// The size of the frame at `place`, header included, whose header is there. Nothing where version
-/// 2.4 leaves open which of two numbers it is: some programs write them as in version 2.3.
+/// The size of the frame at `place`, including its header, which must be complete. Nothing when
+/// version 2.4 leaves two possible sizes, because some programs write them as in version 2.3.
 std::optional<size_t> frame_size(std::string_view tag, size_t place, int version) {
   if (version == 2) {
     return short_form.header_size + number_at(tag, place + 3, 3, 8);
@@ -86,7 +86,7 @@ std::optional<size_t> frame_size(std::string_view tag, size_t place, int version
   return fits || is_last ? std::optional(synchsafe) : std::nullopt;
 }
 
-/// Whether the genre frame at the front is long enough to take time out of proportion.
+/// Whether the frame at the front is a genre list so long that reading it takes too much time.
 bool is_long_genre_list(std::string_view frame, const FrameForm& form) {
   constexpr size_t longest = 2048;
   const size_t digits = form.header_size == short_form.header_size ? 3 : 4;

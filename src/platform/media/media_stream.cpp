@@ -14,15 +14,15 @@ namespace {
 
 constexpr size_t buffer_size = 8 * 1024;
 
-/// Smaller ones are read like anything else.
+/// Smaller pictures are read like anything else.
 constexpr size_t shortest_picture = 4 * 1024;
 constexpr StreamOffset picture_head_size = 4;
 
-/// Bytes. Larger ones are left out, where they can be told before they are read as a whole. In
-/// UTF-16 as large a text as the helper process may hand back has half of it.
+/// In bytes. Larger tags are left out if their size is known before they are read. The longest text
+/// that the helper process may return takes half of this in UTF-16.
 constexpr size_t largest_tag = 4UL * 1024 * 1024;
 
-/// Whether the bytes before a block tell that it is a picture.
+/// Whether the bytes before a block show that the block is a picture.
 PictureKind picture_behind(std::string_view before, size_t block_size, bool is_mp4) {
   if (is_mp4) {
     return before == "covr" ? PictureKind::may_be_short : PictureKind::none;
@@ -30,7 +30,7 @@ PictureKind picture_behind(std::string_view before, size_t block_size, bool is_m
   if (before.size() < picture_head_size) {
     return PictureKind::none;
   }
-  // The head of a FLAC metadata block: its kind, with a bit for the last one, and its size.
+  // The head of a FLAC metadata block: its kind, with a bit for the last block, and its size.
   constexpr unsigned padding = 1;
   constexpr unsigned picture = 6;
   const auto byte = [&](size_t place) { return static_cast<unsigned char>(before[place]); };
@@ -67,7 +67,7 @@ void MediaStream::show_mp4_parts() {
   position_ = 0;
 }
 
-/// Reads from an offset in what the library sees.
+/// Reads from an offset in the file as the library sees it.
 size_t MediaStream::read_at(char* bytes, size_t size, StreamOffset offset) {
   size_t total = 0;
   StreamOffset part_offset = 0;
@@ -97,7 +97,7 @@ size_t MediaStream::bytes_left() const {
   return static_cast<size_t>(std::max<StreamOffset>(length_ - position_, 0));
 }
 
-/// Takes the amount off a budget, which is spent when it does not hold as much.
+/// Subtracts the amount from a budget. If the budget is too small, it is spent.
 bool MediaStream::spend(size_t& budget, size_t amount) {
   is_spent_ = is_spent_ || amount > budget;
   budget -= is_spent_ ? 0 : amount;
@@ -111,7 +111,7 @@ TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   if (!spend(left_.reads, 1)) {
     return {};
   }
-  // The bytes of a tag's size may be any, those that tell a picture too.
+  // The size of a tag may be any bytes, even those that mark a picture.
   if (!id3v2_header.empty()) {
     return read_id3v2_tag(id3v2_header, wanted);
   }
@@ -142,7 +142,7 @@ TagLib::ByteVector MediaStream::readBlock(StreamSize length) {
   return block;
 }
 
-/// The bytes in front of the position, as many as tell a picture.
+/// The bytes before the position, as many as are needed to recognise a picture.
 std::string MediaStream::bytes_before() {
   std::string bytes(static_cast<size_t>(std::min(picture_head_size, position_)), '\0');
   bytes.resize(
@@ -150,15 +150,14 @@ std::string MediaStream::bytes_before() {
   return bytes;
 }
 
-/// Passes over the content of a box; the library reads as large a block of nothing else.
+/// Skips the content of a box. The library reads such large blocks only there.
 TagLib::ByteVector MediaStream::leave_out_mp4_item(size_t size) {
   add_left_out(left_out_, bytes_before());
   position_ += static_cast<StreamOffset>(size);
   return {};
 }
 
-/// A picture without its content: no bytes or, where the library wants as many as there are,
-/// zeroes.
+/// A picture without its content: no bytes or, if the library needs the full length, zeroes.
 TagLib::ByteVector MediaStream::pass_over(size_t size, PictureKind kind) {
   position_ += static_cast<StreamOffset>(size);
   if (kind == PictureKind::may_be_short) {
@@ -168,7 +167,7 @@ TagLib::ByteVector MediaStream::pass_over(size_t size, PictureKind kind) {
                                      : TagLib::ByteVector();
 }
 
-/// A tag without its pictures. What is left of it must not be more than it looks.
+/// A tag without its pictures. The rest must not need more memory than its size suggests.
 TagLib::ByteVector MediaStream::read_id3v2_tag(std::string_view header, size_t size) {
   if (size > left_.bytes + left_.pictures) {
     is_spent_ = true;
@@ -200,7 +199,7 @@ TagLib::ByteVector MediaStream::read_within_file(size_t wanted) {
   }
   const StreamOffset buffer_end = buffer_start_ + static_cast<StreamOffset>(buffer_.size());
   if (position_ < buffer_start_ || position_ + static_cast<StreamOffset>(wanted) > buffer_end) {
-    // No more than there is: the end of the file needs no read of its own.
+    // Do not ask for more than there is: finding the end of the file would need another read.
     buffer_.resize(std::min(buffer_size, bytes_left()));
     buffer_.resize(read_at(buffer_.data(), buffer_.size(), position_));
     buffer_start_ = position_;

@@ -9,7 +9,7 @@
 
 #include "platform/media/mp4_parts.hpp"
 
-// The types in which the tag library counts bytes, those of version 2 and of version 1.
+// The types in which the tag library counts bytes, for its versions 2 and 1.
 #if TAGLIB_MAJOR_VERSION >= 2
 using StreamOffset = TagLib::offset_t;
 using StreamStart = TagLib::offset_t;
@@ -20,31 +20,31 @@ using StreamStart = unsigned long;
 using StreamSize = unsigned long;
 #endif
 
-/// What reading one media file's tags may take.
+/// The limits for reading the tags of one media file.
 struct ReadBudget {
   size_t bytes;     ///< without pictures
-  size_t pictures;  ///< bytes of pictures that are passed over
+  size_t pictures;  ///< bytes of pictures that are skipped
   size_t reads;
   size_t box_reads;  ///< to find the part of an MP4 file that holds its tags
-  bool risks;        ///< whether to read what can take much more memory than it has bytes
+  bool risks;  ///< whether to read parts that can take much more memory than their size suggests
 };
 
-/// Whether a block is a picture, and if so whether the library does with less of it than there is.
+/// Whether a block is a picture and, if so, whether the library accepts a shorter one.
 enum class PictureKind { none, may_be_short, must_be_whole };
 
-/// A media file as the tag library reads it: through one descriptor, which stays the caller's, and
-/// one buffer, with no system call for a change of place. The library's own stream makes some
-/// eighty for a small file. Pictures, of which nothing is shown, are not loaded: they seem empty.
-/// Writing does nothing. Once its budget is spent, the file seems to end wherever it is read.
+/// A media file as the tag library reads it, through one descriptor, which the caller still owns,
+/// and one buffer. Seeking needs no system call; the library's own stream makes about eighty calls
+/// for a small file. Pictures are not loaded, because nothing of them is shown: they seem empty.
+/// Writing does nothing. When its budget is spent, the file seems to end at each read.
 class MediaStream : public TagLib::IOStream {
  public:
-  /// The library takes the format from the name's extension, or from the content without a name.
+  /// The library goes by the extension of the name or, without a name, by the content.
   MediaStream(int fd, std::string name, const ReadBudget& budget);
 
-  /// Makes an MP4 file seem to consist of its parts with tags alone, and goes to its beginning.
+  /// Makes an MP4 file look as if it had only the parts with tags, and goes to its beginning.
   void show_mp4_parts();
 
-  /// Whether the library was told less than the file holds.
+  /// Whether the library saw less than the file holds because a budget was spent.
   bool is_spent() const { return is_spent_; }
 
   TagLib::FileName name() const override;
@@ -60,10 +60,10 @@ class MediaStream : public TagLib::IOStream {
   StreamOffset length() override;
   void truncate(StreamOffset length) override;
 
-  /// Whether something of the file could not be read; the library takes that for its end.
+  /// Whether a read of the file failed. The library takes a failure for the end of the file.
   bool has_failed() const { return has_failed_; }
 
-  /// The names of tags that the library did not see since they are too large.
+  /// The names of tags that were too large to show to the library.
   const std::string& left_out() const { return left_out_; }
 
  private:
@@ -79,10 +79,10 @@ class MediaStream : public TagLib::IOStream {
   int fd_;
   std::string name_;
   ReadBudget left_;
-  std::vector<FilePart> parts_;  ///< what the library sees of the file, in this order
+  std::vector<FilePart> parts_;  ///< the parts of the file that the library sees, in order
   bool is_mp4_ = false;
   bool is_spent_ = false;
-  std::string id3v2_header_;  ///< of the tag that the next block is; empty: of none
+  std::string id3v2_header_;  ///< header of the tag in the next block; empty if it is not a tag
   StreamOffset length_ = 0;
   StreamOffset position_ = 0;
   bool has_failed_ = false;

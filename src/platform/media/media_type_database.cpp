@@ -15,10 +15,10 @@ namespace {
 
 constexpr const char* unknown_type = "application/octet-stream";
 
-/// A database and what is asked for with it. Taking libmagic down again would cost as much as a
-/// file: the process's end does it for nothing.
+/// A database and its options. It is never closed: the end of the process frees it, and closing
+/// libmagic takes as long as reading a file.
 struct Database {
-  magic_set* magic;  ///< null: it could not be loaded
+  magic_set* magic;  ///< null: could not be loaded
   int flags;
 };
 
@@ -30,8 +30,8 @@ magic_set* open_magic(int flags) {
   return magic;
 }
 
-/// What comes before the rules (tar archives, JSON and the like) counts as it does for the large
-/// database; what comes after them is left to that.
+/// Built-in tests that come before the rules (tar archives, JSON and others) are used as with the
+/// large database. Those that come after the rules are left to it.
 Database open_small() {
   constexpr int flags = MAGIC_MIME_TYPE | MAGIC_NO_CHECK_TEXT;
   magic_set* magic = open_magic(flags);
@@ -44,8 +44,7 @@ Database open_small() {
   return {magic, flags};
 }
 
-/// False for the large database means that it is not there; one that MAGIC names may hold what it
-/// likes.
+/// False means that the large database is missing. A database named by MAGIC may hold anything.
 bool knows_usual_types(magic_set* magic) {
   constexpr std::string_view picture("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\1\0\0\0\1\x8\0\0\0\0",
                                      29);
@@ -59,8 +58,8 @@ Database open_large() {
   magic_set* magic = open_magic(flags);
   const bool is_loaded = magic_load(magic, nullptr) == 0;
   const char* error = magic_error(magic);
-  // Where it cannot open or map the database, libmagic goes by the few rules of the machine's own
-  // beside it, and takes that for success.
+  // If libmagic cannot open or map its database, it uses only the few rules of the machine's own
+  // file and reports success.
   if (!is_loaded || error != nullptr || !knows_usual_types(magic)) {
     fail_run("Unable to load libmagic's database: %s",
              error != nullptr ? error : "it cannot be opened");
@@ -68,9 +67,8 @@ Database open_large() {
   return {magic, flags};
 }
 
-/// Whether libmagic cannot take the head for text in any encoding, which it would find out at the
-/// price of many rules: of all encodings UTF-16 and UTF-32 alone have NUL bytes, and they begin
-/// with a byte order mark.
+/// Whether the head cannot be text in any encoding. libmagic would need many rules to find that
+/// out. Only UTF-16 and UTF-32 texts have NUL bytes, and they begin with a byte order mark.
 bool is_no_text(std::string_view head) {
   constexpr std::string_view long_mark("\0\0\xfe\xff", 4);
   return head.find('\0') != std::string_view::npos && !head.starts_with("\xff\xfe") &&

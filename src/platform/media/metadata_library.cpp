@@ -1,4 +1,4 @@
-// The operations of platform/metadata_v4.h on plain files.
+// Implements platform/metadata_v4.h for plain files.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -19,19 +19,19 @@
 
 namespace {
 
-/// An open directory, or the knowledge that it cannot be opened.
+/// An open directory. A descriptor that is not open means that the directory cannot be opened.
 using Directory = std::shared_ptr<const FileDescriptor>;
 
-/// What the run knows of one path. A schedule airs the same clip hundreds of times; each path is
+/// What the run knows of one path. A schedule airs the same clip hundreds of times. Each path is
 /// looked up once in a table and read once from the disk.
 struct KnownFile {
   std::string name;
   std::weak_ptr<const FileDescriptor> directory;
   bool is_read = false;
-  std::shared_ptr<const FileMetadata> metadata;  ///< null once read: there is none
+  std::shared_ptr<const FileMetadata> metadata;  ///< null after reading: no metadata
 };
 
-/// Lets tables be searched for a text that is no std::string.
+/// Allows searching a table for a text without making a std::string.
 struct HashText {
   using is_transparent = void;
   size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
@@ -45,15 +45,15 @@ struct Cache {
   TextTable<KnownFile> files;
 };
 
-/// Handles kept open at a time, well below what a process may have.
+/// Handles that are open at the same time. A process may have many more.
 constexpr size_t most_directories = 64;
 
 Cache& cache() {
-  static Cache& instance = *new Cache();  // the process's end frees it faster
+  static Cache& instance = *new Cache();  // the end of the process frees it faster
   return instance;
 }
 
-/// The directory part of a path: "." for a bare name.
+/// The directory part of a path, or "." for a plain file name.
 std::string_view directory_of(std::string_view path) {
   const size_t slash = path.rfind('/');
   if (slash == std::string_view::npos) {
@@ -62,7 +62,7 @@ std::string_view directory_of(std::string_view path) {
   return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-/// The files of one directory share a handle on it.
+/// The files of one directory share a handle.
 Directory open_directory(std::string_view path) {
   auto& directories = cache().directories;
   const auto known = directories.find(path);
@@ -96,11 +96,11 @@ KnownFile& known_file(std::string_view path) {
 struct FileContext : metadata_v4_context {
   FileContext() : metadata_v4_context{METADATA_V4_READ_WHILE_BINDING, -1} {}
 
-  KnownFile* file = nullptr;  ///< owned by the cache, which lasts as long as the process
+  KnownFile* file = nullptr;  ///< owned by the cache, which is never destroyed
   Directory opened;
 };
 
-/// A set either shares what was read from a file or holds entries that were added to it.
+/// A set either shares the metadata of a file or holds entries that were added to it.
 struct MetadataSet : metadata_v4_metadata_context {
   MetadataSet() : metadata_v4_metadata_context{0} {}
 

@@ -34,7 +34,7 @@ std::optional<std::string> detect_mime_type(int fd) {
     return "video/mp2t";
   }
   const std::string head = content;
-  // A NUL byte rules a schedule out, so most media are settled by their head.
+  // A schedule has no NUL bytes, so for most media the head is enough.
   if (content.find('\0') == std::string::npos) {
     if (content.size() == head_size) {
       content.resize(schedule_head_size);

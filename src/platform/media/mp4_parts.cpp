@@ -11,15 +11,15 @@
 namespace {
 
 constexpr size_t short_head = 8;  // of a box: its size and its name (ISO/IEC 14496-12)
-constexpr size_t long_head = 16;  // with a size of 64 bits behind them
+constexpr size_t long_head = 16;  // followed by a size of 64 bits
 constexpr size_t name_place = 4;
 
-/// Reads heads of boxes in ascending order. Those that stand close together are read together.
+/// Reads heads of boxes in ascending order. Heads that are close together are read together.
 class HeadReader {
  public:
   HeadReader(int fd, size_t reads) : fd_(fd), reads_left_(reads) {}
 
-  /// Up to 16 bytes at `place`, fewer at the end of the file; nothing when there is an outcome.
+  /// Up to 16 bytes at `place`, fewer at the end of the file. Nothing on failure; see outcome().
   std::optional<std::string_view> head_at(long place) {
     const long end = start_ + static_cast<long>(bytes_.size());
     if (place + static_cast<long>(long_head) > end && !fill(place)) {
@@ -28,12 +28,12 @@ class HeadReader {
     return std::string_view(bytes_).substr(static_cast<size_t>(place - start_), long_head);
   }
 
-  /// What keeps it from reading on, if anything does.
+  /// `read`, or the reason why it cannot read on.
   TagsOutcome outcome() const { return outcome_; }
 
  private:
   bool fill(long place) {
-    constexpr size_t page = 4096;  // as quick to read as a head
+    constexpr size_t page = 4096;  // as fast to read as a head
     if (reads_left_ == 0) {
       outcome_ = TagsOutcome::spent;
       return false;
@@ -62,14 +62,14 @@ uint64_t number_at(std::string_view bytes, size_t place, size_t count) {
   return number;
 }
 
-/// The size of a box, its head included; 0 where the head cannot be one. `left` is what the file
-/// has from the box's beginning.
+/// The size of a box with its head, or 0 when the head is not valid. `left` is the number of bytes
+/// from the box's beginning to the end of the file.
 long box_size(std::string_view head, long left) {
   if (head.size() < short_head) {
     return 0;
   }
   uint64_t size = number_at(head, 0, name_place);
-  if (size == 0) {  // the last box, which has the rest of the file
+  if (size == 0) {  // the last box, which extends to the end of the file
     return left;
   }
   if (size == 1) {
@@ -106,7 +106,7 @@ Mp4Parts find_mp4_parts(int fd, long length, size_t reads) {
 }
 
 void make_mp4_texts_whole(char* block, size_t size) {
-  constexpr std::string_view text_head("data\0\0\0\1", 8);  // behind the size: name and kind
+  constexpr std::string_view text_head("data\0\0\0\1", 8);  // after the size: name and kind
   constexpr size_t text_place = 16;
   const std::string_view bytes(block, size);
   for (size_t place = 0, box = 0; size - place >= text_place; place += box) {

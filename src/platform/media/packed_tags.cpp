@@ -39,7 +39,7 @@ std::optional<TagsOutcome> outcome_of(char packed) {
   return std::nullopt;
 }
 
-/// What the list of tags that are left out takes, at most.
+/// Maximum length of the list of tags that are left out.
 constexpr size_t most_left_out = 300;
 
 size_t packed_size(const Tags::value_type& tag) {

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-/// By name; several values of one name in the file's order.
+/// The key is the name. Several values of one name are in the file's order.
 using Tags = std::multimap<std::string, std::string>;
 
-/// What came of reading a file's tags.
+/// The outcome of reading a file's tags.
 enum class TagsOutcome : char {
   read = 'r',
   failed = 'f',  ///< something of the file could not be read
@@ -17,20 +17,20 @@ enum class TagsOutcome : char {
 
 struct TagsRead {
   TagsOutcome outcome = TagsOutcome::read;
-  Tags tags;             ///< empty unless they were read
-  std::string left_out;  ///< names of tags that are too large, with commas between
+  Tags tags;             ///< empty unless the outcome is `read`
+  std::string left_out;  ///< names of tags that are too large, separated by commas
 };
 
-/// Adds a name to those left out; of many, or of a long one, no more than a message may hold.
+/// Adds a name to the list of tags that are left out. Long lists and names are shortened to fit a
+/// message.
 void add_left_out(std::string& left_out, std::string_view name);
 
-/// Leaves out the largest tags until the rest, packed, has no more than that many bytes.
+/// Removes the largest tags until the rest, when packed, has at most that many bytes.
 void leave_out_largest(TagsRead& result, size_t most_bytes);
 
-/// As bytes for another process: the outcome and, if they were read, what is left out and, for each
-/// tag, name and value, all behind their lengths.
+/// Packs the result for another process: the outcome and, if the tags were read, the list of those
+/// left out and the name and value of each tag. A length comes before each text.
 std::string pack_tags(const TagsRead& result);
 
-/// Back again, from bytes that may be anything. Nothing when they are not just what pack_tags
-/// gives.
+/// The reverse. The bytes may be anything. Nothing when they are not a valid result of pack_tags.
 std::optional<TagsRead> unpack_tags(std::string_view packed);

@@ -14,11 +14,12 @@ namespace {
 
 constexpr size_t largest_sidecar = 16UL * 1024 * 1024;
 
-/// Of entries and groups together. In memory short ones take some thirty times their length.
+/// Entries and groups together. Short ones take about thirty times their length in memory.
 constexpr size_t most_entries = 500'000;
 
-/// As much as is read of a file; more by a byte than the largest sidecar when there is more. Empty
-/// when a read fails: half a sidecar could hide that the rest says otherwise.
+/// The part of a file that is read: at most one byte more than the largest sidecar, so that a
+/// larger one is noticed. Empty when a read fails, because the missing half may change what the
+/// first half says.
 std::string read_beginning(int fd) {
   std::string content(4 * 1024, '\0');  // most sidecars are shorter
   size_t length = 0;
@@ -37,16 +38,16 @@ std::string read_beginning(int fd) {
   }
 }
 
-/// The lines that end within the first bytes of a text.
+/// The complete lines within the first `size` bytes of a text.
 std::string_view whole_lines(std::string_view text, size_t size) {
   const size_t last_end = text.substr(0, size).rfind('\n');
   return text.substr(0, last_end == std::string_view::npos ? 0 : last_end + 1);
 }
 
-/// Groups by name; the names stand in the file's content.
+/// Groups by name. The names point into the file's content.
 using KnownGroups = std::unordered_map<std::string_view, int32_t>;
 
-/// The index of a group, which is new when it was not named before.
+/// The index of a group. A new group is added.
 int32_t group_index(FileMetadata& metadata, KnownGroups& known_groups, std::string_view name) {
   if (name.empty()) {
     return no_group;
@@ -63,10 +64,10 @@ bool is_group_line(std::string_view text) {
   return text.starts_with('[') && text.ends_with(']');
 }
 
-/// What lines say, one after the other.
+/// Adds lines to the metadata, one after the other.
 class SidecarLines {
  public:
-  /// False for an entry or group too many.
+  /// False when there are too many entries or groups.
   bool add(std::string_view text) {
     const auto pair = divide_name_equ_value_pair(text);
     const bool is_group = is_group_line(text);

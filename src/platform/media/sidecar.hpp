@@ -4,8 +4,8 @@
 
 #include "platform/media/file_metadata.hpp"
 
-/// The entries of a media file's sidecar, `NAME.metadata` beside it: lines "name = value", "#"
-/// comments, "[group]" before the entries of a group and "[]" after them. Empty when there is no
-/// such regular file or it cannot be read to its end. Of a file with more than 16 MiB or 500,000
-/// entries and groups the lines before that, with a warning.
+/// The entries of a media file's sidecar, `NAME.metadata` beside it. It has lines "name = value",
+/// comments with "#", "[group]" before the entries of a group and "[]" after them. Empty when there
+/// is no such regular file or it cannot be read to its end. If it has more than 16 MiB or 500,000
+/// entries and groups, only the lines before that count, with a warning.
 FileMetadata read_sidecar(int directory, const std::string& media_name);

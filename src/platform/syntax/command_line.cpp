@@ -12,7 +12,7 @@
 
 namespace {
 
-// What getopt_long gives for the first option; less are characters.
+// getopt_long returns this for the first option. Lower values are characters.
 constexpr int first_option = 256;
 
 std::vector<option> getopt_table(const ProgramInfo& program) {
@@ -33,7 +33,7 @@ std::string written_option(const OptionInfo& option) {
 
 std::string help_of(const ProgramInfo& program) {
   constexpr const char* dashes = "      --";
-  size_t width = 17;  // also of shorter options
+  size_t width = 17;  // wide enough for short options too
   for (const OptionInfo& option : program.options) {
     width = std::max(width, written_option(option).size() + 2);
   }
@@ -60,8 +60,8 @@ void point_to_help(const ProgramInfo& program) {
   std::fprintf(stderr, "Try '%s --help'.\n", program.name);
 }
 
-/// Names the option that an unknown one most likely stands for. One that several options begin like
-/// has been answered with their names.
+/// Suggests the option that an unknown one probably stands for. getopt_long has already listed the
+/// options when several begin like it.
 void advise(const ProgramInfo& program, std::string_view argument) {
   if (!argument.starts_with("--")) {
     return;
@@ -79,7 +79,7 @@ void advise(const ProgramInfo& program, std::string_view argument) {
   }
 }
 
-/// Prints what the option is to print alone.
+/// Handles an option that prints something and ends the program.
 void answer(const ProgramInfo& program, size_t place, const ApplyOption& apply) {
   const std::string_view name = program.options[place].name;
   if (name == "help") {
@@ -98,7 +98,7 @@ std::optional<std::vector<std::string>> parse_command_line(const ProgramInfo& pr
                                                            char** argv, const ApplyOption& apply,
                                                            int& status) {
   const std::vector<option> table = getopt_table(program);
-  optind = 0;  // getopt_long begins anew
+  optind = 0;  // makes getopt_long start again
   status = program.usage_status;
   int found = 0;
   while ((found = getopt_long(argc, argv, "", table.data(), nullptr)) != -1) {

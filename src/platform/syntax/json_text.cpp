@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The escape of the character at the text's front, and how many bytes it stands for; empty when
-/// the character goes out as it is.
+/// The escape for the character at the front of the text, and in `length` how many bytes it
+/// replaces. Empty when the character is copied unchanged.
 std::string_view escape_of(std::string_view text, size_t& length) {
   length = 1;
   switch (text.front()) {
@@ -55,7 +55,7 @@ void append_control_character(std::string& out, char c) {
 
 constexpr size_t escape_length = 6;  // of "\\u" and four digits
 
-/// The number of the "\\u" escape at the text's front, if there is one.
+/// The number of a "\\u" escape at the front of the text. Nothing when there is none.
 std::optional<unsigned> escaped_number(std::string_view text) {
   unsigned number = 0;
   if (text.size() < escape_length || !text.starts_with("\\u")) {

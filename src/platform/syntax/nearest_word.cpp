@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Letters that differ, a swap of two neighbours counting as one.
+/// The number of letters that differ. Swapping two neighbours counts as one.
 size_t distance(std::string_view a, std::string_view b) {
   std::vector<std::vector<size_t>> rows(a.size() + 1, std::vector<size_t>(b.size() + 1));
   for (size_t i = 0; i <= a.size(); ++i) {
@@ -36,7 +36,7 @@ std::optional<std::string_view> nearest_word(std::string_view text,
   }
   const std::string lower = lower_case(text);
   std::optional<std::string_view> nearest;
-  size_t least = lower.size() / 3 + 2;  // that far off it is another word
+  size_t least = lower.size() / 3 + 2;  // words further away are not suggested
   for (const std::string_view word : words) {
     const size_t differing = distance(lower, lower_case(word));
     if (differing < least && differing < word.size()) {

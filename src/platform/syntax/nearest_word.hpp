@@ -6,9 +6,9 @@
 #include <string_view>
 
 /// The known word that the text most likely stands for: the one with the fewest letters added,
-/// left out, exchanged or swapped, case aside. Nothing when none is near.
+/// missing, replaced or swapped. Case does not matter. Nothing when no word is near.
 std::optional<std::string_view> nearest_word(std::string_view text,
                                              std::span<const std::string_view> words);
 
-/// "; did you mean 'WORD'?", or nothing.
+/// "; did you mean 'WORD'?", or an empty text.
 std::string did_you_mean(std::string_view text, std::span<const std::string_view> words);

@@ -25,7 +25,7 @@ constexpr std::array<SectionKey, 4> block_keys = {{
     {ScheduleKey::announce, "announce", false, ValueKind::text},
 }};
 
-/// Takes what a line was split into, if it could be.
+/// Sets name and value if the line could be split.
 void set_name_and_value(SchedulePart& part, const std::optional<NameValue>& pair) {
   if (pair) {
     part.name = pair->name;
@@ -69,7 +69,7 @@ bool ScheduleFile::next(SchedulePart& part) {
   std::string_view piece;
   const int64_t last_line = lines_.line();
   const bool is_line = lines_.read(piece);
-  // Each member on its own: a whole new part would cost much of the time that a line takes.
+  // The members are set one by one. Assigning a new part would take much of the time for a line.
   part.section = section_;
   part.section_line = section_line_;
   part.line = lines_.line();
@@ -115,7 +115,7 @@ void ScheduleFile::read_top_level_line(SchedulePart& part, std::string_view text
     part.name = text.substr(1);
   } else if (opens_section(text)) {
     part.kind = PartKind::section_begin;
-    // Blanks before the brace are spaces; a tab is part of the name.
+    // The name ends before the spaces in front of the brace. A tab there is part of the name.
     part.name = text.substr(0, text.substr(0, text.size() - 1).find_last_not_of(' ') + 1);
     section_ = part.section = section_kind_of_name(part.name);
     section_line_ = part.section_line = part.line;

@@ -4,8 +4,8 @@
 
 namespace {
 
-// An endless schedule spans 15 years, but only the month of the report time and its neighbours are
-// placed in the calendar. An interval schedule has defaults alone and no unit.
+// An endless schedule covers 15 years, but only the month of the report time and its neighbours are
+// placed in the calendar. An interval schedule has only defaults and no unit.
 constexpr std::array<ScheduleType, 6> types = {{
     {"daily", "defaults, of the day", "application/x-quorin-daily-schedule", seconds_per_day,
      UnitPeriod::day, 1, DayName::only_day},

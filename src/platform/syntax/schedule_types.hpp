@@ -4,31 +4,31 @@
 #include <span>
 #include <string_view>
 
-/// The stretch of the calendar around a report time that a schedule is placed in.
+/// The part of the calendar around a report time in which a schedule is placed.
 enum class UnitPeriod { none, day, week, month, year, month_and_neighbours };
 
-/// What tells the days of a unit apart. It gives a day its number in the unit, its key in a
-/// defaults section and its anchor on a page.
+/// How the days of a unit are named. This decides a day's number in the unit, its key in a defaults
+/// section and its anchor on a page.
 enum class DayName { none, only_day, weekday, day_of_month, day_of_year, date, number };
 
-/// What the playout system fixes for one type of schedule.
+/// The fixed properties of one type of schedule.
 struct ScheduleType {
   std::string_view text;              ///< as in a type line and in Schedule::type
   std::string_view defaults_section;  ///< name of the section of its default items
-  std::string_view mime_type;         ///< of a schedule file; empty when no file can have the type
+  std::string_view mime_type;         ///< of a schedule file; empty if no file can have the type
   uint64_t unit_length;               ///< schedule seconds
   UnitPeriod period;
   int unit_days;  ///< days of the padded calendar in that period
   DayName day_name;
 };
 
-/// The type of a schedule that does not say of which it is.
+/// The type of a schedule that does not name its type.
 inline constexpr std::string_view default_schedule_type = "weekly";
 
-/// All types, those that a schedule file can have first.
+/// All types. Those that a schedule file can have come first.
 std::span<const ScheduleType> schedule_types();
 
-/// The type of that text, defaults section or MIME type; null when there is none.
+/// The type with that name, defaults section or MIME type. Null when there is none.
 const ScheduleType* find_schedule_type(std::string_view text);
 const ScheduleType* find_schedule_type_of_section(std::string_view defaults_section);
 const ScheduleType* find_schedule_type_of_mime_type(std::string_view mime_type);
@@ -41,5 +41,5 @@ inline constexpr int first_schedule_year = 2020;
 inline constexpr int schedule_years = 15;
 inline constexpr int days_per_month = 31;
 inline constexpr int days_per_year = 12 * days_per_month;
-/// Slots for the default items of the longest unit, the endless one.
+/// Number of slots for default items: the days of the longest unit, the endless one.
 inline constexpr int default_slots = schedule_years * days_per_year;

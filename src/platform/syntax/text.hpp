@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// The playout system's text helpers. All of them work on bytes; blanks are spaces and tabs.
-// The views they return point into the text they were given.
+// The text functions of the playout system. All of them work on bytes; blanks are spaces and tabs.
+// The returned views point into the given text.
 
 struct NameValue {
   std::string_view name;
@@ -15,7 +15,7 @@ struct NameValue {
 struct DefaultsEntry {
   std::string_view name;
   std::string_view value;
-  std::string_view clarifier;  ///< text of a `[clarifier]` behind the name, or empty
+  std::string_view clarifier;  ///< text of a `[clarifier]` after the name, or empty
 };
 
 constexpr bool is_blank(char c) {
@@ -55,7 +55,7 @@ constexpr std::string_view strip_blanks(std::string_view text) {
   return text;
 }
 
-/// Takes every trailing line feed and carriage return off the line, in place.
+/// Removes all line feeds and carriage returns from the end of the line.
 constexpr void chomp(std::string_view& line) {
   while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
     line.remove_suffix(1);
@@ -68,14 +68,15 @@ inline void chomp(std::string& line) {
   line.resize(text.size());
 }
 
-/// Takes the first line off the text, which is not empty, and gives it without its line end.
+/// Removes the first line from the text, which must not be empty, and returns it without its line
+/// end.
 std::string_view take_line(std::string_view& text);
 
-/// The text behind the last "/", or the whole text when it holds none.
+/// The text after the last "/", or the whole text when it has none.
 std::string_view file_name_of(std::string_view path);
 
-/// Splits a line at a separator, blanks around both sides removed. Nothing when the separator is
-/// nowhere (npos) or a side is empty.
+/// Splits a line at a separator and strips blanks from both sides. Nothing when the separator is
+/// npos or a side is empty.
 constexpr std::optional<NameValue> divide_at(std::string_view line, size_t separator) {
   if (separator == std::string_view::npos) {
     return std::nullopt;
@@ -88,12 +89,13 @@ constexpr std::optional<NameValue> divide_at(std::string_view line, size_t separ
   return pair;
 }
 
-/// Splits "name = value" at the first "=". Inline, as the most lines of large schedules are such.
+/// Splits "name = value" at the first "=". Inline, because most lines of large schedules have this
+/// form.
 inline std::optional<NameValue> divide_name_equ_value_pair(std::string_view line) {
   return divide_at(line, line.find('='));
 }
 
-/// The same for top-level lines of a schedule file, which older files write as "=name=value" or
+/// The same for top-level lines of a schedule file. Older files write them as "=name=value" or
 /// "name: value". `first` is the line's first character.
 std::optional<NameValue> divide_name_equ_value_pair_compat_maybe_loose(std::string_view line,
                                                                        char first);

@@ -1,8 +1,8 @@
 #pragma once
 
-/// What the run is at while this object lives, for the message of a limit that ends it: "filling
-/// gaps of" some file. Activities nest as blocks of code do; without a file it is that of the
-/// activity around it. The texts are not copied.
+/// What the run is doing while this object lives, for example "filling gaps of" some file. The
+/// message of a limit that ends the run shows it. Activities nest like blocks of code. Without a
+/// file, the file of the enclosing activity is used. The texts are not copied.
 class Activity {
  public:
   explicit Activity(const char* doing, const char* file = nullptr);
@@ -19,5 +19,5 @@ class Activity {
   const char* file_;
 };
 
-/// The innermost activity, or null. A handler of signals may call this.
+/// The innermost activity, or null. A signal handler may call this.
 const Activity* current_activity();

@@ -2,6 +2,6 @@
 
 #include <ctime>
 
-/// The current time, seconds since the Unix epoch. Test programs link a clock of their own
-/// that stands still.
+/// The current time, seconds since the Unix epoch. Test programs link their own clock, which stands
+/// still.
 time_t current_time();

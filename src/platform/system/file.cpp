@@ -20,7 +20,7 @@ ssize_t uninterrupted(Call call) {
   return count;
 }
 
-/// Calls read(number of bytes there) until `size` bytes are there or it gives no more.
+/// Calls read(number of bytes so far) until there are `size` bytes or it returns no more.
 template <typename Read>
 std::optional<size_t> read_until_full(size_t size, Read read) {
   size_t total = 0;
@@ -73,7 +73,7 @@ FileDescriptor open_regular_file(int directory, const char* path, Links links) {
   }
   constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
   FileDescriptor file(::openat(directory, path, follows ? flags : flags | O_NOFOLLOW));
-  // Something else may have taken the file's place since.
+  // The file may have been replaced since.
   if (file.is_open() && (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) {
     file.reset();
     errno = EINVAL;
@@ -128,7 +128,7 @@ bool write_fully(int fd, std::string_view bytes) {
       return false;
     }
     if (count == 0) {
-      errno = EIO;  // or it would go on for ever
+      errno = EIO;  // otherwise this would loop for ever
       return false;
     }
     bytes.remove_prefix(static_cast<size_t>(count));

@@ -23,39 +23,40 @@ class FileDescriptor {
   int fd_;
 };
 
-/// What lies at a path. A link in the file's own place is not followed, one in a folder's is.
+/// What is at a path. A link as the last part of the path is not followed; links in folders are.
 enum class FileState { regular, link, other, missing };
 
-/// errno is set when nothing can be seen there. A channel's schedule is read only where this is
-/// `regular`, in every program; what its items name may be links.
+/// Sets errno when the path cannot be examined. Every program reads a channel's schedule only if
+/// this is `regular`. Files that its items name may be links.
 FileState look_at(const std::string& path);
 
-/// What becomes of a path that is itself a link.
+/// How to treat a path that is itself a link.
 enum class Links { followed, refused };
 
-/// Opens a regular file for reading, by its path relative to a directory handle (or AT_FDCWD). What
-/// is no regular file is not opened, as opening alone may wait or set a device going. Not open on
-/// failure, with errno set.
+/// Opens a regular file for reading. The path is relative to a directory handle (or AT_FDCWD).
+/// Other kinds of files are not opened, because opening one may wait or start a device. On failure
+/// the result is not open and errno is set.
 FileDescriptor open_regular_file(int directory, const char* path, Links links = Links::followed);
 
-/// The same for a file that the run can do without. Where it is only the machine that lacks what it
-/// takes to open the file, the run fails (messages.hpp).
+/// The same for a file that the run can do without. If only a shortage of the machine prevents
+/// opening the file, the run fails (messages.hpp).
 FileDescriptor open_optional_file(int directory, const char* path);
 
-// Each of these goes on after an interruption, and fails with errno set.
+// All functions below continue after an interruption. On failure they set errno.
 
-/// One read. The number of bytes, 0 at the end of the file; nothing on an error.
+/// Reads once. Returns the number of bytes, 0 at the end of the file, or nothing on an error.
 std::optional<size_t> read_some(int fd, char* bytes, size_t size);
 
-/// Reads until `size` bytes are there or the file ends. The number read, fewer than `size` only at
-/// the end of the file; nothing on an error, as what was read before it is no whole file.
+/// Reads until there are `size` bytes or the file ends. Returns the number of bytes; it is less
+/// than `size` only at the end of the file. Nothing on an error, even if some bytes were read
+/// before.
 std::optional<size_t> read_fully(int fd, char* bytes, size_t size);
 
-/// The same from `offset` bytes behind the file's beginning.
+/// The same, starting at `offset` bytes from the beginning of the file.
 std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offset);
 
-/// All that is left of a file; nothing on an error.
+/// Reads the rest of a file. Nothing on an error.
 std::optional<std::string> read_content(int fd);
 
-/// False when not all of it could be written.
+/// False when some of the bytes could not be written.
 bool write_fully(int fd, std::string_view bytes);

@@ -7,8 +7,8 @@
 
 #include "platform/system/file.hpp"
 
-/// Reads a file, or a text in memory, line by line as C's fgets would into a buffer of
-/// longest_piece + 1 bytes.
+/// Reads a file or a text in memory line by line, like C's fgets with a buffer of longest_piece + 1
+/// bytes.
 class LineReader {
  public:
   LineReader(FileDescriptor file, size_t longest_piece);
@@ -17,15 +17,15 @@ class LineReader {
   LineReader(std::string_view text, size_t longest_piece);
 
   /// Sets `piece` to the next line with its line feed, or to the next `longest_piece` bytes of a
-  /// longer line. As for any C string, a NUL byte ends the piece, and what follows it up to there
-  /// is lost. The view into a file stays valid until the next call. False at the end of the file
-  /// or on a read error; the piece that the error broke off is lost.
+  /// longer line. As in any C string, a NUL byte ends the piece; the rest of the line or piece is
+  /// lost. A view into a file is valid until the next call. False at the end of the file or on a
+  /// read error. The piece with the error is lost.
   bool read(std::string_view& piece);
 
-  /// The number of the line that the last piece is of, from 1.
+  /// The line number of the last piece, from 1.
   int64_t line() const { return line_; }
 
-  /// The errno of the read that failed; 0 as long as none did. To be asked once `read` is false.
+  /// The errno of a failed read; 0 if all succeeded. Call this after `read` returned false.
   int error() const { return error_; }
 
  private:
@@ -34,7 +34,7 @@ class LineReader {
   FileDescriptor file_;
   size_t longest_piece_;
   size_t buffer_size_ = 0;
-  std::unique_ptr<char[]> buffer_;  ///< none for a text in memory
+  std::unique_ptr<char[]> buffer_;  ///< null for a text in memory
   const char* bytes_;
   size_t begin_ = 0;
   size_t end_ = 0;

@@ -1,12 +1,12 @@
-// The C library's allocation functions for the whole process, libraries included: where there is no
-// memory they do as operator new does and call the handler, which ends the run. Some libraries
-// crash on a null pointer, or take it for a file that they do not know.
+// The C library's allocation functions for the whole process, including all libraries. When memory
+// runs out, they call the handler that operator new calls, which ends the run. Without this, some
+// libraries crash on a null pointer, or take the file for one of an unknown type.
 
 #include <cerrno>
 #include <cstddef>
 #include <new>
 
-#ifndef NV8X_ADDRESS_SANITIZER  // which brings its own
+#ifndef NV8X_ADDRESS_SANITIZER  // it has its own functions
 
 extern "C" {
 
@@ -34,7 +34,7 @@ void* or_end(void* memory) {
 
 extern "C" {
 
-// With the parameters' names that it has in its headers.
+// The parameter names are those of the C library's headers.
 void* malloc(size_t size) {
   return or_end(__libc_malloc(size));
 }
@@ -45,7 +45,7 @@ void* calloc(size_t nmemb, size_t size) {
 
 void* realloc(void* ptr, size_t size) {
   void* const moved = __libc_realloc(ptr, size);
-  return size == 0 ? moved : or_end(moved);  // a null pointer for no bytes is no failure
+  return size == 0 ? moved : or_end(moved);  // a null pointer for 0 bytes is not a failure
 }
 
 void* aligned_alloc(size_t alignment, size_t size) {

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-// What the run has to say on standard error, and failures that end it wherever they come up below
-// the driver, which says how errors are told.
+// Messages on standard error, and failures below the driver that end the run. The driver decides
+// how failures are reported.
 
-/// What vprintf would print.
+/// The text that vprintf would print.
 [[gnu::format(printf, 1, 0)]] std::string format_text(const char* format, std::va_list arguments);
 
-/// Prints what the reader and the passes have to say of a schedule, as std::fprintf does.
+/// Prints a message of the reader or a pass about a schedule, as std::fprintf does.
 [[gnu::format(printf, 1, 2)]] void print_diagnostic(const char* format, ...);
 
 enum class Warning {
@@ -18,16 +18,15 @@ enum class Warning {
   cut_short,  ///< an error ends the reading of a file
 };
 
-/// The same for what is more than a repair.
+/// The same for a message about more than a repair.
 [[gnu::format(printf, 2, 3)]] void print_warning(Warning kind, const char* format, ...);
 
-/// Takes each warning in place of standard error, whoever leaves what is said unsaid.
+/// Receives each warning instead of standard error, even if messages are not printed.
 using WarningReporter = void (*)(Warning kind, std::string_view text);
 void set_warning_reporter(WarningReporter reporter);
 
-/// Keeps a copy of those while it lives. What was said of a schedule that is used again can so be
-/// said again, or be left unsaid. One that leaves them unsaid keeps nothing, and within it nothing
-/// is printed.
+/// Keeps a copy of these messages while it lives. A schedule that is used again can then print them
+/// again. With Printing::off it keeps nothing, and nothing is printed while it lives.
 class DiagnosticsRecord {
  public:
   enum class Printing { on, off };
@@ -44,19 +43,19 @@ class DiagnosticsRecord {
   bool was_printing_;
 };
 
-/// Prints the message of a failure; need not return.
+/// Prints the message of a failure. It does not have to return.
 using FailureReporter = void (*)(const char* message);
 
-/// Sets who tells of failures, and the status of a run that ends by one.
+/// Sets the function that reports failures, and the exit status of a run that ends by one.
 void set_failure_reporter(FailureReporter reporter, int status = 1);
 int failure_status();
 
-/// Ends the run with that status, 1 by default, and the message, a printf format and its arguments:
-/// by default with "Error: " before it on standard error.
+/// Ends the run with that status (1 by default) and a message. The arguments are as for printf. By
+/// default the message goes to standard error after "Error: ".
 [[noreturn, gnu::format(printf, 1, 2)]] void fail_run(const char* format, ...);
 
-/// To be called when a system call failed without which the document would come out poorer: fails
-/// the run when that was for want of descriptors or memory (errno). The format is for the name and
-/// the system's error text. What a file lacks, it lacks in every run; what the machine lacks may be
-/// there in the next.
+/// Call this when a system call failed and the document would be incomplete without its result. It
+/// fails the run if descriptors or memory ran out (errno). The format gets the name and the
+/// system's error text. A defect of a file is the same in every run, but a shortage of the machine
+/// may be gone in the next run.
 [[gnu::format(printf, 1, 0)]] void fail_run_if_short(const char* format, const char* name);

@@ -28,7 +28,7 @@ volatile std::sig_atomic_t is_begun = 0;
 
 [[noreturn]] void fail_output(int error) {
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
-  // What is still buffered could not be written either.
+  // The rest of the buffer could not be written either.
   std::_Exit(failure_status());
 }
 
@@ -51,7 +51,7 @@ void write_out_buffer() {
 
 void prepare_standard_streams() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // The wrong way round on purpose: what uses a closed stream must fail.
+    // The mode is wrong on purpose: using a closed stream must fail.
     const int flags = fd == STDIN_FILENO ? O_WRONLY : O_RDONLY;
     if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", flags) == -1) {
       std::fprintf(stderr, "Unable to open /dev/null: %s\n", std::strerror(errno));

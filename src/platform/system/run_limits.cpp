@@ -8,8 +8,9 @@
 
 namespace {
 
-/// Sends SIGPROF a tenth of a second before the run has taken that many seconds. The limit goes by
-/// this timer's clock, which counts whole ticks and on a busy machine runs ahead of the others.
+/// Sends SIGPROF a tenth of a second before the run has used that many seconds. The limit uses the
+/// same clock as this timer: it counts whole ticks and runs ahead of other clocks on a busy
+/// machine.
 void set_alarm_before(rlim_t seconds) {
   constexpr suseconds_t most_of_a_second = 900000;  // microseconds
   itimerval timer{};
@@ -18,7 +19,7 @@ void set_alarm_before(rlim_t seconds) {
   setitimer(ITIMER_PROF, &timer, nullptr);
 }
 
-/// The limit that holds from now on.
+/// The limit that is in force after the call.
 template <typename Resource>
 rlimit set_unless_given(Resource resource, rlim_t most) {
   rlimit limit{most, most};
@@ -32,7 +33,7 @@ rlimit set_unless_given(Resource resource, rlim_t most) {
 }  // namespace
 
 void limit_memory() {
-#ifndef NV8X_ADDRESS_SANITIZER  // which claims terabytes that it does not use
+#ifndef NV8X_ADDRESS_SANITIZER  // it claims terabytes of addresses without using them
   constexpr rlim_t most_data = 4UL * 1024 * 1024 * 1024;
   set_unless_given(RLIMIT_DATA, most_data);
 #endif

@@ -2,17 +2,18 @@
 
 #include <sys/resource.h>
 
-// What a run may cost, whatever it is given to read. Limits that it is started with hold instead,
-// lower ones and higher ones.
+// Limits on what a run may cost for any input. If the run is started with a limit of its own, lower
+// or higher, that limit stays.
 
-/// Lets the run take 4 GiB of data in memory. More is refused.
+/// Lets the run use 4 GiB of data in memory. Larger requests fail.
 void limit_memory();
 
-/// Lets the run take that many seconds of processor time; then comes SIGXCPU or, where the system
-/// would kill the run without a word, SIGPROF before that. The limit that holds.
+/// Lets the run use that many seconds of processor time. Then SIGXCPU is sent. If the system would
+/// kill the run at that point without a message, SIGPROF is sent shortly before. Returns the limit
+/// in force.
 rlim_t limit_processor_time(rlim_t seconds);
 
-/// Sets what a signal does from now on (a handler, SIG_DFL or SIG_IGN) and lets it through,
-/// whatever the parent made of it. A handler is called once: in it, the signal already has its
-/// default action again.
+/// Sets the action of a signal (a handler, SIG_DFL or SIG_IGN) and unblocks it, so the parent's
+/// settings do not matter. A handler is called only once: the default action is restored before it
+/// runs.
 void set_signal_action(int signal, void (*action)(int));

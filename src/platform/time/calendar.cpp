@@ -28,7 +28,7 @@ int64_t day_number(const std::tm& tm) {
 
 enum class Period { day, week, month, year };
 
-/// The first day of the period that lies `ahead` (0 or 1) periods after the one that holds tm.
+/// The first day of the period of tm (`ahead` is 0) or of the next period (`ahead` is 1).
 int64_t first_day_of_period(const std::tm& tm, Period period, int ahead) {
   const int64_t year = int64_t{tm.tm_year} + 1900;
   switch (period) {
@@ -45,7 +45,7 @@ int64_t first_day_of_period(const std::tm& tm, Period period, int ahead) {
   return days_from_civil(year + ahead, 1, 1);
 }
 
-/// Whether an error says nothing about the file that it hit.
+/// Whether an error may go away and says nothing about the file.
 bool is_passing(int error) {
   return error == EIO || error == EINTR || error == ENOMEM || error == EMFILE || error == ENFILE;
 }
@@ -65,7 +65,7 @@ std::optional<CivilPeriod> period_of(time_t t, Period period) {
                      first_day_of_period(*tm, period, 1) * seconds_per_day};
 }
 
-/// The earliest time on a date of the period. Clock changes may skip its midnight, or show it
+/// The earliest time on a date of the period. A clock change may skip its midnight or show it
 /// twice.
 time_t start_of_period(time_t t, Period period) {
   const std::optional<CivilPeriod> civil = period_of(t, period);
@@ -81,13 +81,13 @@ time_t start_of_period(time_t t, Period period) {
   return t;
 }
 
-/// Whether a leap second, 23:59:60, comes behind that time. It belongs to no stretch.
+/// Whether a leap second, 23:59:60, follows that time. No stretch contains a leap second.
 bool is_before_leap_second(time_t t) {
   const std::optional<std::tm> next = local_time(t + 1);
   return next && next->tm_hour == 23 && next->tm_min == 59 && next->tm_sec == 60;
 }
 
-/// The latest time on a date of the period, which clocks that are put back may show once more.
+/// The latest time on a date of the period. If clocks are put back, they may show that date again.
 time_t end_of_period(time_t t, Period period) {
   const std::optional<CivilPeriod> civil = period_of(t, period);
   time_t latest = t;

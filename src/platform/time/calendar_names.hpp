@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-// The English names of the calendar, as operators write them and as documents show them.
+// The English names of weekdays and months, for reading and for printing.
 
 inline constexpr std::array<std::string_view, 7> weekday_names = {
     "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
@@ -12,5 +12,5 @@ inline constexpr std::array<std::string_view, 12> month_names = {
     "January", "February", "March",     "April",   "May",      "June",
     "July",    "August",   "September", "October", "November", "December"};
 
-/// Letters of a name that stand for all of it.
+/// The first letters of a name, which can stand for the whole name.
 inline constexpr size_t short_name_length = 3;

@@ -3,9 +3,9 @@
 #include <cstdint>
 
 /// Days from 1970-01-01 to a date of the proleptic Gregorian calendar (ISO 8601). `month` is 1 to
-/// 12; `day` may run past the month's end, which carries into the next month.
+/// 12. `day` may be past the end of the month; it then counts into the next month.
 constexpr int64_t days_from_civil(int64_t year, int month, int day) {
-  // Counting years from March puts the leap day last, so that month lengths repeat.
+  // Years are counted from March. The leap day comes last then, so month lengths repeat.
   const int64_t shifted_year = month <= 2 ? year - 1 : year;
   const int64_t era = (shifted_year >= 0 ? shifted_year : shifted_year - 399) / 400;
   const int64_t year_of_era = shifted_year - era * 400;

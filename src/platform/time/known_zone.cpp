@@ -16,7 +16,8 @@ bool is_letter(char c) {
   return to_lower(c) >= 'a' && to_lower(c) <= 'z';
 }
 
-/// A name of three letters or more, or of anything in angle brackets, and an offset.
+/// Whether the zone is a name and an offset. The name has at least three letters, or is any text in
+/// angle brackets.
 bool is_written_out(std::string_view zone) {
   const bool has_brackets = zone.starts_with('<');
   const size_t name_begin = has_brackets ? 1 : 0;

@@ -11,7 +11,7 @@ const std::tm* LocalClock::find_day(time_t t) {
     return nullptr;
   }
   if (t < stretch_.first || t > stretch_.last) {
-    stretch_ = {1, 0, 0, 0, 0, nullptr};  // none: a leap second belongs to no stretch
+    stretch_ = {1, 0, 0, 0, 0, nullptr};  // empty, because no stretch contains a leap second
     for (const LocalStretch& stretch : local_stretches(t - reach, t + reach)) {
       if (t >= stretch.first && t <= stretch.last) {
         stretch_ = stretch;

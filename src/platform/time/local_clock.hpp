@@ -4,9 +4,9 @@
 
 #include "platform/time/local_stretches.hpp"
 
-/// Breaks calendar times down in local time, remembering the day of the last one: as long as no
-/// clock changes on it, hour, minute and second follow by subtraction. The results are those of
-/// localtime, field by field.
+/// Converts calendar times to local broken-down times. It remembers the day of the last one: unless
+/// a clock change falls on that day, subtraction gives hour, minute and second. All fields are the
+/// same as those of localtime.
 class LocalClock {
  public:
   /// Null when the time has no local date. Valid until the next call.
@@ -24,10 +24,10 @@ class LocalClock {
  private:
   const std::tm* find_day(time_t t);
 
-  // The seconds of the remembered day for which it holds; none at first.
+  // The seconds of the remembered day that it can convert; none at first.
   time_t first_ = 1;
   time_t last_ = 0;
-  time_t midnight_ = 0;  // where the day begins, were there no clock change
+  time_t midnight_ = 0;  // when the day would begin without clock changes
   std::tm day_{};
   LocalStretch stretch_{1, 0, 0, 0, 0, nullptr};
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int longest_minute = 60;  // in seconds, without a leap second
+constexpr int longest_minute = 60;  // seconds, without a leap second
 
 /// What local clocks show at one time.
 struct Moment {
@@ -35,9 +35,9 @@ bool belongs_to(const LocalStretch& stretch, const std::optional<Moment>& moment
          moment->is_daylight_saving == stretch.is_daylight_saving && moment->zone == stretch.zone;
 }
 
-/// How far apart two looks may lie without missing that the clocks changed and changed back. In the
-/// zones of the database four days pass at least; a zone written out in TZ, with its rules behind a
-/// comma, may do both in a night.
+/// The step between two checks in which no pair of clock changes (there and back) can be missed. In
+/// zones of the database, at least four days lie between two changes. A zone written out in TZ,
+/// with its rules after a comma, may change twice in one night.
 time_t safe_step() {
   constexpr time_t for_zone_files = seconds_per_day;
   constexpr time_t for_written_rules = 600;
@@ -45,8 +45,8 @@ time_t safe_step() {
   return zone != nullptr && std::strchr(zone, ',') != nullptr ? for_written_rules : for_zone_files;
 }
 
-/// The last time in [inside, outside) at which `holds` does, which it does at `inside` and not at
-/// `outside`; the two may stand either way round.
+/// The last time in [inside, outside) for which `holds` is true. It must be true at `inside` and
+/// false at `outside`. `inside` may be the later one.
 template <typename Holds>
 time_t last_that_holds(time_t inside, time_t outside, Holds holds) {
   while (outside - inside > 1 || inside - outside > 1) {
@@ -56,7 +56,7 @@ time_t last_that_holds(time_t inside, time_t outside, Holds holds) {
   return inside;
 }
 
-/// Takes off [first, last] what has no local date; false when nothing is left.
+/// Removes from [first, last] the times without a local date. False when no time is left.
 bool clip_to_dates(time_t& first, time_t& last) {
   const auto has_date = [](time_t t) { return look_at(t).has_value(); };
   const bool first_has_date = has_date(first);

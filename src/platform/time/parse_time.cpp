@@ -30,9 +30,9 @@ void fill(std::tm& broken_down, const WrittenDate& date, const ClockTime& clock)
   }
 }
 
-/// Bare schedule seconds, broken down by the padded calendar of schedules (months of 31 days), so
-/// that they come back as the same number in every type of schedule. A whole number of days is
-/// the end of the day before, hour 24, so that 86400 can end a daily schedule.
+/// Plain schedule seconds, broken down in the padded calendar (months of 31 days). They convert
+/// back to the same number in every type of schedule. A whole number of days becomes hour 24 of the
+/// day before, so that 86400 can end a daily schedule.
 bool read_seconds(TimeText rest, std::tm& broken_down, long& microseconds) {
   const std::optional<int> number = take_number(rest, 1, 9);
   if (!number) {
@@ -73,7 +73,7 @@ bool parse_lower_case(TimeText rest, std::tm& broken_down, long& microseconds) {
   if (read_seconds(rest, broken_down, microseconds)) {
     return true;
   }
-  // A clock is tried first: its hour must not be taken for a day.
+  // Read the clock first. Otherwise its hour could be taken for a day.
   std::optional<ClockTime> clock = read_clock(rest);
   WrittenDate date;
   if (!clock) {
@@ -102,7 +102,7 @@ bool parse_lower_case(TimeText rest, std::tm& broken_down, long& microseconds) {
 }  // namespace
 
 bool schedule_parse_time(std::string_view text, std::tm& broken_down, long& microseconds) {
-  // Times are short; only one with very many blanks in it needs room of its own.
+  // Times are short. Only one with very many blanks needs its own memory.
   text = strip_blanks(text);
   std::array<char, 64> short_text;
   std::string long_text;

@@ -6,14 +6,14 @@
 
 #include "platform/syntax/text.hpp"
 
-// The pieces of which a written time is read. They stand here to be inlined: a large schedule has
+// Functions that read the pieces of a written time. They are inline because a large schedule has
 // hundreds of thousands of times.
 
-/// What is still to be read of a lower-case text. Readers take what they recognise off the front
-/// and leave the text alone otherwise.
+/// The rest of a lower-case text. The functions remove what they recognise from its front.
+/// Otherwise they leave it unchanged.
 using TimeText = std::string_view;
 
-/// The number of digits that the text begins with.
+/// The number of digits at the front of the text.
 inline size_t count_digits(TimeText rest) {
   size_t count = 0;
   while (count < rest.size() && is_digit(rest[count])) {
@@ -22,7 +22,7 @@ inline size_t count_digits(TimeText rest) {
   return count;
 }
 
-/// The number of letters that the text begins with.
+/// The number of letters at the front of the text.
 inline size_t count_letters(TimeText rest) {
   size_t count = 0;
   while (count < rest.size() && rest[count] >= 'a' && rest[count] <= 'z') {
@@ -35,7 +35,7 @@ constexpr bool is_separator(char c) {
   return is_blank(c) || c == ',';
 }
 
-/// Whether the text ends here, or a blank or comma parts what follows.
+/// Whether the text is empty or begins with a blank or comma.
 inline bool at_boundary(TimeText rest) {
   return rest.empty() || is_separator(rest.front());
 }
@@ -48,7 +48,7 @@ inline bool take_text(TimeText& rest, std::string_view text) {
   return true;
 }
 
-/// Takes all blanks and commas; false when there is none.
+/// Removes all leading blanks and commas. False when there is none.
 inline bool take_separators(TimeText& rest) {
   const size_t before = rest.size();
   while (!rest.empty() && is_separator(rest.front())) {
@@ -57,7 +57,7 @@ inline bool take_separators(TimeText& rest) {
   return rest.size() < before;
 }
 
-/// Takes a run of digits that is `shortest` to `longest` digits long, no more.
+/// Reads a number of `shortest` to `longest` digits. No further digit may follow.
 inline std::optional<int> take_number(TimeText& rest, size_t shortest, size_t longest) {
   int number = 0;
   size_t digits = 0;
@@ -74,7 +74,7 @@ inline std::optional<int> take_number(TimeText& rest, size_t shortest, size_t lo
   return number;
 }
 
-/// The digits of a fraction as microseconds; digits past the sixth are cut off.
+/// The digits of a fraction as microseconds. Digits after the sixth are ignored.
 inline long microseconds_of(std::string_view digits) {
   long microseconds = 0;
   for (size_t place = 0; place < 6; ++place) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// "a", "am", "a.m." and the same with p: 0 for the morning, 12 for the afternoon.
+/// "a", "am", "a.m." and the same with p. The result is 0 for the morning and 12 for the afternoon.
 std::optional<int> take_half_of_day(TimeText& rest) {
   TimeText after = skip_blanks(rest);
   if (after.empty() || (after.front() != 'a' && after.front() != 'p')) {

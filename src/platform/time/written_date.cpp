@@ -17,7 +17,7 @@ bool is_name(std::string_view text, std::string_view name) {
   return std::ranges::equal(text, name, {}, {}, to_lower);
 }
 
-/// A weekday is known by its first three letters, whatever letters follow.
+/// The first three letters decide the weekday. Any letters may follow.
 std::optional<int> take_weekday(TimeText& rest) {
   if (rest.empty() || is_digit(rest.front())) {
     return std::nullopt;
@@ -31,7 +31,7 @@ std::optional<int> take_weekday(TimeText& rest) {
   return weekday;
 }
 
-/// A month's name, whole or its first three letters, as 1 to 12.
+/// A month's full name or its first three letters, as 1 to 12.
 std::optional<int> take_month_name(TimeText& rest) {
   const std::string_view word = rest.substr(0, count_letters(rest));
   for (size_t month = 0; month < month_names.size(); ++month) {
@@ -63,7 +63,7 @@ std::optional<int> take_day_with_suffix(TimeText& rest) {
   return day;
 }
 
-/// A year behind "Mar 5" or "5 March".
+/// A year after "Mar 5" or "5 March".
 void take_year_behind(TimeText& rest, WrittenDate& date) {
   TimeText after = rest;
   if (!take_separators(after)) {
@@ -76,7 +76,7 @@ void take_year_behind(TimeText& rest, WrittenDate& date) {
   }
 }
 
-/// "Mar 5", "5th March", each with or without a year behind.
+/// "Mar 5", "5th March", with or without a year after it.
 bool take_named_date(TimeText& rest, WrittenDate& date) {
   TimeText after = rest;
   if ((date.month = take_month_name(after))) {
@@ -127,7 +127,7 @@ bool take_numeric_date(TimeText& rest, WrittenDate& date) {
   return true;
 }
 
-/// A letter and its number, as in "m3", blanks allowed around the number.
+/// A letter and its number, as in "m3". Blanks may stand before and after the number.
 std::optional<int> take_key_part(TimeText& rest, std::string_view letter, size_t shortest,
                                  size_t longest) {
   TimeText after = rest;
@@ -167,7 +167,7 @@ bool take_key_date(TimeText& rest, WrittenDate& date) {
   return true;
 }
 
-/// A number of one or two digits that a clock follows.
+/// A number of one or two digits before a clock.
 bool take_bare_day(TimeText& rest, WrittenDate& date) {
   TimeText after = rest;
   date.day = take_number(after, 1, 2);
