@@ -8,7 +8,10 @@
 /// was such an item. Arms the watchdog, and cancels it at the end.
 bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules);
 
-/// Resolves subschedules level by level, down to ten levels. Deeper ones stay as plain items, with
-/// a warning on standard error; so does a schedule that names itself. Cancels the watchdog at the
-/// end.
+/// Levels of schedules in schedules that a run patches in.
+inline constexpr int most_subschedule_levels = 10;
+
+/// Resolves subschedules level by level, as many as `most_subschedule_levels`. Deeper ones stay as
+/// plain items, with a warning on standard error; so does a schedule that names itself. Cancels the
+/// watchdog at the end.
 void patch_all_subschedules(Schedule& schedule);
