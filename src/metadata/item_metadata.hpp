@@ -4,6 +4,7 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -32,6 +33,11 @@ OpenedMetadata open_item_metadata(const ScheduleItem& item);
 
 /// What the entries of a set (or null) say of the item; `announce` stays unknown unless they do.
 ItemMetadata extract_item_metadata(const MetadataSet& set);
+
+/// The path of the file that gave the last entry of that name its value, such as the media file or
+/// its sidecar. Empty when the metadata library does not say it, or the set (or null) has no such
+/// entry.
+std::string source_of_entry(const MetadataSet& set, std::string_view name);
 
 /// Whether an item is announced: a block as it says itself, any other as its metadata says or, when
 /// that says nothing, if it has an event id, a label or a video or audio file and is no default
