@@ -19,19 +19,13 @@ struct GuideChannel {
   int line = 0;           ///< of its section
 };
 
-/// A mistake in a configuration.
-struct ConfigMistake {
-  int line;
-  std::string text;
-};
-
 /// Sections as INI files have them, one a channel:
 ///   [kbt1.example]
 ///   name = Kelmouth Bay
 /// Lines that begin with "#" or ";" are comments, and so is what stands behind a blank and one of
-/// those. Nothing, with `mistake`, when something in it is wrong.
+/// those. Nothing when something in it is wrong; `error` is then "LINE: TEXT".
 std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& content,
-                                                            ConfigMistake& mistake);
+                                                            std::string& error);
 
 /// What is wrong with the channel's folder, schedule or zone on this machine; empty: nothing.
 std::string complaint_about_channel(const GuideChannel& channel);
