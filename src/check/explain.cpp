@@ -1,9 +1,6 @@
 #include "check/explain.hpp"
 
-#include <fcntl.h>
-
 #include <charconv>
-#include <cstring>
 #include <ctime>
 #include <string_view>
 #include <utility>
@@ -11,14 +8,11 @@
 
 #include "check/finding.hpp"
 #include "check/schedule_source.hpp"
-#include "check/source_text.hpp"
 #include "check/story.hpp"
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
-#include "platform/syntax/text.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/clock.hpp"
-#include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/time/local_text.hpp"
 #include "platform/time/parse_time.hpp"
@@ -60,31 +54,14 @@ std::string announce_rule(const ItemMetadata& metadata, const ScheduleItem& item
              : "no: without label and event id, and its file type is " + type;
 }
 
-/// Whether the sidecar of the media file gives the name a value.
-bool is_in_sidecar(const std::string& media, std::string_view name) {
-  const FileDescriptor file = open_regular_file(AT_FDCWD, (media + ".metadata").c_str());
-  const std::optional<std::string> content =
-      file.is_open() ? read_content(file.get()) : std::nullopt;
-  if (!content) {
-    return false;
-  }
-  const SourceText sidecar(*content);
-  for (int64_t line = 1; line <= sidecar.line_count(); ++line) {
-    std::string_view text = sidecar.line(line);
-    chomp(text);
-    const auto pair = divide_name_equ_value_pair(text);
-    if (pair && pair->name == name) {
-      return true;
-    }
-  }
-  return false;
-}
-
-std::string source_of(const ScheduleItem& item, std::string_view name) {
+/// What gave the entry of that name its value: the play log, or a file if the metadata library
+/// knows which.
+std::string source_of(const ScheduleItem& item, const MetadataSet& set, std::string_view name) {
   if (!item.metadata.empty()) {
     return "play.log";
   }
-  return is_in_sidecar(item.item, name) ? item.item + ".metadata" : item.item;
+  const std::string source = source_of_entry(set, name);
+  return source.empty() ? "the metadata library" : source;
 }
 
 template <typename Row>
@@ -157,7 +134,7 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
         {"summary", metadata.summary},
         {"rating", metadata.rating}}) {
     if (!value.empty()) {
-      append_line(out, name, quoted(value) + ", of " + source_of(item, name));
+      append_line(out, name, quoted(value) + ", of " + source_of(item, opened.set, name));
     }
   }
   const bool is_announced = derive_announce(metadata, item) > 0;

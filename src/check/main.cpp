@@ -68,9 +68,9 @@ int main(int argc, char** argv) {
     found.push_back(zone);
   }
   for (const std::string& file : command->files) {
-    bool is_read = false;
-    found.push_back(check_schedule_file(file, command->options, is_read));
-    status = is_read ? status : could_not_check;
+    if (!check_schedule_file(file, command->options, found.emplace_back())) {
+      status = could_not_check;
+    }
   }
   for (const FileReports& file : found) {
     if (counts(file, command->strict) && status == EXIT_SUCCESS) {

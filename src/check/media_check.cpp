@@ -20,7 +20,9 @@
 #include "metadata/item_metadata.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/system/messages.hpp"
+#include "schedule/schedule_file_type.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/subschedules.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {
@@ -42,6 +44,12 @@ bool has_control_character(std::string_view text) {
     return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
   });
 }
+
+/// What the checker keeps of a file's metadata.
+struct KnownMetadata {
+  ItemMetadata metadata;
+  bool is_schedule = false;
+};
 
 class MediaCheck {
  public:
@@ -103,7 +111,7 @@ class MediaCheck {
     item.item = path;
     const OpenedMetadata opened = open_item_metadata(item);
     check_metadata(path, opened.set, place);
-    if (find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) != nullptr) {
+    if (is_schedule_file(opened.set)) {
       names_schedules_ = true;
       check_subschedule(path, {status.st_dev, status.st_ino}, place);
     }
@@ -194,7 +202,8 @@ class MediaCheck {
   /// no unit goes into `without_unit`.
   bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above,
                   std::string& without_unit) {
-    constexpr size_t most_levels = 11;
+    // A schedule one level deeper stays unread, but what it names may lead back as well.
+    constexpr size_t most_levels = most_subschedule_levels + 1;
     if (std::ranges::find(above, id) != above.end()) {
       return true;
     }
@@ -219,11 +228,7 @@ class MediaCheck {
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
       return false;
     }
-    ScheduleItem item;
-    item.item = path;
-    const OpenedMetadata opened = open_item_metadata(item);
-    return find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) !=
-               nullptr &&
+    return is_schedule_file(path) &&
            leads_back(path, {status.st_dev, status.st_ino}, above, without_unit);
   }
 
@@ -234,11 +239,11 @@ class MediaCheck {
     item.event_id = section.text_of(ScheduleKey::event_id);
     const auto [known, is_new] = metadata_.try_emplace(item.item);
     if (is_new) {
-      known->second = extract_item_metadata(open_item_metadata(item).set);
+      const OpenedMetadata opened = open_item_metadata(item);
+      known->second = {extract_item_metadata(opened.set), is_schedule_file(opened.set)};
     }
-    const ItemMetadata& metadata = known->second;
-    if (derive_announce(metadata, item) > 0 ||
-        find_schedule_type_of_mime_type(metadata.file_type) != nullptr) {
+    const auto& [metadata, is_schedule] = known->second;
+    if (derive_announce(metadata, item) > 0 || is_schedule) {
       return;
     }
     const bool is_named = !item.label.empty() || !item.event_id.empty();
@@ -262,7 +267,7 @@ class MediaCheck {
   std::map<FileId, size_t> seen_schedules_;  ///< with the level at which each was seen
   bool names_schedules_ = false;
   bool can_be_patched_in_ = true;
-  std::map<std::string, ItemMetadata> metadata_;
+  std::map<std::string, KnownMetadata> metadata_;
 };
 
 }  // namespace

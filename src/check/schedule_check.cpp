@@ -13,15 +13,13 @@
 #include "platform/system/messages.hpp"
 #include "schedule/watchdog.hpp"
 
-FileReports check_schedule_file(const std::string& file, const CheckOptions& options,
-                                bool& is_read) {
-  FileReports found{file, {}};
+bool check_schedule_file(const std::string& file, const CheckOptions& options, FileReports& found) {
+  found = {file, {}};
   Report failure{};
   std::optional<ScheduleSource> source = read_schedule_source(file, failure);
-  is_read = source.has_value();
   if (!source) {
     found.reports.push_back(std::move(failure));
-    return found;
+    return false;
   }
   // What the passes say on standard error is found here too, with its lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
@@ -37,5 +35,5 @@ FileReports check_schedule_file(const std::string& file, const CheckOptions& opt
   }
   cancel_watchdog();
   sort_reports(found);
-  return found;
+  return true;
 }

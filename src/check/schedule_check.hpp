@@ -10,7 +10,6 @@ struct CheckOptions {
   time_t report_time = 0;  ///< calendar time
 };
 
-/// Checks the schedule file; "-" is standard input. `is_read` becomes false when it cannot be read,
-/// which is a finding too.
-FileReports check_schedule_file(const std::string& file, const CheckOptions& options,
-                                bool& is_read);
+/// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False
+/// when the file cannot be read; `found` then says why.
+bool check_schedule_file(const std::string& file, const CheckOptions& options, FileReports& found);

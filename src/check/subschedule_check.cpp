@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <utility>
 
 #include "check/time_advice.hpp"
-#include "metadata/item_metadata.hpp"
+#include "schedule/schedule_file_type.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/subschedules.hpp"
@@ -144,11 +145,9 @@ class SubscheduleCheck : public PassObserver {
   bool is_schedule(const ScheduleItem& item) {
     const auto [known, is_new] = known_.emplace(item.item, false);
     if (is_new) {
-      const OpenedMetadata opened = open_item_metadata(item);
-      Schedule schedule;
+      const auto schedule = std::make_unique<Schedule>();
       known->second =
-          find_schedule_type_of_mime_type(extract_item_metadata(opened.set).file_type) != nullptr &&
-          read_schedule_file(schedule, item.item.c_str());
+          is_schedule_file(item.item) && read_schedule_file(*schedule, item.item.c_str());
     }
     return known->second;
   }

@@ -138,25 +138,29 @@ class ConfigParser {
   std::set<std::string> keys_;
 };
 
+std::string at_line(int line, const std::string& text) {
+  return std::to_string(line) + ": " + text;
+}
+
 }  // namespace
 
 std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& content,
-                                                            ConfigMistake& mistake) {
+                                                            std::string& error) {
   ConfigParser parser;
   for (std::string_view rest = content; !rest.empty();) {
-    if (std::string text = parser.take_line(take_line(rest)); !text.empty()) {
-      mistake = {parser.line(), std::move(text)};
+    if (const std::string text = parser.take_line(take_line(rest)); !text.empty()) {
+      error = at_line(parser.line(), text);
       return std::nullopt;
     }
   }
   for (GuideChannel& channel : parser.channels()) {
     channel.name = channel.name.empty() ? channel.id : channel.name;
-    if (std::string text = complaint_about_keys(channel); !text.empty()) {
-      mistake = {channel.line, std::move(text)};
+    if (const std::string text = complaint_about_keys(channel); !text.empty()) {
+      error = at_line(channel.line, text);
       return std::nullopt;
     }
     if (!is_known_zone(channel.zone)) {
-      mistake = {channel.line, "the machine knows no zone '" + channel.zone + "'"};
+      error = at_line(channel.line, "the machine knows no zone '" + channel.zone + "'");
       return std::nullopt;
     }
   }

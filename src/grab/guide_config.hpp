@@ -19,19 +19,14 @@ struct GuideChannel {
   int line = 0;           ///< line number of its section
 };
 
-/// A mistake in a configuration.
-struct ConfigMistake {
-  int line;
-  std::string text;
-};
-
 /// The configuration is like an INI file, with one section for each channel:
 ///   [kbt1.example]
 ///   name = Kelmouth Bay
 /// Lines that begin with "#" or ";" are comments. In other lines a comment begins with a blank and
-/// one of these characters. Nothing, with `mistake`, when the configuration is not valid.
+/// one of these characters. Nothing when the configuration is not valid; `error` is then
+/// "LINE: TEXT".
 std::optional<std::vector<GuideChannel>> parse_guide_config(const std::string& content,
-                                                            ConfigMistake& mistake);
+                                                            std::string& error);
 
 /// What is wrong with the channel's folder, schedule or zone on this machine. Empty if nothing is.
 std::string complaint_about_channel(const GuideChannel& channel);

@@ -35,10 +35,10 @@ std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command)
          std::string(std::strerror(errno)) + "; --configure asks for the channels");
     return std::nullopt;
   }
-  ConfigMistake mistake{};
-  auto channels = parse_guide_config(*content, mistake);
+  std::string error;
+  auto channels = parse_guide_config(*content, error);
   if (!channels) {
-    fail(command.config_file + ":" + std::to_string(mistake.line), mistake.text);
+    std::fprintf(stderr, "tv_grab_nv8x: %s:%s\n", command.config_file.c_str(), error.c_str());
     return std::nullopt;
   }
   if (!command.channel.empty()) {

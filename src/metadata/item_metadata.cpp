@@ -107,3 +107,17 @@ int32_t derive_announce(const ItemMetadata& metadata, const ScheduleItem& item) 
   }
   return !item.is_default && is_announced_by_itself(metadata, item) ? 1 : 0;
 }
+
+std::string source_of_entry(const MetadataSet& set, std::string_view name) {
+  if (metadata_v4_metadata_context_read_entry_source == nullptr || set == nullptr) {
+    return std::string();
+  }
+  for (int32_t index = set->entry_count; index-- > 0;) {
+    const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set.get(), index);
+    if (entry != nullptr && is_whole(*entry) && entry->name == name) {
+      const char* source = metadata_v4_metadata_context_read_entry_source(set.get(), index);
+      return source != nullptr ? source : std::string();
+    }
+  }
+  return std::string();
+}

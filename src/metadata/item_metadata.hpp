@@ -4,6 +4,7 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -32,6 +33,11 @@ OpenedMetadata open_item_metadata(const ScheduleItem& item);
 
 /// Reads the known entries of a set, which may be null. `announce` stays -1 when no entry sets it.
 ItemMetadata extract_item_metadata(const MetadataSet& set);
+
+/// The path of the file that gave the last entry of that name its value, such as the media file or
+/// its sidecar. Empty when the metadata library does not say it, or the set (or null) has no such
+/// entry.
+std::string source_of_entry(const MetadataSet& set, std::string_view name);
 
 /// Whether an item is announced, 0 or 1. A block decides for itself. For other items the metadata
 /// decides. If it says nothing, an item is announced when it has an event id, a label or a video or

@@ -69,6 +69,12 @@ const metadata_v4_entry* metadata_v4_metadata_context_read_entry(metadata_v4_met
 const char* metadata_v4_metadata_context_read_group_name(metadata_v4_metadata_context* set,
                                                          int32_t group);
 
+/* Optional: a library may leave it out, and its address is null then. The path of the file that
+ * holds the entry at an index, or null when the library does not know. Valid until the next call on
+ * the set. */
+__attribute__((weak)) const char* metadata_v4_metadata_context_read_entry_source(
+    metadata_v4_metadata_context* set, int32_t index);
+
 metadata_v4_metadata_context* metadata_v4_metadata_context_destroy(
     metadata_v4_metadata_context* set);
 

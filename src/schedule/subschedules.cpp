@@ -3,50 +3,29 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <utility>
 
-#include "platform/metadata_handles.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/messages.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
+#include "schedule/schedule_file_type.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {
 
-/// The last ungrouped "file type" of the file's metadata.
-std::string file_type_of(const std::string& path) {
-  const Activity activity("reading the metadata of", path.c_str());
-  std::string file_type;
-  if (const FileContext context = bind_file_context(path.c_str())) {
-    const MetadataSet set = read_metadata_set(context);
-    for_each_entry(set, [&](const metadata_v4_entry& entry) {
-      if (is_whole(entry) && entry.name == std::string_view("file type") &&
-          group_name(set, entry) == nullptr) {
-        file_type = entry.value;
-      }
-    });
-  }
-  return file_type;
-}
-
 /// Which paths of a schedule are schedule files; each is asked for once.
 using KnownPaths = std::unordered_map<std::string, bool>;
 
-/// The type only marks the file as a schedule; what kind it is, the file itself says.
-bool is_schedule_file(const std::string& path, KnownPaths& known_paths) {
-  const auto known = known_paths.find(path);
-  if (known != known_paths.end()) {
-    return known->second;
+bool is_known_schedule(const std::string& path, KnownPaths& known_paths) {
+  const auto [known, is_new] = known_paths.try_emplace(path, false);
+  if (is_new) {
+    known->second = is_schedule_file(path);
   }
-  const bool is_schedule =
-      !path.empty() && find_schedule_type_of_mime_type(file_type_of(path)) != nullptr;
-  known_paths.emplace(path, is_schedule);
-  return is_schedule;
+  return known->second;
 }
 
 /// The length of the outer schedule's unit, by its type.
@@ -198,7 +177,7 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
   KnownPaths known_paths;
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
-    if (!is_schedule_file(it->second.item, known_paths)) {
+    if (!is_known_schedule(it->second.item, known_paths)) {
       ++it;
       continue;
     }
@@ -212,9 +191,8 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
 }
 
 void patch_all_subschedules(Schedule& schedule) {
-  constexpr int most_levels = 10;
   PreparedSubschedules subschedules;
-  for (int level = 0; level < most_levels; ++level) {
+  for (int level = 0; level < most_subschedule_levels; ++level) {
     if (!patch_in_subschedules(schedule, subschedules)) {
       return;
     }

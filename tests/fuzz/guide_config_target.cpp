@@ -1,6 +1,7 @@
 // The grabber's configuration, read, and written as --configure does.
 
 #include <algorithm>
+#include <cstdlib>
 #include <set>
 #include <string>
 #include <vector>
@@ -29,8 +30,8 @@ void require_sound(const std::vector<GuideChannel>& channels) {
 }
 
 void require_read_back(const std::vector<GuideChannel>& channels) {
-  ConfigMistake mistake{};
-  const auto again = parse_guide_config(text_of_guide_config(channels), mistake);
+  std::string error;
+  const auto again = parse_guide_config(text_of_guide_config(channels), error);
   require(again && std::ranges::equal(channels, *again, are_equal),
           "a configuration that is written is read back as it was");
 }
@@ -54,12 +55,15 @@ void try_as_value(std::string_view text) {
 void run_target(std::string_view input) {
   const std::string content(input);
   try_as_value(input.substr(0, input.find('\n')));
-  ConfigMistake mistake{};
-  const auto channels = parse_guide_config(content, mistake);
+  std::string error;
+  const auto channels = parse_guide_config(content, error);
   if (!channels) {
     const auto lines = std::ranges::count(content, '\n') + 1;
-    require(mistake.line >= 1 && mistake.line <= lines, "a mistake is on a line of the file");
-    require(!mistake.text.empty(), "a mistake has a text");
+    char* behind_line = nullptr;
+    const long line = std::strtol(error.c_str(), &behind_line, 10);
+    const std::string_view text = behind_line;
+    require(line >= 1 && line <= lines, "a mistake is on a line of the file");
+    require(text.starts_with(": ") && text.size() > 2, "a mistake has a text");
     return;
   }
   require_sound(*channels);

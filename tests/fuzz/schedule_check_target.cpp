@@ -21,10 +21,10 @@ void require_place(const Place& place, int64_t lines) {
 void run_target(std::string_view input) {
   static const ScratchFolder folder;
   folder.write("channel.schedule", input);
-  bool is_read = false;
-  const FileReports found = check_schedule_file(
-      folder.path() + "/channel.schedule", {.media = false, .report_time = report_time}, is_read);
-  require(is_read, "a file that is there is read");
+  FileReports found;
+  require(check_schedule_file(folder.path() + "/channel.schedule",
+                              {.media = false, .report_time = report_time}, found),
+          "a file that is there is read");
   const auto lines = std::ranges::count(input, '\n') + 1;
   Place last;
   for (const Report& report : found.reports) {

@@ -59,6 +59,7 @@ std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std:
   }
   remove_replaced(*tags, *metadata);
   std::ranges::move(*tags, std::back_inserter(own));
+  metadata->own_entries = own.size();
   metadata->entries.insert(metadata->entries.begin(), std::move_iterator(own.begin()),
                            std::move_iterator(own.end()));
   return metadata;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -18,6 +19,7 @@ struct MetadataEntry {
 
 struct FileMetadata {
   std::vector<MetadataEntry> entries;
+  size_t own_entries = 0;  ///< the first of them are of the file itself, the rest of its sidecar
   std::vector<std::string> groups;
 };
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/media/file_metadata.hpp"
+#include "platform/media/sidecar.hpp"
 #include "platform/metadata_v4.h"
 #include "platform/syntax/text.hpp"
 #include "platform/system/file.hpp"
@@ -25,6 +26,7 @@ using Directory = std::shared_ptr<const FileDescriptor>;
 /// What the run knows of one path. A schedule airs the same clip hundreds of times. Each path is
 /// looked up once in a table and read once from the disk.
 struct KnownFile {
+  std::string_view path;
   std::string name;
   std::weak_ptr<const FileDescriptor> directory;
   bool is_read = false;
@@ -88,7 +90,8 @@ KnownFile& known_file(std::string_view path) {
   if (known != files.end()) {
     return known->second;
   }
-  KnownFile& file = files[std::string(path)];
+  auto& [key, file] = *files.try_emplace(std::string(path)).first;
+  file.path = key;
   file.name = file_name_of(path);
   return file;
 }
@@ -105,8 +108,10 @@ struct MetadataSet : metadata_v4_metadata_context {
   MetadataSet() : metadata_v4_metadata_context{0} {}
 
   std::shared_ptr<const FileMetadata> file;
+  std::string_view path;  ///< of that file
   std::vector<std::unique_ptr<const MetadataEntry>> added;
   metadata_v4_entry entry_read{};
+  std::string source_read;
 };
 
 const std::shared_ptr<const FileMetadata>& metadata_of(const FileContext& context) {
@@ -190,13 +195,15 @@ int metadata_v4_metadata_context_add_name_value_pair(metadata_v4_metadata_contex
 metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4_context* context,
                                                                      int /*flags*/,
                                                                      void* /*reserved*/) {
-  const auto& file = metadata_of(*as_file_context(context));
+  const FileContext& own = *as_file_context(context);
+  const auto& file = metadata_of(own);
   if (!file) {
     return nullptr;
   }
   auto* set = new (std::nothrow) MetadataSet();
   if (set != nullptr) {
     set->file = file;
+    set->path = own.file->path;
     set->entry_count = static_cast<int32_t>(file->entries.size());
   }
   return set;
@@ -220,6 +227,19 @@ const char* metadata_v4_metadata_context_read_group_name(metadata_v4_metadata_co
     return nullptr;
   }
   return own.file->groups[static_cast<size_t>(group)].c_str();
+}
+
+const char* metadata_v4_metadata_context_read_entry_source(metadata_v4_metadata_context* set,
+                                                           int32_t index) {
+  MetadataSet& own = *as_metadata_set(set);
+  if (!own.file || entry_at(own, index) == nullptr) {
+    return nullptr;
+  }
+  own.source_read = own.path;
+  if (static_cast<size_t>(index) >= own.file->own_entries) {
+    own.source_read += sidecar_suffix;
+  }
+  return own.source_read.c_str();
 }
 
 metadata_v4_metadata_context* metadata_v4_metadata_context_destroy(

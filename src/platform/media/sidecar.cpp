@@ -96,7 +96,7 @@ class SidecarLines {
 }  // namespace
 
 FileMetadata read_sidecar(int directory, const std::string& media_name) {
-  const std::string name = media_name + ".metadata";
+  const std::string name = media_name + std::string(sidecar_suffix);
   const FileDescriptor file = open_optional_file(directory, name.c_str());
   if (!file.is_open()) {
     return {};

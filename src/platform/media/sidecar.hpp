@@ -1,8 +1,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/media/file_metadata.hpp"
+
+/// A sidecar's name is that of its media file with this behind it.
+inline constexpr std::string_view sidecar_suffix = ".metadata";
 
 /// The entries of a media file's sidecar, `NAME.metadata` beside it. It has lines "name = value",
 /// comments with "#", "[group]" before the entries of a group and "[]" after them. Empty when there
