@@ -65,7 +65,7 @@ constexpr std::array<CheckOption, 10> options = {{
      }},
     {{"max", "N", "print at most N findings of a file (100)"},
      [](CheckCommand& command, const char* value) {
-       return parse_whole_number(value, command.most) || refuse("no number:", value);
+       return parse_whole_number(value, command.max_findings) || refuse("no number:", value);
      }},
     {{"no-media", nullptr, "leave media files alone"},
      [](CheckCommand& command, const char*) {

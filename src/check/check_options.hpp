@@ -12,7 +12,7 @@ struct CheckCommand {
   CheckOptions options;
   bool json = false;
   bool strict = false;                ///< warnings count too
-  size_t most = 100;                  ///< findings of a file that are printed
+  size_t max_findings = 100;          ///< findings of a file that are printed
   std::optional<std::string> moment;  ///< of --explain
   std::vector<std::string> files;
 };

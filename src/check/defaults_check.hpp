@@ -14,8 +14,8 @@
 class DefaultsCheck {
  public:
   DefaultsCheck(WrittenSchedule& written, bool with_media, TypeCheck& types,
-                std::vector<Report>& reports)
-      : written_(written), with_media_(with_media), types_(types), reports_(reports) {}
+                std::vector<Finding>& findings)
+      : written_(written), with_media_(with_media), types_(types), findings_(findings) {}
 
   /// A global default that took effect.
   void take_global_default(const SchedulePart& part);
@@ -35,7 +35,7 @@ class DefaultsCheck {
   WrittenSchedule& written_;
   bool with_media_;
   TypeCheck& types_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   bool is_foreign_ = false;  ///< the section's name is of another type than the schedule's
   std::optional<Place> global_default_;
   std::map<size_t, Place> defaults_;  ///< by slot
@@ -43,4 +43,4 @@ class DefaultsCheck {
 
 /// What is wrong with a line of a defaults section that is of no effect, in a schedule of that
 /// type.
-Report report_on_unused_default(const SchedulePart& part, std::string_view schedule_type);
+Finding finding_for_unused_default(const SchedulePart& part, std::string_view schedule_type);

@@ -213,7 +213,7 @@ std::string story_of(const Schedule& schedule, Story& story, time_t t, const std
 
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
                                           const CheckOptions& options, std::string& error) {
-  Report failure{};
+  Finding failure{};
   const std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   if (!source) {
     error = failure.text;

@@ -11,7 +11,7 @@
 enum class Severity { error, warning, note };
 
 /// What the checker can find.
-enum class Finding {
+enum class FindingKind {
   unreadable,
   link,
   byte_order_mark,
@@ -74,12 +74,12 @@ enum class Finding {
 };
 
 struct FindingInfo {
-  Finding finding;
+  FindingKind kind;
   std::string_view id;  ///< as printed
   Severity severity;
 };
 
-const FindingInfo& info_of(Finding finding);
+const FindingInfo& info_of(FindingKind kind);
 
 /// A place in a file: lines and columns from 1, columns in bytes.
 struct Place {
@@ -92,28 +92,28 @@ struct Note {
   std::string text;
 };
 
-struct Report {
-  Finding finding;
+struct Finding {
+  FindingKind kind;
   Place place;
   std::string text;
   std::vector<Note> notes = {};
 };
 
 /// What was found in one file.
-struct FileReports {
+struct FileFindings {
   std::string file;
-  std::vector<Report> reports;
+  std::vector<Finding> findings;
 };
 
 /// Sorts them by their places; of several at one place with one text the first stays.
-void sort_reports(FileReports& file);
+void sort_findings(FileFindings& file);
 
-/// In the form of compilers, at most `most` of the file and then a line with the count of the rest:
-/// FILE:LINE:COLUMN: error: TEXT [id]
-std::string text_of(const FileReports& file, size_t most);
+/// In the form of compilers, at most `max_findings` of the file and then a line with the count of
+/// the rest: FILE:LINE:COLUMN: error: TEXT [id]
+std::string text_of(const FileFindings& file, size_t max_findings);
 
 /// One array of objects for all files.
-std::string json_of(std::span<const FileReports> files);
+std::string json_of(std::span<const FileFindings> files);
 
 /// The text as a terminal can show it: what is no printable character is written as \xNN, a byte
 /// each.

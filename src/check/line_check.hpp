@@ -9,4 +9,4 @@
 /// Reads the source of the file into its schedule and finds what its lines and sections do not say,
 /// or not as they were meant; `with_media` looks whether the files are there where that matters.
 void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
-                          std::vector<Report>& reports);
+                          std::vector<Finding>& findings);

@@ -8,4 +8,4 @@
 
 /// Puts the schedule in order as a run does, up to the announced blocks, and finds what that takes
 /// from what is written. The unit is that of the report time (calendar time).
-void check_passes(WrittenSchedule& written, time_t report_time, std::vector<Report>& reports);
+void check_passes(WrittenSchedule& written, time_t report_time, std::vector<Finding>& findings);

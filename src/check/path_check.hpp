@@ -12,4 +12,4 @@ size_t comment_behind_path(std::string_view path);
 
 /// Finds such a comment in the path at that place, unless `with_media` and a file has that name.
 void check_path(const std::string& path, Place place, bool with_media,
-                std::vector<Report>& reports);
+                std::vector<Finding>& findings);

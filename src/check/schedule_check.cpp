@@ -13,29 +13,29 @@
 #include "platform/system/messages.hpp"
 #include "schedule/watchdog.hpp"
 
-FileReports check_schedule_file(const std::string& file, const CheckOptions& options,
-                                bool& is_read) {
-  FileReports found{file, {}};
-  Report failure{};
+FileFindings check_schedule_file(const std::string& file, const CheckOptions& options,
+                                 bool& is_read) {
+  FileFindings found{file, {}};
+  Finding failure{};
   std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   is_read = source.has_value();
   if (!source) {
-    found.reports.push_back(std::move(failure));
+    found.findings.push_back(std::move(failure));
     return found;
   }
   // What the passes say on standard error is found here too, with its lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   arm_watchdog();  // no sooner: standard input may take its time
   WrittenSchedule written(std::move(source->content));
-  check_bytes(written.source, found.reports);
+  check_bytes(written.source, found.findings);
   if (!is_hopeless(written.source)) {
-    read_and_check_lines(written, file, options.media, found.reports);
-    check_passes(written, options.report_time, found.reports);
-    if (options.media && check_media(written, source->id, found.reports)) {
-      check_subschedules(written, found.reports);
+    read_and_check_lines(written, file, options.media, found.findings);
+    check_passes(written, options.report_time, found.findings);
+    if (options.media && check_media(written, source->id, found.findings)) {
+      check_subschedules(written, found.findings);
     }
   }
   cancel_watchdog();
-  sort_reports(found);
+  sort_findings(found);
   return found;
 }

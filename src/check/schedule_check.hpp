@@ -12,5 +12,5 @@ struct CheckOptions {
 
 /// Checks the schedule file; "-" is standard input. `is_read` becomes false when it cannot be read,
 /// which is a finding too.
-FileReports check_schedule_file(const std::string& file, const CheckOptions& options,
-                                bool& is_read);
+FileFindings check_schedule_file(const std::string& file, const CheckOptions& options,
+                                 bool& is_read);

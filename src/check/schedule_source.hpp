@@ -20,4 +20,4 @@ struct ScheduleSource {
 
 /// Reads the file; "-" and "/dev/stdin" are standard input. Nothing on failure, with what to say of
 /// it in `failure`.
-std::optional<ScheduleSource> read_schedule_source(const std::string& file, Report& failure);
+std::optional<ScheduleSource> read_schedule_source(const std::string& file, Finding& failure);

@@ -14,12 +14,12 @@
 class SectionCheck {
  public:
   SectionCheck(WrittenSchedule& written, bool with_media, TypeCheck& types,
-               std::vector<Report>& reports)
+               std::vector<Finding>& findings)
       : written_(written),
         with_media_(with_media),
         types_(types),
-        values_(written.schedule, reports),
-        reports_(reports) {}
+        values_(written.schedule, findings),
+        findings_(findings) {}
 
   void begin_section(const SchedulePart& part);
 
@@ -44,7 +44,7 @@ class SectionCheck {
   bool with_media_;
   TypeCheck& types_;
   ValueCheck values_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   WrittenSection section_;
-  std::map<std::string_view, size_t> misspelt_;  ///< keys, with the number of the report of each
+  std::map<std::string_view, size_t> misspelt_;  ///< keys, with the number of the finding of each
 };

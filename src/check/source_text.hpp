@@ -24,7 +24,7 @@ class SourceText {
 };
 
 /// What is wrong with a text as bytes: marks, encodings, line ends, lines that are too long.
-void check_bytes(const SourceText& source, std::vector<Report>& reports);
+void check_bytes(const SourceText& source, std::vector<Finding>& findings);
 
 /// Whether the reader can make nothing of the text, so that no more need be said.
 bool is_hopeless(const SourceText& source);

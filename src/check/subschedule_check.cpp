@@ -17,8 +17,8 @@ namespace {
 
 class SubscheduleCheck : public PassObserver {
  public:
-  SubscheduleCheck(WrittenSchedule& written, std::vector<Report>& reports)
-      : written_(written), reports_(reports) {}
+  SubscheduleCheck(WrittenSchedule& written, std::vector<Finding>& findings)
+      : written_(written), findings_(findings) {}
 
   void check() {
     Schedule& schedule = written_.schedule;
@@ -95,9 +95,9 @@ class SubscheduleCheck : public PassObserver {
     return {};
   }
 
-  void add(Finding finding, const Root& root, const std::string& text) {
-    if (reported_.emplace(root.place.line, finding).second) {
-      reports_.push_back({finding, root.place, text, {}});
+  void add(FindingKind kind, const Root& root, const std::string& text) {
+    if (reported_.emplace(root.place.line, kind).second) {
+      findings_.push_back({kind, root.place, text, {}});
     }
   }
 
@@ -113,11 +113,11 @@ class SubscheduleCheck : public PassObserver {
     const std::string schedule = "the schedule " + quoted(filling_.path);
     const std::string end = written_end(filling_.end, type);
     if (filling_.filled_to == 0) {
-      add(Finding::wraparound, *root,
+      add(FindingKind::wraparound, *root,
           "nothing of " + schedule + " airs here, from " + written_position(filling_.start, type) +
               " to " + end + ": the ends of its items fall together with their starts");
     } else if (filling_.is_wrapped_around) {
-      add(Finding::wraparound, *root,
+      add(FindingKind::wraparound, *root,
           schedule + " airs only to the end of its unit, " + written_end(rest, type) +
               ", and not to " + end + "; write an item for each of its units");
     }
@@ -134,7 +134,7 @@ class SubscheduleCheck : public PassObserver {
     for (const auto& [start, item] : written_.schedule.schedule) {
       const Root* root = root_at(start);
       if (root != nullptr && !item.is_block && is_schedule(item)) {
-        add(Finding::too_deep, *root,
+        add(FindingKind::too_deep, *root,
             "the schedule " + quoted(root->path) + " leads more than ten levels deep: " +
                 quoted(item.item) + " stays unread, and nothing in it airs");
       }
@@ -154,9 +154,9 @@ class SubscheduleCheck : public PassObserver {
   }
 
   WrittenSchedule& written_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   std::map<uint64_t, Root> roots_;  ///< by start
-  std::set<std::pair<int64_t, Finding>> reported_;
+  std::set<std::pair<int64_t, FindingKind>> reported_;
   std::map<std::string, bool> known_;  ///< which paths are those of schedules
   Filling filling_;
   bool is_last_level_reached_ = false;
@@ -164,6 +164,6 @@ class SubscheduleCheck : public PassObserver {
 
 }  // namespace
 
-void check_subschedules(WrittenSchedule& written, std::vector<Report>& reports) {
-  SubscheduleCheck(written, reports).check();
+void check_subschedules(WrittenSchedule& written, std::vector<Finding>& findings) {
+  SubscheduleCheck(written, findings).check();
 }

@@ -7,4 +7,4 @@
 
 /// Patches in the schedules that items name, as a run does, and finds what is lost on the way. To
 /// be called behind check_passes, where check_media says that it can be done.
-void check_subschedules(WrittenSchedule& written, std::vector<Report>& reports);
+void check_subschedules(WrittenSchedule& written, std::vector<Finding>& findings);

@@ -69,7 +69,8 @@ std::vector<Word> words_of(std::string_view text) {
   return words;
 }
 
-std::string with(std::string_view text, const Word& word, std::string_view replacement) {
+std::string with_word_replaced(std::string_view text, const Word& word,
+                               std::string_view replacement) {
   return std::string(text.substr(0, word.offset)) + std::string(replacement) +
          std::string(text.substr(word.offset + word.text.size()));
 }
@@ -83,7 +84,7 @@ std::optional<TimeAdvice> advise_on_comment(std::string_view text) {
   if (mark == std::string_view::npos || !is_time(strip_blanks(text.substr(0, mark)))) {
     return std::nullopt;
   }
-  return TimeAdvice{Finding::comment_behind_value, mark,
+  return TimeAdvice{FindingKind::comment_behind_value, mark,
                     "a comment behind a time makes it none; give the comment a line of its own"};
 }
 
@@ -94,9 +95,9 @@ std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::ve
       name.pop_back();
     }
     for (const auto& [foreign, weekday] : foreign_weekdays) {
-      if (name == foreign && is_time(with(text, word, short_name(weekday)))) {
+      if (name == foreign && is_time(with_word_replaced(text, word, short_name(weekday)))) {
         return TimeAdvice{
-            Finding::foreign_weekday, word.offset,
+            FindingKind::foreign_weekday, word.offset,
             quoted(word.text) + " is no weekday here; write " + quoted(short_name(weekday))};
       }
     }
@@ -114,9 +115,9 @@ std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vect
     std::string number = lower_case(word.text);
     std::ranges::replace(number, 'h', '.');
     if ((looks_like_clock(number, true) || is_hour(number)) &&
-        is_time(with(text, word, clock_of(number)))) {
+        is_time(with_word_replaced(text, word, clock_of(number)))) {
       return TimeAdvice{
-          Finding::bad_time, word.offset,
+          FindingKind::bad_time, word.offset,
           quoted(word.text) + " is not understood; did you mean " + quoted(clock_of(number)) + "?"};
     }
   }
@@ -128,8 +129,8 @@ std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vect
   for (const Word& word : words) {
     if (word.text.find(':') != std::string_view::npos &&
         word.text.find_first_not_of("0123456789:.") == std::string_view::npos &&
-        !read_clock(word.text) && is_time(with(text, word, "00:00"))) {
-      return TimeAdvice{Finding::out_of_range, word.offset,
+        !read_clock(word.text) && is_time(with_word_replaced(text, word, "00:00"))) {
+      return TimeAdvice{FindingKind::out_of_range, word.offset,
                         quoted(word.text) + " is out of range: clocks run from 00:00 to 24:00"};
     }
   }
@@ -137,7 +138,7 @@ std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vect
   TimeText rest = skip_blanks(lower);
   const std::optional<WrittenDate> date = take_date(rest);
   if (date && !in_range(*date)) {
-    return TimeAdvice{Finding::out_of_range, 0,
+    return TimeAdvice{FindingKind::out_of_range, 0,
                       quoted(text) +
                           " is out of range: years run from 1900 to 9999, months to 12, "
                           "days to 31"};
@@ -153,17 +154,17 @@ TimeAdvice advise_on_rest(std::string_view text, const std::vector<Word>& words)
   }();
   for (const Word& word : words) {
     const auto name = nearest_word(word.text, names);
-    if (name && is_time(with(text, word, *name))) {
-      return {Finding::bad_time, word.offset,
+    if (name && is_time(with_word_replaced(text, word, *name))) {
+      return {FindingKind::bad_time, word.offset,
               quoted(word.text) + " is not understood; did you mean " + quoted(*name) + "?"};
     }
   }
   for (const Word& word : words) {
-    if (is_time(strip_blanks(with(text, word, "")))) {
-      return {Finding::bad_time, word.offset, quoted(word.text) + " is not understood"};
+    if (is_time(strip_blanks(with_word_replaced(text, word, "")))) {
+      return {FindingKind::bad_time, word.offset, quoted(word.text) + " is not understood"};
     }
   }
-  return {Finding::bad_time, 0, quoted(text) + " is no time"};
+  return {FindingKind::bad_time, 0, quoted(text) + " is no time"};
 }
 
 /// The parts of a written date that a schedule of that type has no use for.
@@ -196,17 +197,17 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
       advice = "the date in a weekly schedule counts as its weekday: every " +
                std::string(weekday_names.at(static_cast<size_t>(broken_down.tm_wday)));
     }
-    return TimeAdvice{Finding::needless_date, 0, advice};
+    return TimeAdvice{FindingKind::needless_date, 0, advice};
   }
   if (type.day_name == DayName::date && date.year && *date.year < first_schedule_year) {
-    return TimeAdvice{Finding::out_of_range, 0,
+    return TimeAdvice{FindingKind::out_of_range, 0,
                       "years before " + std::to_string(first_schedule_year) + " count as " +
                           std::to_string(first_schedule_year)};
   }
   if (date.month && date.day && in_range(date)) {
     const auto month = static_cast<size_t>(*date.month) - 1;
     if (*date.day > month_lengths.at(month)) {
-      return TimeAdvice{Finding::no_such_date, 0,
+      return TimeAdvice{FindingKind::no_such_date, 0,
                         std::string(month_names.at(month)) + " has no day " +
                             std::to_string(*date.day) + "; it airs on " +
                             std::string(month_names.at((month + 1) % 12)) + " " +

@@ -9,7 +9,7 @@
 #include "platform/syntax/schedule_types.hpp"
 
 struct TimeAdvice {
-  Finding finding;
+  FindingKind kind;
   size_t offset;  ///< in the text
   std::string text;
 };

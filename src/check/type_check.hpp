@@ -10,8 +10,8 @@
 /// Checks the type lines of a schedule, and whether the type stands before what needs it.
 class TypeCheck {
  public:
-  TypeCheck(const Schedule& schedule, std::vector<Report>& reports)
-      : schedule_(schedule), reports_(reports) {}
+  TypeCheck(const Schedule& schedule, std::vector<Finding>& findings)
+      : schedule_(schedule), findings_(findings) {}
 
   /// A type line, or a defaults section whose name gave the type, that took effect.
   void take_type(Place place);
@@ -22,7 +22,7 @@ class TypeCheck {
   /// The section there has times. Called before the section's end changes the type.
   void check_timed_section(Place place);
 
-  /// A line was meant as a type line: that no type is known needs no further report.
+  /// A line was meant as a type line: that no type is known needs no further finding.
   void set_misspelt() { is_misspelt_ = true; }
 
   /// Where the type comes from, if it is known.
@@ -32,10 +32,10 @@ class TypeCheck {
   void finish();
 
  private:
-  Report report_on_unknown_type(std::string_view text, Place place) const;
+  Finding finding_for_unknown_type(std::string_view text, Place place) const;
 
   const Schedule& schedule_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   std::optional<Place> type_place_;
   std::optional<Place> first_untyped_;  ///< first section that needed a type and found none
   bool is_misspelt_ = false;

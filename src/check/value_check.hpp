@@ -12,8 +12,8 @@ std::string_view reference_at(std::string_view text);
 /// Checks the times, numbers and texts of items and blocks.
 class ValueCheck {
  public:
-  ValueCheck(const Schedule& schedule, std::vector<Report>& reports)
-      : schedule_(schedule), reports_(reports) {}
+  ValueCheck(const Schedule& schedule, std::vector<Finding>& findings)
+      : schedule_(schedule), findings_(findings) {}
 
   void check_section(const WrittenSection& section);
 
@@ -28,7 +28,7 @@ class ValueCheck {
   void check_control_characters(const WrittenValue& value);
 
   const Schedule& schedule_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   bool has_clocks_ = false;  ///< whether a time is more than a number
   std::vector<WrittenValue> bare_numbers_;
 };

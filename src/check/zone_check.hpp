@@ -6,4 +6,4 @@
 #include "check/finding.hpp"
 
 /// What is wrong with the zone in TZ: one that the machine does not know counts as UTC.
-std::vector<Report> check_zone();
+std::vector<Finding> check_zone();

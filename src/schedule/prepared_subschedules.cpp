@@ -16,7 +16,7 @@ bool read_and_complete(Schedule& schedule, const std::string& path) {
   schedule.blocks.clear();  // which, like the global default, the reader leaves as they are
   schedule.global_default.clear();
   if (!read_schedule_file(schedule, path.c_str())) {
-    fail_run_if_short("Unable to open %s: %s", path.c_str());
+    fail_run_for_shortage("Unable to open %s: %s", path.c_str());
     return false;
   }
   return complete_schedule(schedule) == nullptr;

@@ -16,18 +16,18 @@
 
 namespace {
 
-/// "LINE:COLUMN id: text" of each report, and of its notes, in the order of the file.
-std::string text_of(const std::vector<Report>& reports) {
-  FileReports file{"f", reports};
-  sort_reports(file);
+/// "LINE:COLUMN id: text" of each finding, and of its notes, in the order of the file.
+std::string text_of(const std::vector<Finding>& findings) {
+  FileFindings file{"f", findings};
+  sort_findings(file);
   std::string text;
   const auto place = [](Place at) {
     return std::to_string(at.line) + ":" + std::to_string(at.column) + " ";
   };
-  for (const Report& report : file.reports) {
+  for (const Finding& finding : file.findings) {
     text +=
-        place(report.place) + std::string(info_of(report.finding).id) + ": " + report.text + "\n";
-    for (const Note& note : report.notes) {
+        place(finding.place) + std::string(info_of(finding.kind).id) + ": " + finding.text + "\n";
+    for (const Note& note : finding.notes) {
       text += "  " + place(note.place) + note.text + "\n";
     }
   }
@@ -37,9 +37,9 @@ std::string text_of(const std::vector<Report>& reports) {
 /// The same of all lines of a schedule.
 std::string findings_in(const std::string& content) {
   WrittenSchedule written(content);
-  std::vector<Report> reports;
-  read_and_check_lines(written, "f", false, reports);
-  return text_of(reports);
+  std::vector<Finding> findings;
+  read_and_check_lines(written, "f", false, findings);
+  return text_of(findings);
 }
 
 /// The first part of a content that is of the kind.
@@ -52,13 +52,13 @@ SchedulePart part_of(const std::string& content, PartKind kind) {
   return part;
 }
 
-std::string id_of(const Report& report) {
-  return std::string(info_of(report.finding).id);
+std::string id_of(const Finding& finding) {
+  return std::string(info_of(finding.kind).id);
 }
 
 TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   const auto id = [](const std::string& line) {
-    return id_of(report_on_unused_name(part_of(line, PartKind::name_value)));
+    return id_of(finding_for_unused_name(part_of(line, PartKind::name_value)));
   };
   EXPECT_EQ(id("Weekly "), "unknown-type");
   EXPECT_EQ(id("announce = items"), "unknown-name");
@@ -66,7 +66,7 @@ TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   EXPECT_EQ(id("Global Default = a"), "letter-case");
   const std::string line = "  globl default = a";
   EXPECT_EQ(
-      text_of({report_on_unused_name(part_of(line, PartKind::name_value))}),
+      text_of({finding_for_unused_name(part_of(line, PartKind::name_value))}),
       "1:3 unknown-name: 'globl default' means nothing here; did you mean 'global default'?\n");
 }
 
@@ -109,7 +109,7 @@ TEST(TypeCheck, SaysOfAMisspeltTypeAloneThatItIsNone) {
 TEST(DefaultsCheck, TellsWhyALineIsOfNoEffect) {
   const auto id = [](const std::string& line, PartKind kind) {
     const std::string section = "defaults, x {\n" + line;
-    return id_of(report_on_unused_default(part_of(section, kind), "weekly"));
+    return id_of(finding_for_unused_default(part_of(section, kind), "weekly"));
   };
   EXPECT_EQ(id("mon: a", PartKind::unusable_line), "colon");
   EXPECT_EQ(id("mon a", PartKind::unusable_line), "no-key");
@@ -141,9 +141,9 @@ TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
 
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
   WrittenSchedule written("*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n");
-  std::vector<Report> reports;
-  read_and_check_lines(written, "f", false, reports);
-  EXPECT_EQ(text_of(reports),
+  std::vector<Finding> findings;
+  read_and_check_lines(written, "f", false, findings);
+  EXPECT_EQ(text_of(findings),
             "3:2 repeated-key: 'item' is given again; this line is of no effect\n  4:2 here\n");
   const WrittenSection* item = written.item_at(3600);
   ASSERT_NE(item, nullptr);
@@ -190,10 +190,10 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
 }
 
 TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
-  std::vector<Report> reports;
-  check_path("/no such file # news", {3, 8}, true, reports);
-  check_path("/#1", {4, 8}, true, reports);
-  EXPECT_EQ(text_of(reports),
+  std::vector<Finding> findings;
+  check_path("/no such file # news", {3, 8}, true, findings);
+  check_path("/#1", {4, 8}, true, findings);
+  EXPECT_EQ(text_of(findings),
             "3:22 comment-behind-value: a comment behind a path is part of it; give the comment a "
             "line of its own\n");
   EXPECT_EQ(comment_behind_path("a # b # c"), 1U);

@@ -59,4 +59,4 @@ int failure_status();
 /// the run when that was for want of descriptors or memory (errno). The format is for the name and
 /// the system's error text. What a file lacks, it lacks in every run; what the machine lacks may be
 /// there in the next.
-[[gnu::format(printf, 1, 0)]] void fail_run_if_short(const char* format, const char* name);
+[[gnu::format(printf, 1, 0)]] void fail_run_for_shortage(const char* format, const char* name);
