@@ -10,18 +10,18 @@
 
 namespace {
 
-/// Of a line that is not split into a name and a value.
+/// The finding for a line that does not split into a name and a value.
 Finding finding_for_unusable_line(const SchedulePart& part) {
   const bool has_colon = part.text.find('=') == std::string_view::npos &&
                          part.text.find(':') != std::string_view::npos;
   if (has_colon) {
-    return {FindingKind::colon, place_of(part), "a ':' gives no value; write '='"};
+    return {FindingKind::colon, place_of(part), "a ':' does not give a value; write '='"};
   }
   return {FindingKind::no_key, place_of(part),
-          quoted(part.text) + " gives no day a default; write 'day = path'"};
+          quoted(part.text) + " does not set the default of a day; write 'day = path'"};
 }
 
-/// Another type of which the name is a key, or null.
+/// Another type that has the name as a key, or null.
 const ScheduleType* other_type_with_key(std::string_view name, std::string_view own_type) {
   for (const ScheduleType& type : schedule_types()) {
     if (type.text != own_type && default_slot_of_key(type.text, name)) {
@@ -37,8 +37,8 @@ void DefaultsCheck::take_global_default(const SchedulePart& part) {
   if (global_default_) {
     findings_.push_back({FindingKind::repeated_key,
                          *global_default_,
-                         "the global default is given again; this line is of no effect",
-                         {{place_of(part), "here"}}});
+                         "a later line sets the global default again; this line has no effect",
+                         {{place_of(part), "the later line is here"}}});
   }
   global_default_ = place_of(part);
   take_path(part);
@@ -53,14 +53,14 @@ void DefaultsCheck::begin_section(const SchedulePart& part, const PartEffect& ef
     types_.take_type(place);
     if (type->unit_length == 0) {
       findings_.push_back({FindingKind::type_without_unit, place,
-                           "this makes the schedule one that cannot be printed"});
+                           "this gives the schedule a type that cannot be printed"});
     }
   } else if (schedule_type.empty()) {
     is_foreign_ = true;
     findings_.push_back(
         {FindingKind::default_section, place,
          quoted(part.name) +
-             " tells no type, and none stands before it: its lines are of no effect" +
+             " does not name a type, and no type comes before it: its lines have no effect" +
              did_you_mean_section(part.name)});
   } else if (type != nullptr && type->text != schedule_type) {
     is_foreign_ = true;
@@ -87,14 +87,14 @@ void DefaultsCheck::take_default(const SchedulePart& part, size_t slot) {
   if (days > 0 && slot >= days) {
     findings_.push_back(
         {FindingKind::default_range, place,
-         "the schedule has " + std::to_string(days) + " days; this default is of no effect"});
+         "the schedule has " + std::to_string(days) + " days; this default has no effect"});
   }
   const auto [known, is_new] = defaults_.try_emplace(slot, place);
   if (!is_new) {
     findings_.push_back({FindingKind::repeated_default,
                          known->second,
-                         "the day is given another default; this line is of no effect",
-                         {{place, "here"}}});
+                         "a later line gives the day another default; this line has no effect",
+                         {{place, "the later line is here"}}});
     known->second = place;
   }
   take_path(part);
@@ -122,7 +122,7 @@ void DefaultsCheck::finish() {
   if (!days.empty()) {
     findings_.push_back(
         {FindingKind::no_default, defaults_.begin()->second,
-         "other days have a default, but none has " + days + ", and there is no global default"});
+         "no default for " + days + ": other days have one, and there is no global default"});
   }
 }
 
@@ -133,12 +133,12 @@ Finding finding_for_unused_default(const SchedulePart& part, std::string_view sc
   const Place place = place_of(part);
   if (!part.clarifier.empty()) {
     return {FindingKind::default_key, place,
-            "a line with " + quoted("[" + std::string(part.clarifier) + "]") + " is of no effect"};
+            "a line with " + quoted("[" + std::string(part.clarifier) + "]") + " has no effect"};
   }
   const std::string lower = lower_case(part.name);
   if (default_slot_of_key(schedule_type, lower)) {
     return {FindingKind::letter_case, place,
-            quoted(part.name) + " is of no effect; write " + quoted(lower)};
+            quoted(part.name) + " has no effect; write " + quoted(lower)};
   }
   if (const ScheduleType* type = other_type_with_key(part.name, schedule_type)) {
     return {FindingKind::default_key, place,
@@ -146,7 +146,11 @@ Finding finding_for_unused_default(const SchedulePart& part, std::string_view sc
                 a_schedule_of(schedule_type)};
   }
   const bool has_number = part.name.find_first_of("0123456789") != std::string_view::npos;
-  return {has_number ? FindingKind::default_range : FindingKind::default_key, place,
-          quoted(part.name) + (has_number ? " is no day of " : " is no key of ") +
-              a_schedule_of(schedule_type)};
+  if (has_number) {
+    return {FindingKind::default_range, place,
+            a_schedule_of(schedule_type) + " has no day " + quoted(part.name)};
+  }
+  return {
+      FindingKind::default_key, place,
+      "unknown key " + quoted(part.name) + " in the defaults of " + a_schedule_of(schedule_type)};
 }

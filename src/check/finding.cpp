@@ -10,7 +10,7 @@
 
 namespace {
 
-// By the value of FindingKind.
+// In the order of FindingKind.
 constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::unreadable, "unreadable", Severity::error},
     {FindingKind::link, "link", Severity::error},
@@ -87,7 +87,7 @@ std::string_view name_of(Severity severity) {
   return "note";
 }
 
-/// The length of the printable character that the text begins with; 0: none.
+/// The length in bytes of the printable character at the start of the text, or 0 if there is none.
 size_t printable_length(std::string_view text) {
   std::string_view rest = text;
   const std::optional<uint32_t> c = take_utf_8(rest);

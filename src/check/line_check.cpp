@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Checks where sections begin and end, and hands their lines to the checks of each kind.
+/// Checks where sections begin and end, and passes their lines to the check for their kind.
 class LineCheck {
  public:
   LineCheck(WrittenSchedule& written, bool with_media, std::vector<Finding>& findings)
@@ -25,7 +25,7 @@ class LineCheck {
 
   void check_part(const SchedulePart& part, const PartEffect& effect);
 
-  /// At the end of the file.
+  /// Called at the end of the file.
   void finish();
 
  private:
@@ -42,8 +42,9 @@ class LineCheck {
   DefaultsCheck defaults_;
   SectionCheck sections_;
   Place section_place_;
-  bool is_broken_ = false;  ///< the section runs into the next: nothing more is found in it
-  bool is_in_lost_section_ = false;  ///< a section that text behind its brace made none
+  bool is_broken_ = false;  ///< the section runs into the next one and gets no more findings
+  bool is_in_lost_section_ =
+      false;  ///< in a section that does not count, because text follows its '{'
 };
 
 void LineCheck::check_part(const SchedulePart& part, const PartEffect& effect) {
@@ -111,10 +112,10 @@ void LineCheck::check_unused_name(const SchedulePart& part) {
   const size_t brace = text.find('{');
   if (brace != std::string_view::npos &&
       section_kind_of_name(strip_blanks(text.substr(0, brace))) != SectionKind::unknown) {
-    findings_.push_back(
-        {FindingKind::text_behind_brace,
-         {part.line, part.column + static_cast<int64_t>(brace) + 1},
-         "with text behind its '{' this begins no section; give the text a line of its own"});
+    findings_.push_back({FindingKind::text_behind_brace,
+                         {part.line, part.column + static_cast<int64_t>(brace) + 1},
+                         "text after the '{' keeps this line from beginning a section; put the "
+                         "text on a line of its own"});
     is_in_lost_section_ = true;
     return;
   }
@@ -130,9 +131,9 @@ void LineCheck::begin_section(const SchedulePart& part, const PartEffect& effect
   if (part.section == SectionKind::defaults) {
     defaults_.begin_section(part, effect);
   } else if (part.section == SectionKind::unknown && !part.is_rest) {
-    findings_.push_back(
-        {FindingKind::unknown_section, section_place_,
-         quoted(part.name) + " is no section; it is skipped" + did_you_mean_section(part.name)});
+    findings_.push_back({FindingKind::unknown_section, section_place_,
+                         "unknown section " + quoted(part.name) + "; it is skipped" +
+                             did_you_mean_section(part.name)});
   } else if (part.section != SectionKind::unknown) {
     sections_.begin_section(part);
   }
@@ -143,7 +144,7 @@ void LineCheck::break_section(const SchedulePart& next) {
   findings_.push_back({FindingKind::unclosed_section,
                        section_place_,
                        "no '}' closes this section before the next begins",
-                       {{place_of(next), "the next begins here"}}});
+                       {{place_of(next), "the next section begins here"}}});
 }
 
 void LineCheck::check_closing(const SchedulePart& part) {
@@ -151,7 +152,7 @@ void LineCheck::check_closing(const SchedulePart& part) {
   if (!behind.empty() && behind.front() != '#' && !is_broken_) {
     findings_.push_back({FindingKind::text_behind_brace,
                          {part.line, part.column + 1},
-                         quoted(behind) + " behind a '}' is not read; give it a line of its own"});
+                         quoted(behind) + " after a '}' is not read; put it on a line of its own"});
     is_in_lost_section_ = opens_section(behind);
   }
 }
@@ -180,7 +181,7 @@ void LineCheck::finish() {
 }
 
 /// Whether the part is to be checked. The rest of an overlong line is read as further lines; one
-/// finding covers them all. Only where sections begin and end must be known all the same.
+/// finding covers them all. The beginnings and ends of sections among them must still be known.
 bool is_checked(const SchedulePart& part) {
   return !part.is_rest || part.kind == PartKind::section_begin ||
          part.kind == PartKind::section_end;

@@ -27,7 +27,8 @@ namespace {
 
 constexpr uint64_t long_enough_for_a_programme = 600;  // seconds
 
-/// Whether it ends an attribute's value or begins an element or a reference.
+/// Whether the name holds a character that ends an attribute's value or begins an element or a
+/// broken reference.
 bool has_markup(std::string_view name) {
   const auto is_markup = [&](const char& c) {
     const auto rest = name.substr(static_cast<size_t>(&c - name.data()));
@@ -36,7 +37,7 @@ bool has_markup(std::string_view name) {
   return std::ranges::any_of(name, is_markup);
 }
 
-/// Whether it holds what no XML document may, not even escaped.
+/// Whether the text holds a character that XML documents may not hold, even escaped.
 bool has_control_character(std::string_view text) {
   return std::ranges::any_of(text, [](char c) {
     return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
@@ -68,7 +69,8 @@ class MediaCheck {
     findings_.push_back({kind, place, std::move(text), {}});
   }
 
-  /// Whether the file can be looked at; what is wrong with it is said once, where it first stands.
+  /// Whether the file can be read. Each problem is reported once, at the first place that names the
+  /// file.
   bool check_file(const std::string& path, Place place) {
     const auto known = known_.find(path);
     if (known != known_.end()) {
@@ -80,19 +82,20 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
-    arm_watchdog();  // a time of its own for each file: there may be thousands
+    arm_watchdog();  // each file has its own time limit: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
       if (is_missing && comment_behind_path(path) != std::string::npos) {
-        return false;  // its comment is told of already
+        return false;  // the comment already has its finding
       }
       add(is_missing ? FindingKind::missing_media : FindingKind::unreadable_media, place,
-          quoted(path) + (is_missing ? " is not there" : ": " + std::string(std::strerror(errno))));
+          quoted(path) +
+              (is_missing ? " does not exist" : ": " + std::string(std::strerror(errno))));
       return false;
     }
     if (!S_ISREG(status.st_mode)) {
-      add(FindingKind::no_file, place, quoted(path) + " is no regular file");
+      add(FindingKind::no_file, place, quoted(path) + " is not a regular file");
       return false;
     }
     if (access(path.c_str(), R_OK) != 0) {
@@ -110,8 +113,8 @@ class MediaCheck {
     return true;
   }
 
-  /// The XML document escapes the values of metadata alone, and control characters nowhere. Each is
-  /// said once of a file.
+  /// The XML document escapes only the values of metadata, and never control characters. Each
+  /// problem is reported once for each file.
   void check_metadata(const std::string& path, const MetadataSet& set, Place place) {
     std::optional<std::string> with_markup;
     std::optional<std::string> with_control_character;
@@ -131,7 +134,7 @@ class MediaCheck {
     if (with_markup) {
       add(FindingKind::markup, place,
           "the name " + quoted(*with_markup) + " in the metadata of " + quoted(path) +
-              " goes into the XML document as it is and makes it ill-formed");
+              " goes into the XML document unescaped and makes it ill-formed");
     }
     if (with_control_character) {
       add(FindingKind::control_character, place,
@@ -172,8 +175,8 @@ class MediaCheck {
     }
   }
 
-  /// What the schedule in that file names; nothing when it cannot be read. The path of one that has
-  /// no unit goes into `without_unit`.
+  /// The paths that the schedule in that file names; none if it cannot be read. If it has no unit,
+  /// its path goes into `without_unit`.
   std::set<std::string> paths_in_schedule(const std::string& path, std::string& without_unit) {
     const auto schedule = std::make_unique<Schedule>();
     if (!read_subschedule(*schedule, path)) {
@@ -190,8 +193,8 @@ class MediaCheck {
     return paths;
   }
 
-  /// Whether the schedule, or one that it names, is one of those above it. The path of one that has
-  /// no unit goes into `without_unit`.
+  /// Whether the schedule, or one that it names, is one of those above it. If one has no unit, its
+  /// path goes into `without_unit`.
   bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above,
                   std::string& without_unit) {
     constexpr size_t max_levels = 11;
@@ -203,7 +206,7 @@ class MediaCheck {
     if (level > max_levels || (!is_new && known->second <= level)) {
       return false;
     }
-    known->second = level;  // nearer than before, so more of what is below it counts
+    known->second = level;  // nearer than before: more levels below it count
     above.push_back(id);
     bool is_circular = false;
     for (const std::string& inner : paths_in_schedule(path, without_unit)) {
@@ -245,9 +248,9 @@ class MediaCheck {
     const bool is_long = section.end - section.start >= long_enough_for_a_programme;
     if (metadata.announce == 0 && is_named) {
       add(FindingKind::not_announced, section.place,
-          "not announced in spite of its " +
-              std::string(item.label.empty() ? "event id" : "label") + ": 'schedule announce' of " +
-              quoted(item.item) + " says so");
+          "not announced although it has " +
+              std::string(item.label.empty() ? "an event id" : "a label") +
+              ": 'schedule announce' in the metadata of " + quoted(item.item) + " says so");
     } else if (metadata.announce < 0 && is_long) {
       add(FindingKind::not_announced, section.place,
           "not announced: it has no label and no event id, and " + quoted(item.item) +

@@ -25,22 +25,23 @@ Finding finding_for_unused_name(const SchedulePart& part) {
   const std::string word = lower_case(strip_blanks(part.text));
   if (find_schedule_type(word) != nullptr) {
     return {FindingKind::unknown_type, place,
-            "a type stands behind a star; write " + quoted("*" + word)};
+            "a type needs a star before it; write " + quoted("*" + word)};
   }
   const std::string_view name = strip_blanks(part.text.substr(0, part.text.find_first_of("=:")));
   if (is_key_of_a_section(name)) {
-    return {FindingKind::unknown_name, place, quoted(name) + " stands in no section"};
+    return {FindingKind::unknown_name, place, quoted(name) + " stands outside all sections"};
   }
   if (name.starts_with(global_default_name)) {
-    return {FindingKind::no_key, place,
-            quoted(part.text) + " gives no default; write " + quoted("global default = path")};
+    return {
+        FindingKind::no_key, place,
+        quoted(part.text) + " does not set a default; write " + quoted("global default = path")};
   }
   if (lower_case(name) == global_default_name) {
     return {FindingKind::letter_case, place,
-            quoted(name) + " is of no effect; write " + quoted(global_default_name)};
+            quoted(name) + " has no effect; write " + quoted(global_default_name)};
   }
   return {FindingKind::unknown_name, place,
-          quoted(name.empty() ? part.text : name) + " means nothing here" +
+          "unknown name " + quoted(name.empty() ? part.text : name) +
               did_you_mean(name, top_level_names)};
 }
 
@@ -51,6 +52,7 @@ std::string did_you_mean_section(std::string_view name) {
       names.push_back(type.defaults_section);
     }
   }
-  names.emplace_back("defaults, by date");  // any name that tells no type, as endless schedules need
+  // This stands for every name without a type; endless schedules need one.
+  names.emplace_back("defaults, by date");
   return did_you_mean(name, names);
 }

@@ -59,7 +59,7 @@ class PassCheck : public PassObserver {
       const WrittenSection& next = *written_.item_at(new_end);
       add(FindingKind::overlap, section->place,
           cut_text(item, new_end) + "item at line " + std::to_string(next.place.line),
-          {{next.place, "this one"}});
+          {{next.place, "the item is here"}});
     }
   }
 
@@ -90,7 +90,7 @@ class PassCheck : public PassObserver {
     if (const WrittenSection* section = sound_section(item)) {
       add(FindingKind::block_cuts, section->place,
           "starts " + length_text(block_end - item.start) +
-              " later, behind the block that it runs out of");
+              " later, after the announced block that it overlaps");
     }
   }
 
@@ -119,30 +119,32 @@ class PassCheck : public PassObserver {
           "the " + what + " ends before it starts; " + advice_on_reversed(section));
     } else if (start == end) {
       add(FindingKind::no_length, section.place_of(ScheduleKey::end),
-          "the " + what + " ends as it starts");
+          "the " + what + " ends at the same time as it starts");
     } else if (type_.unit_length > 0 && end > type_.unit_length) {
       add(FindingKind::outside_unit, section.place_of(ScheduleKey::end),
-          "the " + what + " runs out of " + unit);
+          "the " + what + " ends after " + unit);
     }
   }
 
-  /// How to write what runs over midnight or over the end of the unit, or has no day at its end.
+  /// How to write a programme that runs past midnight or past the end of the unit, or whose end has
+  /// no day.
   std::string advice_on_reversed(const WrittenSection& section) const {
     const auto start = section.start;
     const auto end = section.end;
     const uint64_t day = start / seconds_per_day;
     const bool is_within_day = end / seconds_per_day == day;
     if (is_within_day && (day + 1) * seconds_per_day < type_.unit_length) {
-      return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
+      return "to end after midnight, write " +
+             quoted(written_position(end + seconds_per_day, type_));
     }
     const uint64_t on_same_day = day * seconds_per_day + end % seconds_per_day;
     const uint64_t next_end = on_same_day > start ? on_same_day : on_same_day + seconds_per_day;
     if (!is_within_day && next_end < type_.unit_length &&
         read_clock(lower_case(section.text_of(ScheduleKey::end)))) {
-      return "without a day its end lies on the unit's first; write " +
+      return "an end without a day is on the first day of the unit; write " +
              quoted(written_position(next_end, type_));
     }
-    return "what runs over the end of the unit is written as two items, from " +
+    return "to run past the end of the unit, write two items, from " +
            quoted(written_position(start, type_)) + " to " +
            quoted(written_end(type_.unit_length, type_)) + " and from " +
            quoted(written_position(0, type_)) + " to " + quoted(written_end(end, type_));
@@ -182,27 +184,27 @@ class PassCheck : public PassObserver {
       const WrittenSection& item = written_.items[it->second];
       if (item.text_of(ScheduleKey::block) != name) {
         add(FindingKind::no_member, item.place,
-            "this item lies in the block " + quoted(name) + " and is no member of it",
+            "this item lies within the block " + quoted(name) + " but is not a member of it",
             {{block.place, "the block is here"}});
       }
     }
   }
 
-  /// The section of a block that was announced already, and is in the way of another. Null for an
-  /// item that is no such block.
+  /// The section of an announced block that is in the way of a later one. Null if the item is not
+  /// such a block.
   const WrittenSection* announced_block(const ScheduleItem& item) const {
     const bool is_block = announced_.contains(item.start) && item.start != block_;
     return is_block ? written_.block_at(item.start) : nullptr;
   }
 
-  /// The section of an item of which something is to be said, or null.
+  /// The section of the item, or null if it gets no findings.
   const WrittenSection* sound_section(const ScheduleItem& item) const {
     const WrittenSection* block = announced_block(item);
     const WrittenSection* section = block != nullptr ? block : written_.item_at(item.start);
     return section != nullptr && !section->is_broken ? section : nullptr;
   }
 
-  /// In the reported unit, the next and the one after.
+  /// Checks the reported unit and the next two.
   void check_clock_changes() {
     constexpr int units = 3;
     Schedule& schedule = written_.schedule;
@@ -222,9 +224,9 @@ class PassCheck : public PassObserver {
     for (const auto& [start, number] : written_.item_numbers) {
       const time_t t = clock.time_of(start);
       if (t == -1) {
-        add_clock_change(FindingKind::skipped_hour, number, clock, start, "skip");
+        add_clock_change(FindingKind::skipped_hour, number, clock, start, "skip this time");
       } else if (t >= schedule.unit_start && t <= schedule.unit_end && is_repeated(stretches, t)) {
-        add_clock_change(FindingKind::repeated_hour, number, clock, start, "show twice");
+        add_clock_change(FindingKind::repeated_hour, number, clock, start, "show this time twice");
       }
     }
   }
@@ -251,17 +253,17 @@ class PassCheck : public PassObserver {
     }
     const WrittenSection& item = written_.items[number];
     add(kind, item.place_of(ScheduleKey::start),
-        "the clocks " + what + " this time on " + local_text(*tm, "%F") +
-            (kind == FindingKind::skipped_hour ? ", so that it does not air then"
+        "the clocks " + what + " on " + local_text(*tm, "%F") +
+            (kind == FindingKind::skipped_hour ? ", so it does not air"
                                                : "; it airs at one of the two"));
   }
 
   WrittenSchedule& written_;
   std::vector<Finding>& findings_;
   const ScheduleType& type_;
-  std::set<std::pair<size_t, FindingKind>> clock_changes_;  ///< items for which they were found
+  std::set<std::pair<size_t, FindingKind>> clock_changes_;  ///< items that have this finding
   std::set<uint64_t> announced_;                            ///< blocks, by start
-  uint64_t block_ = 0;  ///< the last of them, which takes its place now
+  uint64_t block_ = 0;  ///< start of the block that is announced now
 };
 
 }  // namespace

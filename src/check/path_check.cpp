@@ -13,6 +13,6 @@ void check_path(const std::string& path, Place place, bool with_media,
     findings.push_back(
         {FindingKind::comment_behind_value,
          {place.line, place.column + static_cast<int64_t>(mark) + 1},
-         "a comment behind a path is part of it; give the comment a line of its own"});
+         "a comment after a path becomes part of the path; put the comment on a line of its own"});
   }
 }

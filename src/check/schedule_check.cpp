@@ -23,9 +23,9 @@ FileFindings check_schedule_file(const std::string& file, const CheckOptions& op
     found.findings.push_back(std::move(failure));
     return found;
   }
-  // What the passes say on standard error is found here too, with its lines.
+  // The passes print nothing: the findings say the same, with lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  arm_watchdog();  // no sooner: standard input may take its time
+  arm_watchdog();  // not earlier: standard input may take its time
   WrittenSchedule written(std::move(source->content));
   check_bytes(written.source, found.findings);
   if (!is_hopeless(written.source)) {

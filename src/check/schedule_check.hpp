@@ -10,7 +10,7 @@ struct CheckOptions {
   time_t report_time = 0;  ///< calendar time
 };
 
-/// Checks the schedule file; "-" is standard input. `is_read` becomes false when it cannot be read,
-/// which is a finding too.
+/// Checks the schedule file; "-" is standard input. `is_read` tells whether the file could be read;
+/// if not, that is the only finding.
 FileFindings check_schedule_file(const std::string& file, const CheckOptions& options,
                                  bool& is_read);

@@ -33,8 +33,8 @@ std::optional<ScheduleSource> read_schedule_source(const std::string& file, Find
   if (!is_standard_input && look_at(file) == FileState::link) {
     failure = {FindingKind::link,
                {},
-               "is a link, which no program reads a schedule through; name the file that it "
-               "leads to",
+               "is a link, and no program reads a schedule through a link; name the file "
+               "that it leads to",
                {}};
     return std::nullopt;
   }
@@ -43,7 +43,7 @@ std::optional<ScheduleSource> read_schedule_source(const std::string& file, Find
   if (!source) {
     failure = {FindingKind::unreadable,
                {},
-               errno == EINVAL ? std::string("is no regular file")
+               errno == EINVAL ? std::string("is not a regular file")
                                : std::string("cannot be read: ") + std::strerror(errno),
                {}};
   }

@@ -51,10 +51,10 @@ void SectionCheck::check_unusable_line(const SchedulePart& part) {
   if (colon != std::string_view::npos && nearest) {
     misspelt_.emplace(*nearest, findings_.size());
     findings_.push_back({FindingKind::colon, place_of(part),
-                         "a ':' gives " + quoted(before) + " no value; write '='"});
+                         "a ':' does not give " + quoted(before) + " a value; write '='"});
   } else {
     findings_.push_back({FindingKind::no_key, place_of(part),
-                         quoted(text) + " gives nothing a value; write 'key = value'"});
+                         quoted(text) + " does not set a key; write 'key = value'"});
   }
 }
 
@@ -66,12 +66,12 @@ void SectionCheck::check_unknown_key(const SchedulePart& part, std::string_view 
   const std::string lower = lower_case(name);
   if (find_section_key(part.section, lower) != nullptr) {
     findings_.push_back({FindingKind::letter_case, place_of(part),
-                         quoted(name) + " is of no effect; write " + quoted(lower)});
+                         quoted(name) + " has no effect; write " + quoted(lower)});
     return;
   }
   const char* owner = part.section == SectionKind::item ? "an item" : "a schedule block";
   findings_.push_back({FindingKind::unknown_key, place_of(part),
-                       quoted(name) + " is no key of " + owner + did_you_mean(name, names)});
+                       "unknown key " + quoted(name) + " in " + owner + did_you_mean(name, names)});
 }
 
 void SectionCheck::take_value(const SchedulePart& part) {
@@ -84,10 +84,11 @@ void SectionCheck::take_value(const SchedulePart& part) {
     section_.values.push_back(value);
     return;
   }
-  findings_.push_back({FindingKind::repeated_key,
-                       earlier->key_place(),
-                       quoted(part.key->name) + " is given again; this line is of no effect",
-                       {{value.key_place(), "here"}}});
+  findings_.push_back(
+      {FindingKind::repeated_key,
+       earlier->key_place(),
+       "a later line sets " + quoted(part.key->name) + " again; this line has no effect",
+       {{value.key_place(), "the later line is here"}}});
   *earlier = value;
 }
 
@@ -109,7 +110,8 @@ void SectionCheck::end_section(const SchedulePart& part, const PartEffect& effec
 }
 
 void SectionCheck::check_needed_keys(SectionKind kind) {
-  const std::string lost = kind == SectionKind::item ? "no item: " : "no block: ";
+  const std::string lost =
+      kind == SectionKind::item ? "the item is dropped: " : "the block is dropped: ";
   for (const SectionKey& key : section_keys(kind)) {
     if (!key.is_needed || section_.value_of(key.key) != nullptr) {
       continue;
@@ -118,8 +120,8 @@ void SectionCheck::check_needed_keys(SectionKind kind) {
     if (misspelt != misspelt_.end()) {
       findings_[misspelt->second].text.insert(0, lost);
     } else {
-      findings_.push_back({FindingKind::missing, section_.place,
-                           lost + "without " + quoted(key.name) + " it is dropped"});
+      findings_.push_back(
+          {FindingKind::missing, section_.place, lost + "it has no " + quoted(key.name)});
     }
   }
 }
@@ -132,8 +134,9 @@ void SectionCheck::keep_section(SectionKind kind, bool is_broken) {
   if (!is_new && !is_broken) {
     findings_.push_back({FindingKind::same_start,
                          sections[number->second].place,
-                         "another one starts at the same time; this one is dropped",
-                         {{section_.place, "this is the other"}}});
+                         std::string(is_item ? "another item" : "another block") +
+                             " starts at the same time; this one is dropped",
+                         {{section_.place, "the other one is here"}}});
   }
   number->second = sections.size();
   sections.push_back(std::move(section_));

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
-/// Weekdays in other languages, by their first letters; the longer ones stand first.
+/// Weekdays in other languages and their short forms, in lower case.
 constexpr auto foreign_weekdays = std::to_array<std::pair<std::string_view, int>>({
     {"sonntag", 0},   {"montag", 1},   {"dienstag", 2},  {"mittwoch", 3},  {"donnerstag", 4},
     {"freitag", 5},   {"samstag", 6},  {"sonnabend", 6}, {"dimanche", 0},  {"lundi", 1},
@@ -43,7 +43,7 @@ bool is_time(std::string_view text) {
   return schedule_parse_time(text, broken_down, microseconds);
 }
 
-/// Whether the usual form of a time goes on behind the date.
+/// Whether a clock follows the date, as in the usual form of a time.
 bool is_date_and_clock(const WrittenDate& date, TimeText rest) {
   return in_range(date) && take_separators(rest) && read_clock(rest);
 }
@@ -84,8 +84,9 @@ std::optional<TimeAdvice> advise_on_comment(std::string_view text) {
   if (mark == std::string_view::npos || !is_time(strip_blanks(text.substr(0, mark)))) {
     return std::nullopt;
   }
-  return TimeAdvice{FindingKind::comment_behind_value, mark,
-                    "a comment behind a time makes it none; give the comment a line of its own"};
+  return TimeAdvice{
+      FindingKind::comment_behind_value, mark,
+      "a comment after a time makes the time invalid; put the comment on a line of its own"};
 }
 
 std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::vector<Word>& words) {
@@ -98,7 +99,7 @@ std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::ve
       if (name == foreign && is_time(with_word_replaced(text, word, short_name(weekday)))) {
         return TimeAdvice{
             FindingKind::foreign_weekday, word.offset,
-            quoted(word.text) + " is no weekday here; write " + quoted(short_name(weekday))};
+            "unknown weekday " + quoted(word.text) + "; write " + quoted(short_name(weekday))};
       }
     }
   }
@@ -109,7 +110,7 @@ bool is_hour(std::string_view number) {
   return number.size() <= 2 && std::ranges::all_of(number, is_digit);
 }
 
-/// A clock with a full stop, an h or nothing where its colon belongs, or an hour alone.
+/// Advice on a clock with a full stop, an h or nothing in place of its colon, or on an hour alone.
 std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vector<Word>& words) {
   for (const Word& word : words) {
     std::string number = lower_case(word.text);
@@ -124,7 +125,7 @@ std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vect
   return std::nullopt;
 }
 
-/// Numbers that are too large: of a clock, or of a date.
+/// Advice on numbers of a clock or a date that are too large.
 std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vector<Word>& words) {
   for (const Word& word : words) {
     if (word.text.find(':') != std::string_view::npos &&
@@ -164,10 +165,10 @@ TimeAdvice advise_on_rest(std::string_view text, const std::vector<Word>& words)
       return {FindingKind::bad_time, word.offset, quoted(word.text) + " is not understood"};
     }
   }
-  return {FindingKind::bad_time, 0, quoted(text) + " is no time"};
+  return {FindingKind::bad_time, 0, "invalid time " + quoted(text)};
 }
 
-/// The parts of a written date that a schedule of that type has no use for.
+/// The parts of a written date that a schedule of that type ignores.
 std::string needless_parts(const WrittenDate& date, DayName day_name) {
   std::string parts;
   const auto add = [&](bool is_given, std::string_view part) {
@@ -189,12 +190,12 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
                                          const ScheduleType& type) {
   const std::string parts = needless_parts(date, type.day_name);
   if (!parts.empty()) {
-    std::string advice = "the " + parts + " in " + a_schedule_of(type.text) + " is of no effect";
+    std::string advice = a_schedule_of(type.text) + " ignores the " + parts;
     if (type.day_name == DayName::weekday && !date.weekday) {
       std::tm broken_down{};
       long microseconds = 0;
       schedule_parse_time(text, broken_down, microseconds);
-      advice = "the date in a weekly schedule counts as its weekday: every " +
+      advice = "a weekly schedule takes only the weekday of the date: every " +
                std::string(weekday_names.at(static_cast<size_t>(broken_down.tm_wday)));
     }
     return TimeAdvice{FindingKind::needless_date, 0, advice};

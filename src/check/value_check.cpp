@@ -39,7 +39,7 @@ void ValueCheck::check_section(const WrittenSection& section) {
       check_markup(value);
       check_control_characters(value);
     } else if (key == ScheduleKey::block) {
-      // The document escapes the name of an announced block, which stands in place of a path.
+      // The document shows the name of an announced block in place of a path, and escapes it.
       check_control_characters(value);
     }
   }
@@ -69,16 +69,16 @@ void ValueCheck::check_number(const WrittenValue& value) {
   std::strtod(text.c_str(), &end);
   if (end == text.c_str() || *end != '\0') {
     findings_.push_back(
-        {FindingKind::bad_number, value.place, quoted(value.text) + " is no number of seconds"});
+        {FindingKind::bad_number, value.place, "invalid number of seconds " + quoted(value.text)});
   }
 }
 
 void ValueCheck::check_announce(const WrittenValue& value) {
   if (std::ranges::find(announces, value.text) == announces.end()) {
     findings_.push_back({FindingKind::unknown_announce, value.place,
-                         quoted(value.text) +
-                             " counts as no word: the block is announced as one only without "
-                             "programmes inside" +
+                         "unknown value " + quoted(value.text) +
+                             ": the block is announced as one item only if no programmes lie "
+                             "inside" +
                              did_you_mean(value.text, announces)});
   }
 }
@@ -92,10 +92,10 @@ void ValueCheck::check_markup(const WrittenValue& value) {
   findings_.push_back({FindingKind::markup, place_within(value, mark),
                        reference.empty()
                            ? quoted(value.text.substr(mark, 1)) +
-                                 " goes into the XML document as it is and makes it ill-formed"
+                                 " goes into the XML document unescaped and makes it ill-formed"
                            : quoted(reference) +
-                                 " is one sign in the XML document alone; all other documents "
-                                 "show it as it is"});
+                                 " is one character in the XML document only; all other "
+                                 "documents show it as written"});
 }
 
 void ValueCheck::check_control_characters(const WrittenValue& value) {
@@ -108,9 +108,9 @@ void ValueCheck::check_control_characters(const WrittenValue& value) {
   }
 }
 
-/// Numbers alone are schedule seconds, "12.48" as well as "3605.20". They are meant as clocks in
-/// a file that writes clocks elsewhere, and where every one of them could be one; "1800" only
-/// there.
+/// A plain number means schedule seconds, "12.48" as well as "3605.20". It was probably meant as a
+/// clock if the file writes clocks elsewhere, or if every plain number could be a clock; "1800"
+/// only in the first case.
 void ValueCheck::finish() {
   const bool are_seconds =
       !has_clocks_ && std::ranges::any_of(bare_numbers_, [](const WrittenValue& value) {
