@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* program = "nv8x_schedule_check: ";
 
-/// Asks for no memory, and may be called in a handler of signals.
+/// Allocates no memory. May be called in a signal handler.
 void print_failure(const char* message) {
   for (const char* text : {program, message, "\n"}) {
     write_fully(STDERR_FILENO, text);
@@ -29,7 +29,7 @@ void print_failure(const char* message) {
 }
 
 [[noreturn]] void end_at_limit(int /*signal*/) {
-  // A reader of the message that does not read must not keep the run.
+  // The run must end even if nobody reads the message.
   constexpr unsigned time_to_write = 5;  // seconds
   std::signal(SIGALRM, SIG_DFL);
   alarm(time_to_write);

@@ -17,8 +17,8 @@ constexpr const char* about =
     "\n";
 constexpr const char* exit_status =
     "\n"
-    "The exit status is 0 if nothing was found that counts, 1 if something was, and 2\n"
-    "for a wrong command line or what cannot be read, checked or printed.\n";
+    "The exit status is 0 if there are no errors, 1 if there are, and 2 for a wrong\n"
+    "command line or what cannot be read, checked or printed.\n";
 
 bool refuse(const char* what, const char* value) {
   std::fprintf(stderr, "nv8x_schedule_check: %s '%s'\n", what, value);
@@ -41,12 +41,12 @@ bool take_channel(CheckCommand& command, const char* value) {
   int32_t number = 0;
   return parse_whole_number(value, number) && number >= 0
              ? take_rendermgr(command, rendermgr_path_of_channel(number))
-             : refuse("no channel number:", value);
+             : refuse("invalid channel number", value);
 }
 
 struct CheckOption {
   OptionInfo info;
-  /// False, after a message, when the value is wrong.
+  /// Prints a message and returns false if the value is wrong.
   bool (*take)(CheckCommand& command, const char* value) = nullptr;
 };
 
@@ -61,13 +61,13 @@ constexpr std::array<CheckOption, 10> options = {{
       "text json"},
      [](CheckCommand& command, const char* value) {
        command.json = std::string_view(value) == "json";
-       return command.json || std::string_view(value) == "text" || refuse("no format:", value);
+       return command.json || std::string_view(value) == "text" || refuse("unknown format", value);
      }},
     {{"max", "N", "print at most N findings of a file (100)"},
      [](CheckCommand& command, const char* value) {
-       return parse_whole_number(value, command.most) || refuse("no number:", value);
+       return parse_whole_number(value, command.max_findings) || refuse("invalid number", value);
      }},
-    {{"no-media", nullptr, "leave media files alone"},
+    {{"no-media", nullptr, "do not look at media files"},
      [](CheckCommand& command, const char*) {
        command.options.media = false;
        return true;
@@ -75,10 +75,11 @@ constexpr std::array<CheckOption, 10> options = {{
     {{"rendermgr", "FILE", "check the schedule that a render-manager file names too", Offer::files,
       Use::repeated},
      [](CheckCommand& command, const char* value) { return take_rendermgr(command, value); }},
-    {{"strict", nullptr, "let warnings count as errors do"}, set_flag<&CheckCommand::strict>},
+    {{"strict", nullptr, "count warnings as errors"}, set_flag<&CheckCommand::strict>},
     {{"time", "SECONDS", "the report time, in seconds since 1970"},
      [](CheckCommand& command, const char* value) {
-       return parse_whole_number(value, command.options.report_time) || refuse("no time:", value);
+       return parse_whole_number(value, command.options.report_time) ||
+              refuse("invalid time", value);
      }},
     {{"help", nullptr, "print this and exit", Offer::nothing, Use::alone}},
     {{"version", nullptr, "print the version and exit", Offer::nothing, Use::alone}},

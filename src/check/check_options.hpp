@@ -11,8 +11,8 @@
 struct CheckCommand {
   CheckOptions options;
   bool json = false;
-  bool strict = false;                ///< warnings count too
-  size_t most = 100;                  ///< findings of a file that are printed
+  bool strict = false;                ///< warnings set the exit status too
+  size_t max_findings = 100;          ///< maximum of findings printed for each file
   std::optional<std::string> moment;  ///< of --explain
   std::vector<std::string> files;
 };
@@ -20,5 +20,5 @@ struct CheckCommand {
 /// The checker and its table of options.
 ProgramInfo check_program();
 
-/// The command line. Nothing when the program is to end at once, with `status`.
+/// Parses the command line. Returns nothing if the program must end at once with `status`.
 std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& status);

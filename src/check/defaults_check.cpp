@@ -10,18 +10,18 @@
 
 namespace {
 
-/// Of a line that is not split into a name and a value.
-Report report_on_unusable_line(const SchedulePart& part) {
+/// The finding for a line that does not split into a name and a value.
+Finding finding_for_unusable_line(const SchedulePart& part) {
   const bool has_colon = part.text.find('=') == std::string_view::npos &&
                          part.text.find(':') != std::string_view::npos;
   if (has_colon) {
-    return {Finding::colon, place_of(part), "a ':' gives no value; write '='"};
+    return {FindingKind::colon, place_of(part), "a ':' does not give a value; write '='"};
   }
-  return {Finding::no_key, place_of(part),
-          quoted(part.text) + " gives no day a default; write 'day = path'"};
+  return {FindingKind::no_key, place_of(part),
+          quoted(part.text) + " does not set the default of a day; write 'day = path'"};
 }
 
-/// Another type of which the name is a key, or null.
+/// Another type that has the name as a key, or null.
 const ScheduleType* other_type_with_key(std::string_view name, std::string_view own_type) {
   for (const ScheduleType& type : schedule_types()) {
     if (type.text != own_type && default_slot_of_key(type.text, name)) {
@@ -35,10 +35,10 @@ const ScheduleType* other_type_with_key(std::string_view name, std::string_view 
 
 void DefaultsCheck::take_global_default(const SchedulePart& part) {
   if (global_default_) {
-    reports_.push_back({Finding::repeated_key,
-                        *global_default_,
-                        "the global default is given again; this line is of no effect",
-                        {{place_of(part), "here"}}});
+    findings_.push_back({FindingKind::repeated_key,
+                         *global_default_,
+                         "a later line sets the global default again; this line has no effect",
+                         {{place_of(part), "the later line is here"}}});
   }
   global_default_ = place_of(part);
   take_path(part);
@@ -52,23 +52,23 @@ void DefaultsCheck::begin_section(const SchedulePart& part, const PartEffect& ef
   if (effect.is_used) {
     types_.take_type(place);
     if (type->unit_length == 0) {
-      reports_.push_back({Finding::type_without_unit, place,
-                          "this makes the schedule one that cannot be printed"});
+      findings_.push_back({FindingKind::type_without_unit, place,
+                           "this gives the schedule a type that cannot be printed"});
     }
   } else if (schedule_type.empty()) {
     is_foreign_ = true;
-    reports_.push_back(
-        {Finding::default_section, place,
+    findings_.push_back(
+        {FindingKind::default_section, place,
          quoted(part.name) +
-             " tells no type, and none stands before it: its lines are of no effect" +
+             " does not name a type, and no type comes before it: its lines have no effect" +
              did_you_mean_section(part.name)});
   } else if (type != nullptr && type->text != schedule_type) {
     is_foreign_ = true;
-    reports_.push_back({Finding::default_section,
-                        place,
-                        quoted(part.name) + " in " + a_schedule_of(schedule_type) +
-                            ": its keys are read as those of " + a_schedule_of(schedule_type),
-                        {{types_.type_place(), "the type comes from here"}}});
+    findings_.push_back({FindingKind::default_section,
+                         place,
+                         quoted(part.name) + " in " + a_schedule_of(schedule_type) +
+                             ": its keys are read as those of " + a_schedule_of(schedule_type),
+                         {{types_.type_place(), "the type comes from here"}}});
   }
 }
 
@@ -76,7 +76,7 @@ void DefaultsCheck::check_line(const SchedulePart& part, const PartEffect& effec
   if (effect.is_used) {
     take_default(part, static_cast<size_t>(effect.default_slot));
   } else if (!is_foreign_) {
-    reports_.push_back(report_on_unused_default(part, written_.schedule.type));
+    findings_.push_back(finding_for_unused_default(part, written_.schedule.type));
   }
 }
 
@@ -85,16 +85,16 @@ void DefaultsCheck::take_default(const SchedulePart& part, size_t slot) {
   const ScheduleType* type = find_schedule_type(written_.schedule.type);
   const uint64_t days = type->unit_length / seconds_per_day;
   if (days > 0 && slot >= days) {
-    reports_.push_back(
-        {Finding::default_range, place,
-         "the schedule has " + std::to_string(days) + " days; this default is of no effect"});
+    findings_.push_back(
+        {FindingKind::default_range, place,
+         "the schedule has " + std::to_string(days) + " days; this default has no effect"});
   }
   const auto [known, is_new] = defaults_.try_emplace(slot, place);
   if (!is_new) {
-    reports_.push_back({Finding::repeated_default,
-                        known->second,
-                        "the day is given another default; this line is of no effect",
-                        {{place, "here"}}});
+    findings_.push_back({FindingKind::repeated_default,
+                         known->second,
+                         "a later line gives the day another default; this line has no effect",
+                         {{place, "the later line is here"}}});
     known->second = place;
   }
   take_path(part);
@@ -102,7 +102,7 @@ void DefaultsCheck::take_default(const SchedulePart& part, size_t slot) {
 
 void DefaultsCheck::take_path(const SchedulePart& part) {
   const std::string path(part.value);
-  check_path(path, value_place_of(part), with_media_, reports_);
+  check_path(path, value_place_of(part), with_media_, findings_);
   written_.default_paths.try_emplace(path, value_place_of(part));
 }
 
@@ -120,33 +120,37 @@ void DefaultsCheck::finish() {
     }
   }
   if (!days.empty()) {
-    reports_.push_back(
-        {Finding::no_default, defaults_.begin()->second,
-         "other days have a default, but none has " + days + ", and there is no global default"});
+    findings_.push_back(
+        {FindingKind::no_default, defaults_.begin()->second,
+         "no default for " + days + ": other days have one, and there is no global default"});
   }
 }
 
-Report report_on_unused_default(const SchedulePart& part, std::string_view schedule_type) {
+Finding finding_for_unused_default(const SchedulePart& part, std::string_view schedule_type) {
   if (part.kind == PartKind::unusable_line) {
-    return report_on_unusable_line(part);
+    return finding_for_unusable_line(part);
   }
   const Place place = place_of(part);
   if (!part.clarifier.empty()) {
-    return {Finding::default_key, place,
-            "a line with " + quoted("[" + std::string(part.clarifier) + "]") + " is of no effect"};
+    return {FindingKind::default_key, place,
+            "a line with " + quoted("[" + std::string(part.clarifier) + "]") + " has no effect"};
   }
   const std::string lower = lower_case(part.name);
   if (default_slot_of_key(schedule_type, lower)) {
-    return {Finding::letter_case, place,
-            quoted(part.name) + " is of no effect; write " + quoted(lower)};
+    return {FindingKind::letter_case, place,
+            quoted(part.name) + " has no effect; write " + quoted(lower)};
   }
   if (const ScheduleType* type = other_type_with_key(part.name, schedule_type)) {
-    return {Finding::default_key, place,
+    return {FindingKind::default_key, place,
             quoted(part.name) + " is a key of " + a_schedule_of(type->text) + ", not of " +
                 a_schedule_of(schedule_type)};
   }
   const bool has_number = part.name.find_first_of("0123456789") != std::string_view::npos;
-  return {has_number ? Finding::default_range : Finding::default_key, place,
-          quoted(part.name) + (has_number ? " is no day of " : " is no key of ") +
-              a_schedule_of(schedule_type)};
+  if (has_number) {
+    return {FindingKind::default_range, place,
+            a_schedule_of(schedule_type) + " has no day " + quoted(part.name)};
+  }
+  return {
+      FindingKind::default_key, place,
+      "unknown key " + quoted(part.name) + " in the defaults of " + a_schedule_of(schedule_type)};
 }

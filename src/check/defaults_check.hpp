@@ -14,18 +14,18 @@
 class DefaultsCheck {
  public:
   DefaultsCheck(WrittenSchedule& written, bool with_media, TypeCheck& types,
-                std::vector<Report>& reports)
-      : written_(written), with_media_(with_media), types_(types), reports_(reports) {}
+                std::vector<Finding>& findings)
+      : written_(written), with_media_(with_media), types_(types), findings_(findings) {}
 
-  /// A global default that took effect.
+  /// Takes a global default that the reader used.
   void take_global_default(const SchedulePart& part);
 
   void begin_section(const SchedulePart& part, const PartEffect& effect);
 
-  /// An entry or an unusable line of the section.
+  /// Checks an entry or an unusable line of the section.
   void check_line(const SchedulePart& part, const PartEffect& effect);
 
-  /// At the end of the file, when its type is known.
+  /// Called at the end of the file, when the type is known.
   void finish();
 
  private:
@@ -35,12 +35,11 @@ class DefaultsCheck {
   WrittenSchedule& written_;
   bool with_media_;
   TypeCheck& types_;
-  std::vector<Report>& reports_;
-  bool is_foreign_ = false;  ///< the section's name is of another type than the schedule's
+  std::vector<Finding>& findings_;
+  bool is_foreign_ = false;  ///< the section's name belongs to another type than the schedule's
   std::optional<Place> global_default_;
   std::map<size_t, Place> defaults_;  ///< by slot
 };
 
-/// What is wrong with a line of a defaults section that is of no effect, in a schedule of that
-/// type.
-Report report_on_unused_default(const SchedulePart& part, std::string_view schedule_type);
+/// The finding for a line of a defaults section that has no effect in a schedule of that type.
+Finding finding_for_unused_default(const SchedulePart& part, std::string_view schedule_type);

@@ -103,7 +103,7 @@ std::optional<time_t> time_of_moment(const std::string& moment, const std::strin
       return std::nullopt;
     }
   }
-  error = quoted(moment) + " is no time";
+  error = "invalid time " + quoted(moment);
   return std::nullopt;
 }
 
@@ -146,7 +146,7 @@ void append_item(std::string& out, const ScheduleItem& item, Story& story, const
       row_text(gracenote_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
 }
 
-/// Reads what is in the file and shows the story each part of it.
+/// Reads the schedule from the content and passes each part on to the story.
 void read_schedule(Schedule& schedule, Story& story, const std::string& file,
                    std::string_view content) {
   const Activity activity("reading", file.c_str());
@@ -190,7 +190,7 @@ std::string story_of(const Schedule& schedule, Story& story, time_t t, const std
 
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
                                           const CheckOptions& options, std::string& error) {
-  Report failure{};
+  Finding failure{};
   const std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   if (!source) {
     error = failure.text;

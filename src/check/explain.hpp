@@ -5,8 +5,8 @@
 
 #include "check/schedule_check.hpp"
 
-/// Tells what the schedule in the file airs at a moment, and why: a time as a schedule file writes
-/// it, or "@" and seconds since 1970. Nothing when the moment is none or the file cannot be read;
-/// `error` says why.
+/// Tells what the schedule in the file airs at a moment, and why. The moment is a time as a
+/// schedule file writes it, or "@" and seconds since 1970. Returns nothing if the moment is invalid
+/// or the file cannot be read; `error` says why.
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
                                           const CheckOptions& options, std::string& error);

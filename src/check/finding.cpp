@@ -10,67 +10,67 @@
 
 namespace {
 
-// By the value of Finding.
+// In the order of FindingKind.
 constexpr auto infos = std::to_array<FindingInfo>({
-    {Finding::unreadable, "unreadable", Severity::error},
-    {Finding::link, "link", Severity::error},
-    {Finding::byte_order_mark, "byte-order-mark", Severity::error},
-    {Finding::utf_16, "utf-16", Severity::error},
-    {Finding::carriage_return, "carriage-return", Severity::error},
-    {Finding::nul_byte, "nul-byte", Severity::error},
-    {Finding::long_line, "long-line", Severity::error},
-    {Finding::not_utf_8, "not-utf-8", Severity::warning},
-    {Finding::unclosed_section, "unclosed-section", Severity::error},
-    {Finding::text_behind_brace, "text-behind-brace", Severity::error},
-    {Finding::stray_brace, "stray-brace", Severity::error},
-    {Finding::comment_behind_value, "comment-behind-value", Severity::error},
-    {Finding::no_type, "no-type", Severity::error},
-    {Finding::unknown_type, "unknown-type", Severity::error},
-    {Finding::second_type, "second-type", Severity::error},
-    {Finding::late_type, "late-type", Severity::error},
-    {Finding::type_without_unit, "type-without-unit", Severity::error},
-    {Finding::unknown_section, "unknown-section", Severity::error},
-    {Finding::unknown_key, "unknown-key", Severity::error},
-    {Finding::unknown_name, "unknown-name", Severity::error},
-    {Finding::no_key, "no-key", Severity::error},
-    {Finding::colon, "colon", Severity::error},
-    {Finding::letter_case, "letter-case", Severity::error},
-    {Finding::repeated_key, "repeated-key", Severity::error},
-    {Finding::bad_time, "bad-time", Severity::error},
-    {Finding::bare_number, "bare-number", Severity::error},
-    {Finding::foreign_weekday, "foreign-weekday", Severity::error},
-    {Finding::needless_date, "needless-date", Severity::warning},
-    {Finding::out_of_range, "out-of-range", Severity::error},
-    {Finding::bad_number, "bad-number", Severity::error},
-    {Finding::no_such_date, "no-such-date", Severity::warning},
-    {Finding::skipped_hour, "skipped-hour", Severity::warning},
-    {Finding::repeated_hour, "repeated-hour", Severity::warning},
-    {Finding::missing, "missing", Severity::error},
-    {Finding::reversed, "reversed", Severity::error},
-    {Finding::no_length, "no-length", Severity::error},
-    {Finding::same_start, "same-start", Severity::error},
-    {Finding::overlap, "overlap", Severity::warning},
-    {Finding::outside_unit, "outside-unit", Severity::error},
-    {Finding::block_cuts, "block-cuts", Severity::warning},
-    {Finding::unknown_announce, "unknown-announce", Severity::warning},
-    {Finding::no_member, "no-member", Severity::warning},
-    {Finding::unknown_block, "unknown-block", Severity::warning},
-    {Finding::default_key, "default-key", Severity::error},
-    {Finding::default_section, "default-section", Severity::error},
-    {Finding::default_range, "default-range", Severity::error},
-    {Finding::repeated_default, "repeated-default", Severity::error},
-    {Finding::no_default, "no-default", Severity::warning},
-    {Finding::missing_media, "missing-media", Severity::error},
-    {Finding::unreadable_media, "unreadable-media", Severity::error},
-    {Finding::no_file, "no-file", Severity::error},
-    {Finding::bad_schedule, "bad-schedule", Severity::error},
-    {Finding::circular, "circular", Severity::error},
-    {Finding::too_deep, "too-deep", Severity::error},
-    {Finding::wraparound, "wraparound", Severity::warning},
-    {Finding::not_announced, "not-announced", Severity::warning},
-    {Finding::markup, "markup", Severity::warning},
-    {Finding::control_character, "control-character", Severity::warning},
-    {Finding::unknown_zone, "unknown-zone", Severity::error},
+    {FindingKind::unreadable, "unreadable", Severity::error},
+    {FindingKind::link, "link", Severity::error},
+    {FindingKind::byte_order_mark, "byte-order-mark", Severity::error},
+    {FindingKind::utf_16, "utf-16", Severity::error},
+    {FindingKind::carriage_return, "carriage-return", Severity::error},
+    {FindingKind::nul_byte, "nul-byte", Severity::error},
+    {FindingKind::long_line, "long-line", Severity::error},
+    {FindingKind::not_utf_8, "not-utf-8", Severity::warning},
+    {FindingKind::unclosed_section, "unclosed-section", Severity::error},
+    {FindingKind::text_behind_brace, "text-behind-brace", Severity::error},
+    {FindingKind::stray_brace, "stray-brace", Severity::error},
+    {FindingKind::comment_behind_value, "comment-behind-value", Severity::error},
+    {FindingKind::no_type, "no-type", Severity::error},
+    {FindingKind::unknown_type, "unknown-type", Severity::error},
+    {FindingKind::second_type, "second-type", Severity::error},
+    {FindingKind::late_type, "late-type", Severity::error},
+    {FindingKind::type_without_unit, "type-without-unit", Severity::error},
+    {FindingKind::unknown_section, "unknown-section", Severity::error},
+    {FindingKind::unknown_key, "unknown-key", Severity::error},
+    {FindingKind::unknown_name, "unknown-name", Severity::error},
+    {FindingKind::no_key, "no-key", Severity::error},
+    {FindingKind::colon, "colon", Severity::error},
+    {FindingKind::letter_case, "letter-case", Severity::error},
+    {FindingKind::repeated_key, "repeated-key", Severity::error},
+    {FindingKind::bad_time, "bad-time", Severity::error},
+    {FindingKind::bare_number, "bare-number", Severity::error},
+    {FindingKind::foreign_weekday, "foreign-weekday", Severity::error},
+    {FindingKind::needless_date, "needless-date", Severity::warning},
+    {FindingKind::out_of_range, "out-of-range", Severity::error},
+    {FindingKind::bad_number, "bad-number", Severity::error},
+    {FindingKind::no_such_date, "no-such-date", Severity::warning},
+    {FindingKind::skipped_hour, "skipped-hour", Severity::warning},
+    {FindingKind::repeated_hour, "repeated-hour", Severity::warning},
+    {FindingKind::missing, "missing", Severity::error},
+    {FindingKind::reversed, "reversed", Severity::error},
+    {FindingKind::no_length, "no-length", Severity::error},
+    {FindingKind::same_start, "same-start", Severity::error},
+    {FindingKind::overlap, "overlap", Severity::warning},
+    {FindingKind::outside_unit, "outside-unit", Severity::error},
+    {FindingKind::block_cuts, "block-cuts", Severity::warning},
+    {FindingKind::unknown_announce, "unknown-announce", Severity::warning},
+    {FindingKind::no_member, "no-member", Severity::warning},
+    {FindingKind::unknown_block, "unknown-block", Severity::warning},
+    {FindingKind::default_key, "default-key", Severity::error},
+    {FindingKind::default_section, "default-section", Severity::error},
+    {FindingKind::default_range, "default-range", Severity::error},
+    {FindingKind::repeated_default, "repeated-default", Severity::error},
+    {FindingKind::no_default, "no-default", Severity::warning},
+    {FindingKind::missing_media, "missing-media", Severity::error},
+    {FindingKind::unreadable_media, "unreadable-media", Severity::error},
+    {FindingKind::no_file, "no-file", Severity::error},
+    {FindingKind::bad_schedule, "bad-schedule", Severity::error},
+    {FindingKind::circular, "circular", Severity::error},
+    {FindingKind::too_deep, "too-deep", Severity::error},
+    {FindingKind::wraparound, "wraparound", Severity::warning},
+    {FindingKind::not_announced, "not-announced", Severity::warning},
+    {FindingKind::markup, "markup", Severity::warning},
+    {FindingKind::control_character, "control-character", Severity::warning},
+    {FindingKind::unknown_zone, "unknown-zone", Severity::error},
 });
 
 constexpr std::string_view hex_digits = "0123456789abcdef";
@@ -87,7 +87,7 @@ std::string_view name_of(Severity severity) {
   return "note";
 }
 
-/// The length of the printable character that the text begins with; 0: none.
+/// The length in bytes of the printable character at the start of the text, or 0 if there is none.
 size_t printable_length(std::string_view text) {
   std::string_view rest = text;
   const std::optional<uint32_t> c = take_utf_8(rest);
@@ -119,20 +119,20 @@ void append_place(std::string& out, const Place& place) {
       ", \"line\": " + std::to_string(place.line) + ", \"column\": " + std::to_string(place.column);
 }
 
-void append_report(std::string& out, std::string_view file, const Report& report) {
-  const FindingInfo& info = info_of(report.finding);
+void append_finding(std::string& out, std::string_view file, const Finding& finding) {
+  const FindingInfo& info = info_of(finding.kind);
   out += '{';
   append_member(out, "file", file);
-  append_place(out, report.place);
+  append_place(out, finding.place);
   out += ", ";
   append_member(out, "severity", name_of(info.severity));
   out += ", ";
   append_member(out, "id", info.id);
   out += ", ";
-  append_member(out, "message", report.text);
+  append_member(out, "message", finding.text);
   out += ", \"notes\": [";
   const char* separator = "";
-  for (const Note& note : report.notes) {
+  for (const Note& note : finding.notes) {
     out += separator;
     out += '{';
     append_member(out, "file", file);
@@ -151,48 +151,48 @@ std::span<const FindingInfo> finding_infos() {
   return infos;
 }
 
-const FindingInfo& info_of(Finding finding) {
-  return infos.at(static_cast<size_t>(finding));
+const FindingInfo& info_of(FindingKind kind) {
+  return infos.at(static_cast<size_t>(kind));
 }
 
-void sort_reports(FileReports& file) {
-  const auto order = [](const Report& report) {
-    return std::tie(report.place.line, report.place.column, report.finding, report.text);
+void sort_findings(FileFindings& file) {
+  const auto order = [](const Finding& finding) {
+    return std::tie(finding.place.line, finding.place.column, finding.kind, finding.text);
   };
-  std::ranges::stable_sort(file.reports, {}, order);
-  std::vector<Report> once;
-  for (Report& report : file.reports) {
-    if (once.empty() || order(once.back()) != order(report)) {
-      once.push_back(std::move(report));
+  std::ranges::stable_sort(file.findings, {}, order);
+  std::vector<Finding> once;
+  for (Finding& finding : file.findings) {
+    if (once.empty() || order(once.back()) != order(finding)) {
+      once.push_back(std::move(finding));
     }
   }
-  file.reports = std::move(once);
+  file.findings = std::move(once);
 }
 
-std::string text_of(const FileReports& file, size_t most) {
+std::string text_of(const FileFindings& file, size_t max_findings) {
   std::string out;
-  for (size_t i = 0; i < std::min(most, file.reports.size()); ++i) {
-    const Report& report = file.reports[i];
-    const FindingInfo& info = info_of(report.finding);
-    out += line_of(file.file, report.place, info.severity, report.text, info.id);
-    for (const Note& note : report.notes) {
+  for (size_t i = 0; i < std::min(max_findings, file.findings.size()); ++i) {
+    const Finding& finding = file.findings[i];
+    const FindingInfo& info = info_of(finding.kind);
+    out += line_of(file.file, finding.place, info.severity, finding.text, info.id);
+    for (const Note& note : finding.notes) {
       out += line_of(file.file, note.place, Severity::note, note.text, {});
     }
   }
-  if (file.reports.size() > most) {
-    out +=
-        escaped(file.file) + ": " + std::to_string(file.reports.size() - most) + " more findings\n";
+  if (file.findings.size() > max_findings) {
+    out += escaped(file.file) + ": " + std::to_string(file.findings.size() - max_findings) +
+           " more findings\n";
   }
   return out;
 }
 
-std::string json_of(std::span<const FileReports> files) {
+std::string json_of(std::span<const FileFindings> files) {
   std::string out = "[";
   const char* separator = "";
-  for (const FileReports& file : files) {
-    for (const Report& report : file.reports) {
+  for (const FileFindings& file : files) {
+    for (const Finding& finding : file.findings) {
       out += separator;
-      append_report(out, file.file, report);
+      append_finding(out, file.file, finding);
       separator = ",\n ";
     }
   }

@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-/// error: something written will not air, or not by its text. warning: it airs, but probably not as
+/// error: something written will not air, or not as written. warning: it airs, but probably not as
 /// meant. note: belongs to the finding before it.
 enum class Severity { error, warning, note };
 
 /// What the checker can find.
-enum class Finding {
+enum class FindingKind {
   unreadable,
   link,
   byte_order_mark,
@@ -74,12 +74,12 @@ enum class Finding {
 };
 
 struct FindingInfo {
-  Finding finding;
+  FindingKind kind;
   std::string_view id;  ///< as printed
   Severity severity;
 };
 
-const FindingInfo& info_of(Finding finding);
+const FindingInfo& info_of(FindingKind kind);
 
 /// A place in a file: lines and columns from 1, columns in bytes.
 struct Place {
@@ -92,37 +92,37 @@ struct Note {
   std::string text;
 };
 
-struct Report {
-  Finding finding;
+struct Finding {
+  FindingKind kind;
   Place place;
   std::string text;
   std::vector<Note> notes = {};
 };
 
 /// What was found in one file.
-struct FileReports {
+struct FileFindings {
   std::string file;
-  std::vector<Report> reports;
+  std::vector<Finding> findings;
 };
 
-/// Sorts them by their places; of several at one place with one text the first stays.
-void sort_reports(FileReports& file);
+/// Sorts the findings by place. Of several with the same place, kind and text, the first stays.
+void sort_findings(FileFindings& file);
 
-/// In the form of compilers, at most `most` of the file and then a line with the count of the rest:
-/// FILE:LINE:COLUMN: error: TEXT [id]
-std::string text_of(const FileReports& file, size_t most);
+/// The findings in the form of compiler messages, FILE:LINE:COLUMN: error: TEXT [id]. At most
+/// `max_findings` of the file are listed; one more line gives the number of the others.
+std::string text_of(const FileFindings& file, size_t max_findings);
 
 /// One array of objects for all files.
-std::string json_of(std::span<const FileReports> files);
+std::string json_of(std::span<const FileFindings> files);
 
-/// The text as a terminal can show it: what is no printable character is written as \xNN, a byte
-/// each.
+/// The text as a terminal can show it. Each byte that is not part of a printable character becomes
+/// \xHH.
 std::string escaped(std::string_view text);
 
-/// The text in single quotes, with what a terminal would act on or cannot show as \xHH.
+/// The escaped text in single quotes.
 std::string quoted(std::string_view text);
 
 // For users of the library. No program calls what stands below.
 
-/// All findings there are.
+/// All kinds of findings.
 std::span<const FindingInfo> finding_infos();

@@ -13,19 +13,19 @@
 
 namespace {
 
-/// Checks where sections begin and end, and hands their lines to the checks of each kind.
+/// Checks where sections begin and end, and passes their lines to the check for their kind.
 class LineCheck {
  public:
-  LineCheck(WrittenSchedule& written, bool with_media, std::vector<Report>& reports)
+  LineCheck(WrittenSchedule& written, bool with_media, std::vector<Finding>& findings)
       : starts_with_mark_(written.source.content().starts_with("\xef\xbb\xbf")),
-        reports_(reports),
-        types_(written.schedule, reports),
-        defaults_(written, with_media, types_, reports),
-        sections_(written, with_media, types_, reports) {}
+        findings_(findings),
+        types_(written.schedule, findings),
+        defaults_(written, with_media, types_, findings),
+        sections_(written, with_media, types_, findings) {}
 
   void check_part(const SchedulePart& part, const PartEffect& effect);
 
-  /// At the end of the file.
+  /// Called at the end of the file.
   void finish();
 
  private:
@@ -37,13 +37,14 @@ class LineCheck {
   void end_section(const SchedulePart& part, const PartEffect& effect);
 
   bool starts_with_mark_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   TypeCheck types_;
   DefaultsCheck defaults_;
   SectionCheck sections_;
   Place section_place_;
-  bool is_broken_ = false;  ///< the section runs into the next: nothing more is found in it
-  bool is_in_lost_section_ = false;  ///< a section that text behind its brace made none
+  bool is_broken_ = false;  ///< the section runs into the next one and gets no more findings
+  bool is_in_lost_section_ =
+      false;  ///< in a section that does not count, because text follows its '{'
 };
 
 void LineCheck::check_part(const SchedulePart& part, const PartEffect& effect) {
@@ -105,21 +106,21 @@ void LineCheck::check_unused_name(const SchedulePart& part) {
     return;
   }
   if (closes_section(text)) {
-    reports_.push_back({Finding::stray_brace, place_of(part), "this '}' closes nothing"});
+    findings_.push_back({FindingKind::stray_brace, place_of(part), "this '}' closes nothing"});
     return;
   }
   const size_t brace = text.find('{');
   if (brace != std::string_view::npos &&
       section_kind_of_name(strip_blanks(text.substr(0, brace))) != SectionKind::unknown) {
-    reports_.push_back(
-        {Finding::text_behind_brace,
-         {part.line, part.column + static_cast<int64_t>(brace) + 1},
-         "with text behind its '{' this begins no section; give the text a line of its own"});
+    findings_.push_back({FindingKind::text_behind_brace,
+                         {part.line, part.column + static_cast<int64_t>(brace) + 1},
+                         "text after the '{' keeps this line from beginning a section; put the "
+                         "text on a line of its own"});
     is_in_lost_section_ = true;
     return;
   }
-  reports_.push_back(report_on_unused_name(part));
-  if (reports_.back().finding == Finding::unknown_type) {
+  findings_.push_back(finding_for_unused_name(part));
+  if (findings_.back().kind == FindingKind::unknown_type) {
     types_.set_misspelt();
   }
 }
@@ -130,9 +131,9 @@ void LineCheck::begin_section(const SchedulePart& part, const PartEffect& effect
   if (part.section == SectionKind::defaults) {
     defaults_.begin_section(part, effect);
   } else if (part.section == SectionKind::unknown && !part.is_rest) {
-    reports_.push_back(
-        {Finding::unknown_section, section_place_,
-         quoted(part.name) + " is no section; it is skipped" + did_you_mean_section(part.name)});
+    findings_.push_back({FindingKind::unknown_section, section_place_,
+                         "unknown section " + quoted(part.name) + "; it is skipped" +
+                             did_you_mean_section(part.name)});
   } else if (part.section != SectionKind::unknown) {
     sections_.begin_section(part);
   }
@@ -140,18 +141,18 @@ void LineCheck::begin_section(const SchedulePart& part, const PartEffect& effect
 
 void LineCheck::break_section(const SchedulePart& next) {
   is_broken_ = true;
-  reports_.push_back({Finding::unclosed_section,
-                      section_place_,
-                      "no '}' closes this section before the next begins",
-                      {{place_of(next), "the next begins here"}}});
+  findings_.push_back({FindingKind::unclosed_section,
+                       section_place_,
+                       "no '}' closes this section before the next begins",
+                       {{place_of(next), "the next section begins here"}}});
 }
 
 void LineCheck::check_closing(const SchedulePart& part) {
   const std::string_view behind = strip_blanks(part.text.substr(1));
   if (!behind.empty() && behind.front() != '#' && !is_broken_) {
-    reports_.push_back({Finding::text_behind_brace,
-                        {part.line, part.column + 1},
-                        quoted(behind) + " behind a '}' is not read; give it a line of its own"});
+    findings_.push_back({FindingKind::text_behind_brace,
+                         {part.line, part.column + 1},
+                         quoted(behind) + " after a '}' is not read; put it on a line of its own"});
     is_in_lost_section_ = opens_section(behind);
   }
 }
@@ -163,8 +164,8 @@ void LineCheck::end_section(const SchedulePart& part, const PartEffect& effect) 
     }
   } else if (!is_broken_) {
     is_broken_ = true;
-    reports_.push_back(
-        {Finding::unclosed_section, section_place_, "this section is never closed by a '}'"});
+    findings_.push_back(
+        {FindingKind::unclosed_section, section_place_, "this section is never closed by a '}'"});
   }
   if (part.section == SectionKind::item || part.section == SectionKind::block) {
     sections_.end_section(part, effect, is_broken_);
@@ -180,7 +181,7 @@ void LineCheck::finish() {
 }
 
 /// Whether the part is to be checked. The rest of an overlong line is read as further lines; one
-/// finding covers them all. Only where sections begin and end must be known all the same.
+/// finding covers them all. The beginnings and ends of sections among them must still be known.
 bool is_checked(const SchedulePart& part) {
   return !part.is_rest || part.kind == PartKind::section_begin ||
          part.kind == PartKind::section_end;
@@ -189,11 +190,11 @@ bool is_checked(const SchedulePart& part) {
 }  // namespace
 
 void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
-                          std::vector<Report>& reports) {
+                          std::vector<Finding>& findings) {
   const Activity activity("reading", file.c_str());
   ScheduleFile parts(written.source.content());
   ScheduleBuilder builder(written.schedule);
-  LineCheck check(written, with_media, reports);
+  LineCheck check(written, with_media, findings);
   for (SchedulePart part; parts.next(part);) {
     const PartEffect effect = builder.add_part(part);
     if (is_checked(part)) {

@@ -6,7 +6,8 @@
 #include "check/finding.hpp"
 #include "check/written_schedule.hpp"
 
-/// Reads the source of the file into its schedule and finds what its lines and sections do not say,
-/// or not as they were meant; `with_media` looks whether the files are there where that matters.
+/// Reads the source of the file into its schedule. Finds lines and sections that have no effect, or
+/// probably not the effect that was meant. With `with_media`, it also checks whether files exist,
+/// where that matters.
 void read_and_check_lines(WrittenSchedule& written, const std::string& file, bool with_media,
-                          std::vector<Report>& reports);
+                          std::vector<Finding>& findings);

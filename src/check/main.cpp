@@ -23,8 +23,8 @@ constexpr int something_found = 1;
 
 int explain_all(const CheckCommand& command, const std::string& moment) {
   int status = EXIT_SUCCESS;
-  for (const Report& report : check_zone()) {
-    std::fprintf(stderr, "nv8x_schedule_check: %s\n", report.text.c_str());
+  for (const Finding& finding : check_zone()) {
+    std::fprintf(stderr, "nv8x_schedule_check: %s\n", finding.text.c_str());
   }
   for (const std::string& file : command.files) {
     std::string error;
@@ -40,9 +40,9 @@ int explain_all(const CheckCommand& command, const std::string& moment) {
   return status;
 }
 
-bool counts(const FileReports& file, bool strict) {
-  return std::ranges::any_of(file.reports, [&](const Report& report) {
-    return strict || info_of(report.finding).severity == Severity::error;
+bool has_failing_finding(const FileFindings& file, bool strict) {
+  return std::ranges::any_of(file.findings, [&](const Finding& finding) {
+    return strict || info_of(finding.kind).severity == Severity::error;
   });
 }
 
@@ -63,8 +63,8 @@ int main(int argc, char** argv) {
   if (command->moment) {
     return explain_all(*command, *command->moment);
   }
-  std::vector<FileReports> found;
-  if (FileReports zone{"TZ", check_zone()}; !zone.reports.empty()) {
+  std::vector<FileFindings> found;
+  if (FileFindings zone{"TZ", check_zone()}; !zone.findings.empty()) {
     found.push_back(zone);
   }
   for (const std::string& file : command->files) {
@@ -72,12 +72,12 @@ int main(int argc, char** argv) {
       status = could_not_check;
     }
   }
-  for (const FileReports& file : found) {
-    if (counts(file, command->strict) && status == EXIT_SUCCESS) {
+  for (const FileFindings& file : found) {
+    if (has_failing_finding(file, command->strict) && status == EXIT_SUCCESS) {
       status = something_found;
     }
     if (!command->json) {
-      print_output(text_of(file, command->most));
+      print_output(text_of(file, command->max_findings));
     }
   }
   if (command->json) {

@@ -29,7 +29,8 @@ namespace {
 
 constexpr uint64_t long_enough_for_a_programme = 600;  // seconds
 
-/// Whether it ends an attribute's value or begins an element or a reference.
+/// Whether the name holds a character that ends an attribute's value or begins an element or a
+/// broken reference.
 bool has_markup(std::string_view name) {
   const auto is_markup = [&](const char& c) {
     const auto rest = name.substr(static_cast<size_t>(&c - name.data()));
@@ -38,7 +39,7 @@ bool has_markup(std::string_view name) {
   return std::ranges::any_of(name, is_markup);
 }
 
-/// Whether it holds what no XML document may, not even escaped.
+/// Whether the text holds a character that XML documents may not hold, even escaped.
 bool has_control_character(std::string_view text) {
   return std::ranges::any_of(text, [](char c) {
     return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
@@ -53,8 +54,8 @@ struct KnownMetadata {
 
 class MediaCheck {
  public:
-  MediaCheck(const WrittenSchedule& written, std::vector<Report>& reports)
-      : written_(written), reports_(reports) {}
+  MediaCheck(const WrittenSchedule& written, std::vector<Finding>& findings)
+      : written_(written), findings_(findings) {}
 
   bool check(FileId id) {
     schedules_above_.push_back(id);
@@ -72,11 +73,12 @@ class MediaCheck {
   }
 
  private:
-  void add(Finding finding, Place place, std::string text) {
-    reports_.push_back({finding, place, std::move(text), {}});
+  void add(FindingKind kind, Place place, std::string text) {
+    findings_.push_back({kind, place, std::move(text), {}});
   }
 
-  /// Whether the file can be looked at; what is wrong with it is said once, where it first stands.
+  /// Whether the file can be read. Each problem is reported once, at the first place that names the
+  /// file.
   bool check_file(const std::string& path, Place place) {
     const auto known = known_.find(path);
     if (known != known_.end()) {
@@ -88,23 +90,24 @@ class MediaCheck {
   }
 
   bool check_new_file(const std::string& path, Place place) {
-    arm_watchdog();  // a time of its own for each file: there may be thousands
+    arm_watchdog();  // each file has its own time limit: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
       const bool is_missing = errno == ENOENT || errno == ENOTDIR;
       if (is_missing && comment_behind_path(path) != std::string::npos) {
-        return false;  // its comment is told of already
+        return false;  // the comment already has its finding
       }
-      add(is_missing ? Finding::missing_media : Finding::unreadable_media, place,
-          quoted(path) + (is_missing ? " is not there" : ": " + std::string(std::strerror(errno))));
+      add(is_missing ? FindingKind::missing_media : FindingKind::unreadable_media, place,
+          quoted(path) +
+              (is_missing ? " does not exist" : ": " + std::string(std::strerror(errno))));
       return false;
     }
     if (!S_ISREG(status.st_mode)) {
-      add(Finding::no_file, place, quoted(path) + " is no regular file");
+      add(FindingKind::no_file, place, quoted(path) + " is not a regular file");
       return false;
     }
     if (access(path.c_str(), R_OK) != 0) {
-      add(Finding::unreadable_media, place, quoted(path) + ": " + std::strerror(errno));
+      add(FindingKind::unreadable_media, place, quoted(path) + ": " + std::strerror(errno));
       return false;
     }
     ScheduleItem item;
@@ -118,8 +121,8 @@ class MediaCheck {
     return true;
   }
 
-  /// The XML document escapes the values of metadata alone, and control characters nowhere. Each is
-  /// said once of a file.
+  /// The XML document escapes only the values of metadata, and never control characters. Each
+  /// problem is reported once for each file.
   void check_metadata(const std::string& path, const MetadataSet& set, Place place) {
     std::optional<std::string> with_markup;
     std::optional<std::string> with_control_character;
@@ -137,12 +140,12 @@ class MediaCheck {
       }
     });
     if (with_markup) {
-      add(Finding::markup, place,
+      add(FindingKind::markup, place,
           "the name " + quoted(*with_markup) + " in the metadata of " + quoted(path) +
-              " goes into the XML document as it is and makes it ill-formed");
+              " goes into the XML document unescaped and makes it ill-formed");
     }
     if (with_control_character) {
-      add(Finding::control_character, place,
+      add(FindingKind::control_character, place,
           "a control character at " + quoted(*with_control_character) + " in the metadata of " +
               quoted(path) + " makes the XML document ill-formed");
     }
@@ -151,7 +154,7 @@ class MediaCheck {
   static bool read_subschedule(Schedule& schedule, const std::string& path) {
     const bool is_read = read_schedule_file(schedule, path.c_str());
     if (!is_read) {
-      fail_run_if_short("Unable to open %s: %s", path.c_str());
+      fail_run_for_shortage("Unable to open %s: %s", path.c_str());
     }
     return is_read;
   }
@@ -160,28 +163,28 @@ class MediaCheck {
     std::string without_unit;
     if (leads_back(path, id, schedules_above_, without_unit)) {
       can_be_patched_in_ = false;
-      add(Finding::circular, place, "the schedule " + quoted(path) + " leads back to itself");
+      add(FindingKind::circular, place, "the schedule " + quoted(path) + " leads back to itself");
       return;
     }
     const auto schedule = std::make_unique<Schedule>();
     if (!read_subschedule(*schedule, path)) {
-      add(Finding::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
+      add(FindingKind::bad_schedule, place, "the schedule " + quoted(path) + " cannot be read");
     } else if (find_schedule_type(schedule->type)->unit_length == 0) {
-      add(Finding::bad_schedule, place,
+      add(FindingKind::bad_schedule, place,
           "the schedule " + quoted(path) + " has no unit, which ends the run");
     } else if (!without_unit.empty()) {
-      add(Finding::bad_schedule, place,
+      add(FindingKind::bad_schedule, place,
           "the schedule " + quoted(path) + " leads to " + quoted(without_unit) +
               ", which has no unit and ends the run");
     } else if (schedule->schedule.empty() &&
                std::ranges::all_of(schedule->defaults, &std::string::empty)) {
-      add(Finding::bad_schedule, place,
+      add(FindingKind::bad_schedule, place,
           "the schedule " + quoted(path) + " holds nothing that airs");
     }
   }
 
-  /// What the schedule in that file names; nothing when it cannot be read. The path of one that has
-  /// no unit goes into `without_unit`.
+  /// The paths that the schedule in that file names; none if it cannot be read. If it has no unit,
+  /// its path goes into `without_unit`.
   std::set<std::string> paths_in_schedule(const std::string& path, std::string& without_unit) {
     const auto schedule = std::make_unique<Schedule>();
     if (!read_subschedule(*schedule, path)) {
@@ -198,21 +201,21 @@ class MediaCheck {
     return paths;
   }
 
-  /// Whether the schedule, or one that it names, is one of those above it. The path of one that has
-  /// no unit goes into `without_unit`.
+  /// Whether the schedule, or one that it names, is one of those above it. If one has no unit, its
+  /// path goes into `without_unit`.
   bool leads_back(const std::string& path, FileId id, std::vector<FileId>& above,
                   std::string& without_unit) {
     // A schedule one level deeper stays unread, but what it names may lead back as well.
-    constexpr size_t most_levels = most_subschedule_levels + 1;
+    constexpr size_t max_levels = most_subschedule_levels + 1;
     if (std::ranges::find(above, id) != above.end()) {
       return true;
     }
     const size_t level = above.size();
-    const auto [seen, is_new] = seen_schedules_.emplace(id, level);
-    if (level > most_levels || (!is_new && seen->second <= level)) {
+    const auto [known, is_new] = schedule_levels_.emplace(id, level);
+    if (level > max_levels || (!is_new && known->second <= level)) {
       return false;
     }
-    seen->second = level;  // nearer than before, so more of what is below it counts
+    known->second = level;  // nearer than before: more levels below it count
     above.push_back(id);
     bool is_circular = false;
     for (const std::string& inner : paths_in_schedule(path, without_unit)) {
@@ -249,22 +252,22 @@ class MediaCheck {
     const bool is_named = !item.label.empty() || !item.event_id.empty();
     const bool is_long = section.end - section.start >= long_enough_for_a_programme;
     if (metadata.announce == 0 && is_named) {
-      add(Finding::not_announced, section.place,
-          "not announced in spite of its " +
-              std::string(item.label.empty() ? "event id" : "label") + ": 'schedule announce' of " +
-              quoted(item.item) + " says so");
+      add(FindingKind::not_announced, section.place,
+          "not announced although it has " +
+              std::string(item.label.empty() ? "an event id" : "a label") +
+              ": 'schedule announce' in the metadata of " + quoted(item.item) + " says so");
     } else if (metadata.announce < 0 && is_long) {
-      add(Finding::not_announced, section.place,
+      add(FindingKind::not_announced, section.place,
           "not announced: it has no label and no event id, and " + quoted(item.item) +
               " is neither video nor audio but " + quoted(metadata.file_type));
     }
   }
 
   const WrittenSchedule& written_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   std::map<std::string, bool> known_;
   std::vector<FileId> schedules_above_;
-  std::map<FileId, size_t> seen_schedules_;  ///< with the level at which each was seen
+  std::map<FileId, size_t> schedule_levels_;  ///< with the level at which each was met
   bool names_schedules_ = false;
   bool can_be_patched_in_ = true;
   std::map<std::string, KnownMetadata> metadata_;
@@ -272,6 +275,6 @@ class MediaCheck {
 
 }  // namespace
 
-bool check_media(const WrittenSchedule& written, FileId id, std::vector<Report>& reports) {
-  return MediaCheck(written, reports).check(id);
+bool check_media(const WrittenSchedule& written, FileId id, std::vector<Finding>& findings) {
+  return MediaCheck(written, findings).check(id);
 }

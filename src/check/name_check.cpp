@@ -20,27 +20,28 @@ bool is_key_of_a_section(std::string_view name) {
 
 }  // namespace
 
-Report report_on_unused_name(const SchedulePart& part) {
+Finding finding_for_unused_name(const SchedulePart& part) {
   const Place place = place_of(part);
   const std::string word = lower_case(strip_blanks(part.text));
   if (find_schedule_type(word) != nullptr) {
-    return {Finding::unknown_type, place,
-            "a type stands behind a star; write " + quoted("*" + word)};
+    return {FindingKind::unknown_type, place,
+            "a type needs a star before it; write " + quoted("*" + word)};
   }
   const std::string_view name = strip_blanks(part.text.substr(0, part.text.find_first_of("=:")));
   if (is_key_of_a_section(name)) {
-    return {Finding::unknown_name, place, quoted(name) + " stands in no section"};
+    return {FindingKind::unknown_name, place, quoted(name) + " stands outside all sections"};
   }
   if (name.starts_with(global_default_name)) {
-    return {Finding::no_key, place,
-            quoted(part.text) + " gives no default; write " + quoted("global default = path")};
+    return {
+        FindingKind::no_key, place,
+        quoted(part.text) + " does not set a default; write " + quoted("global default = path")};
   }
   if (lower_case(name) == global_default_name) {
-    return {Finding::letter_case, place,
-            quoted(name) + " is of no effect; write " + quoted(global_default_name)};
+    return {FindingKind::letter_case, place,
+            quoted(name) + " has no effect; write " + quoted(global_default_name)};
   }
-  return {Finding::unknown_name, place,
-          quoted(name.empty() ? part.text : name) + " means nothing here" +
+  return {FindingKind::unknown_name, place,
+          "unknown name " + quoted(name.empty() ? part.text : name) +
               did_you_mean(name, top_level_names)};
 }
 
@@ -51,7 +52,7 @@ std::string did_you_mean_section(std::string_view name) {
       names.push_back(type.defaults_section);
     }
   }
-  names.emplace_back(
-      "defaults, by date");  // any name that tells no type, as endless schedules need
+  // This stands for every name without a type; endless schedules need one.
+  names.emplace_back("defaults, by date");
   return did_you_mean(name, names);
 }

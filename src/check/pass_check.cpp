@@ -29,8 +29,8 @@ std::string length_text(uint64_t seconds) {
 
 class PassCheck : public PassObserver {
  public:
-  PassCheck(WrittenSchedule& written, std::vector<Report>& reports)
-      : written_(written), reports_(reports), type_(*find_schedule_type(written.schedule.type)) {}
+  PassCheck(WrittenSchedule& written, std::vector<Finding>& findings)
+      : written_(written), findings_(findings), type_(*find_schedule_type(written.schedule.type)) {}
 
   void check(time_t report_time) {
     for (const auto& [start, number] : written_.item_numbers) {
@@ -57,9 +57,9 @@ class PassCheck : public PassObserver {
   void clipping(const ScheduleItem& item, uint64_t new_end) override {
     if (const WrittenSection* section = sound_section(item)) {
       const WrittenSection& next = *written_.item_at(new_end);
-      add(Finding::overlap, section->place,
+      add(FindingKind::overlap, section->place,
           cut_text(item, new_end) + "item at line " + std::to_string(next.place.line),
-          {{next.place, "this one"}});
+          {{next.place, "the item is here"}});
     }
   }
 
@@ -71,7 +71,7 @@ class PassCheck : public PassObserver {
   void removing_for_block(const ScheduleItem& item, uint64_t block_start) override {
     const WrittenSection* section = announced_block(item);
     if (section != nullptr && !section->is_broken) {
-      add(Finding::block_cuts, section->place,
+      add(FindingKind::block_cuts, section->place,
           "another announced block takes the place of this one",
           {{written_.block_at(block_start)->place, "the other is here"}});
     }
@@ -80,7 +80,7 @@ class PassCheck : public PassObserver {
   void cutting_for_block(const ScheduleItem& item, uint64_t block_start) override {
     if (const WrittenSection* section = sound_section(item)) {
       const WrittenSection& block = *written_.block_at(block_start);
-      add(Finding::block_cuts, section->place,
+      add(FindingKind::block_cuts, section->place,
           cut_text(item, block_start) + "block " + quoted(block.text_of(ScheduleKey::block)),
           {{block.place, "the block is here"}});
     }
@@ -88,9 +88,9 @@ class PassCheck : public PassObserver {
 
   void moving_behind_block(const ScheduleItem& item, uint64_t block_end) override {
     if (const WrittenSection* section = sound_section(item)) {
-      add(Finding::block_cuts, section->place,
+      add(FindingKind::block_cuts, section->place,
           "starts " + length_text(block_end - item.start) +
-              " later, behind the block that it runs out of");
+              " later, after the announced block that it overlaps");
     }
   }
 
@@ -100,8 +100,8 @@ class PassCheck : public PassObserver {
            length_text(new_end - item.start) + " by the ";
   }
 
-  void add(Finding finding, Place place, std::string text, std::vector<Note> notes = {}) {
-    reports_.push_back({finding, place, std::move(text), std::move(notes)});
+  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {}) {
+    findings_.push_back({kind, place, std::move(text), std::move(notes)});
   }
 
   void check_span(const WrittenSection& section, const std::string& what) {
@@ -112,37 +112,39 @@ class PassCheck : public PassObserver {
     const auto end = section.end;
     const std::string unit = "the schedule's " + unit_text(type_);
     if (type_.unit_length > 0 && start >= type_.unit_length) {
-      add(Finding::outside_unit, section.place_of(ScheduleKey::start),
+      add(FindingKind::outside_unit, section.place_of(ScheduleKey::start),
           "the " + what + " starts outside " + unit);
     } else if (as_signed(start) > as_signed(end)) {
-      add(Finding::reversed, section.place_of(ScheduleKey::end),
+      add(FindingKind::reversed, section.place_of(ScheduleKey::end),
           "the " + what + " ends before it starts; " + advice_on_reversed(section));
     } else if (start == end) {
-      add(Finding::no_length, section.place_of(ScheduleKey::end),
-          "the " + what + " ends as it starts");
+      add(FindingKind::no_length, section.place_of(ScheduleKey::end),
+          "the " + what + " ends at the same time as it starts");
     } else if (type_.unit_length > 0 && end > type_.unit_length) {
-      add(Finding::outside_unit, section.place_of(ScheduleKey::end),
-          "the " + what + " runs out of " + unit);
+      add(FindingKind::outside_unit, section.place_of(ScheduleKey::end),
+          "the " + what + " ends after " + unit);
     }
   }
 
-  /// How to write what runs over midnight or over the end of the unit, or has no day at its end.
+  /// How to write a programme that runs past midnight or past the end of the unit, or whose end has
+  /// no day.
   std::string advice_on_reversed(const WrittenSection& section) const {
     const auto start = section.start;
     const auto end = section.end;
     const uint64_t day = start / seconds_per_day;
     const bool is_within_day = end / seconds_per_day == day;
     if (is_within_day && (day + 1) * seconds_per_day < type_.unit_length) {
-      return "over midnight write " + quoted(written_position(end + seconds_per_day, type_));
+      return "to end after midnight, write " +
+             quoted(written_position(end + seconds_per_day, type_));
     }
     const uint64_t on_same_day = day * seconds_per_day + end % seconds_per_day;
     const uint64_t next_end = on_same_day > start ? on_same_day : on_same_day + seconds_per_day;
     if (!is_within_day && next_end < type_.unit_length &&
         read_clock(lower_case(section.text_of(ScheduleKey::end)))) {
-      return "without a day its end lies on the unit's first; write " +
+      return "an end without a day is on the first day of the unit; write " +
              quoted(written_position(next_end, type_));
     }
-    return "what runs over the end of the unit is written as two items, from " +
+    return "to run past the end of the unit, write two items, from " +
            quoted(written_position(start, type_)) + " to " +
            quoted(written_end(type_.unit_length, type_)) + " and from " +
            quoted(written_position(0, type_)) + " to " + quoted(written_end(end, type_));
@@ -161,7 +163,7 @@ class PassCheck : public PassObserver {
       }
       const auto block = has_members.find(name);
       if (block == has_members.end()) {
-        add(Finding::unknown_block, item.place_of(ScheduleKey::block),
+        add(FindingKind::unknown_block, item.place_of(ScheduleKey::block),
             "no schedule block is called " + quoted(name));
       } else {
         block->second = true;
@@ -181,28 +183,28 @@ class PassCheck : public PassObserver {
          it != written_.item_numbers.end() && it->first < block.end; ++it) {
       const WrittenSection& item = written_.items[it->second];
       if (item.text_of(ScheduleKey::block) != name) {
-        add(Finding::no_member, item.place,
-            "this item lies in the block " + quoted(name) + " and is no member of it",
+        add(FindingKind::no_member, item.place,
+            "this item lies within the block " + quoted(name) + " but is not a member of it",
             {{block.place, "the block is here"}});
       }
     }
   }
 
-  /// The section of a block that was announced already, and is in the way of another. Null for an
-  /// item that is no such block.
+  /// The section of an announced block that is in the way of a later one. Null if the item is not
+  /// such a block.
   const WrittenSection* announced_block(const ScheduleItem& item) const {
     const bool is_block = announced_.contains(item.start) && item.start != block_;
     return is_block ? written_.block_at(item.start) : nullptr;
   }
 
-  /// The section of an item of which something is to be said, or null.
+  /// The section of the item, or null if it gets no findings.
   const WrittenSection* sound_section(const ScheduleItem& item) const {
     const WrittenSection* block = announced_block(item);
     const WrittenSection* section = block != nullptr ? block : written_.item_at(item.start);
     return section != nullptr && !section->is_broken ? section : nullptr;
   }
 
-  /// In the reported unit, the next and the one after.
+  /// Checks the reported unit and the next two.
   void check_clock_changes() {
     constexpr int units = 3;
     Schedule& schedule = written_.schedule;
@@ -222,9 +224,9 @@ class PassCheck : public PassObserver {
     for (const auto& [start, number] : written_.item_numbers) {
       const time_t t = clock.time_of(start);
       if (t == -1) {
-        add_clock_change(Finding::skipped_hour, number, clock, start, "skip");
+        add_clock_change(FindingKind::skipped_hour, number, clock, start, "skip this time");
       } else if (t >= schedule.unit_start && t <= schedule.unit_end && is_repeated(stretches, t)) {
-        add_clock_change(Finding::repeated_hour, number, clock, start, "show twice");
+        add_clock_change(FindingKind::repeated_hour, number, clock, start, "show this time twice");
       }
     }
   }
@@ -241,31 +243,31 @@ class PassCheck : public PassObserver {
     return false;
   }
 
-  void add_clock_change(Finding finding, size_t number, UnitClock& clock, uint64_t start,
+  void add_clock_change(FindingKind kind, size_t number, UnitClock& clock, uint64_t start,
                         const std::string& what) {
     const uint64_t noon = start / seconds_per_day * seconds_per_day + seconds_per_day / 2;
     const std::tm* tm = clock.breakdown(clock.time_of(noon));
-    const bool is_known = !clock_changes_.emplace(number, finding).second;
+    const bool is_known = !clock_changes_.emplace(number, kind).second;
     if (tm == nullptr || is_known) {
       return;
     }
     const WrittenSection& item = written_.items[number];
-    add(finding, item.place_of(ScheduleKey::start),
-        "the clocks " + what + " this time on " + local_text(*tm, "%F") +
-            (finding == Finding::skipped_hour ? ", so that it does not air then"
-                                              : "; it airs at one of the two"));
+    add(kind, item.place_of(ScheduleKey::start),
+        "the clocks " + what + " on " + local_text(*tm, "%F") +
+            (kind == FindingKind::skipped_hour ? ", so it does not air"
+                                               : "; it airs at one of the two"));
   }
 
   WrittenSchedule& written_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   const ScheduleType& type_;
-  std::set<std::pair<size_t, Finding>> clock_changes_;  ///< items for which they were found
-  std::set<uint64_t> announced_;                        ///< blocks, by start
-  uint64_t block_ = 0;  ///< the last of them, which takes its place now
+  std::set<std::pair<size_t, FindingKind>> clock_changes_;  ///< items that have this finding
+  std::set<uint64_t> announced_;                            ///< blocks, by start
+  uint64_t block_ = 0;  ///< start of the block that is announced now
 };
 
 }  // namespace
 
-void check_passes(WrittenSchedule& written, time_t report_time, std::vector<Report>& reports) {
-  PassCheck(written, reports).check(report_time);
+void check_passes(WrittenSchedule& written, time_t report_time, std::vector<Finding>& findings) {
+  PassCheck(written, findings).check(report_time);
 }

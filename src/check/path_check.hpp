@@ -6,10 +6,10 @@
 
 #include "check/finding.hpp"
 
-/// Where in a path a comment seems to begin that is part of it; npos: nowhere. Some files have such
-/// names.
+/// Where a comment seems to begin inside a path, or npos. Some files really have such names.
 size_t comment_behind_path(std::string_view path);
 
-/// Finds such a comment in the path at that place, unless `with_media` and a file has that name.
+/// Reports such a comment in the path at that place. With `with_media`, a path that exists is not
+/// reported.
 void check_path(const std::string& path, Place place, bool with_media,
-                std::vector<Report>& reports);
+                std::vector<Finding>& findings);

@@ -13,27 +13,28 @@
 #include "platform/system/messages.hpp"
 #include "schedule/watchdog.hpp"
 
-bool check_schedule_file(const std::string& file, const CheckOptions& options, FileReports& found) {
+bool check_schedule_file(const std::string& file, const CheckOptions& options,
+                         FileFindings& found) {
   found = {file, {}};
-  Report failure{};
+  Finding failure{};
   std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   if (!source) {
-    found.reports.push_back(std::move(failure));
+    found.findings.push_back(std::move(failure));
     return false;
   }
-  // What the passes say on standard error is found here too, with its lines.
+  // The passes print nothing: the findings say the same, with lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  arm_watchdog();  // no sooner: standard input may take its time
+  arm_watchdog();  // not earlier: standard input may take its time
   WrittenSchedule written(std::move(source->content));
-  check_bytes(written.source, found.reports);
+  check_bytes(written.source, found.findings);
   if (!is_hopeless(written.source)) {
-    read_and_check_lines(written, file, options.media, found.reports);
-    check_passes(written, options.report_time, found.reports);
-    if (options.media && check_media(written, source->id, found.reports)) {
-      check_subschedules(written, found.reports);
+    read_and_check_lines(written, file, options.media, found.findings);
+    check_passes(written, options.report_time, found.findings);
+    if (options.media && check_media(written, source->id, found.findings)) {
+      check_subschedules(written, found.findings);
     }
   }
   cancel_watchdog();
-  sort_reports(found);
+  sort_findings(found);
   return true;
 }

@@ -12,4 +12,4 @@ struct CheckOptions {
 
 /// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False
 /// when the file cannot be read; `found` then says why.
-bool check_schedule_file(const std::string& file, const CheckOptions& options, FileReports& found);
+bool check_schedule_file(const std::string& file, const CheckOptions& options, FileFindings& found);

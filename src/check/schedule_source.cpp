@@ -28,22 +28,22 @@ std::optional<ScheduleSource> read_file(const std::string& path) {
 
 }  // namespace
 
-std::optional<ScheduleSource> read_schedule_source(const std::string& file, Report& failure) {
+std::optional<ScheduleSource> read_schedule_source(const std::string& file, Finding& failure) {
   const bool is_standard_input = file == "-" || file == "/dev/stdin";
   if (!is_standard_input && look_at(file) == FileState::link) {
-    failure = {Finding::link,
+    failure = {FindingKind::link,
                {},
-               "is a link, which no program reads a schedule through; name the file that it "
-               "leads to",
+               "is a link, and no program reads a schedule through a link; name the file "
+               "that it leads to",
                {}};
     return std::nullopt;
   }
   std::optional<ScheduleSource> source =
       is_standard_input ? read_open_file(STDIN_FILENO, {}) : read_file(file);
   if (!source) {
-    failure = {Finding::unreadable,
+    failure = {FindingKind::unreadable,
                {},
-               errno == EINVAL ? std::string("is no regular file")
+               errno == EINVAL ? std::string("is not a regular file")
                                : std::string("cannot be read: ") + std::strerror(errno),
                {}};
   }

@@ -49,45 +49,46 @@ void SectionCheck::check_unusable_line(const SchedulePart& part) {
   const std::string_view before = strip_blanks(text.substr(0, colon));
   const auto nearest = nearest_word(before, key_names(part.section));
   if (colon != std::string_view::npos && nearest) {
-    misspelt_.emplace(*nearest, reports_.size());
-    reports_.push_back(
-        {Finding::colon, place_of(part), "a ':' gives " + quoted(before) + " no value; write '='"});
+    misspelt_.emplace(*nearest, findings_.size());
+    findings_.push_back({FindingKind::colon, place_of(part),
+                         "a ':' does not give " + quoted(before) + " a value; write '='"});
   } else {
-    reports_.push_back({Finding::no_key, place_of(part),
-                        quoted(text) + " gives nothing a value; write 'key = value'"});
+    findings_.push_back({FindingKind::no_key, place_of(part),
+                         quoted(text) + " does not set a key; write 'key = value'"});
   }
 }
 
 void SectionCheck::check_unknown_key(const SchedulePart& part, std::string_view name) {
   const std::vector<std::string_view> names = key_names(part.section);
   if (const auto nearest = nearest_word(name, names)) {
-    misspelt_.emplace(*nearest, reports_.size());
+    misspelt_.emplace(*nearest, findings_.size());
   }
   const std::string lower = lower_case(name);
   if (find_section_key(part.section, lower) != nullptr) {
-    reports_.push_back({Finding::letter_case, place_of(part),
-                        quoted(name) + " is of no effect; write " + quoted(lower)});
+    findings_.push_back({FindingKind::letter_case, place_of(part),
+                         quoted(name) + " has no effect; write " + quoted(lower)});
     return;
   }
   const char* owner = part.section == SectionKind::item ? "an item" : "a schedule block";
-  reports_.push_back({Finding::unknown_key, place_of(part),
-                      quoted(name) + " is no key of " + owner + did_you_mean(name, names)});
+  findings_.push_back({FindingKind::unknown_key, place_of(part),
+                       "unknown key " + quoted(name) + " in " + owner + did_you_mean(name, names)});
 }
 
 void SectionCheck::take_value(const SchedulePart& part) {
   const WrittenValue value{part.key, part.value, value_place_of(part), part.column};
   if (part.key->key == ScheduleKey::item) {
-    check_path(std::string(part.value), value.place, with_media_, reports_);
+    check_path(std::string(part.value), value.place, with_media_, findings_);
   }
   const auto earlier = std::ranges::find(section_.values, part.key, &WrittenValue::key);
   if (earlier == section_.values.end()) {
     section_.values.push_back(value);
     return;
   }
-  reports_.push_back({Finding::repeated_key,
-                      earlier->key_place(),
-                      quoted(part.key->name) + " is given again; this line is of no effect",
-                      {{value.key_place(), "here"}}});
+  findings_.push_back(
+      {FindingKind::repeated_key,
+       earlier->key_place(),
+       "a later line sets " + quoted(part.key->name) + " again; this line has no effect",
+       {{value.key_place(), "the later line is here"}}});
   *earlier = value;
 }
 
@@ -109,17 +110,18 @@ void SectionCheck::end_section(const SchedulePart& part, const PartEffect& effec
 }
 
 void SectionCheck::check_needed_keys(SectionKind kind) {
-  const std::string lost = kind == SectionKind::item ? "no item: " : "no block: ";
+  const std::string lost =
+      kind == SectionKind::item ? "the item is dropped: " : "the block is dropped: ";
   for (const SectionKey& key : section_keys(kind)) {
     if (!key.is_needed || section_.value_of(key.key) != nullptr) {
       continue;
     }
     const auto misspelt = misspelt_.find(key.name);
     if (misspelt != misspelt_.end()) {
-      reports_[misspelt->second].text.insert(0, lost);
+      findings_[misspelt->second].text.insert(0, lost);
     } else {
-      reports_.push_back({Finding::missing, section_.place,
-                          lost + "without " + quoted(key.name) + " it is dropped"});
+      findings_.push_back(
+          {FindingKind::missing, section_.place, lost + "it has no " + quoted(key.name)});
     }
   }
 }
@@ -130,10 +132,11 @@ void SectionCheck::keep_section(SectionKind kind, bool is_broken) {
   auto& numbers = is_item ? written_.item_numbers : written_.block_numbers;
   const auto [number, is_new] = numbers.try_emplace(section_.start, sections.size());
   if (!is_new && !is_broken) {
-    reports_.push_back({Finding::same_start,
-                        sections[number->second].place,
-                        "another one starts at the same time; this one is dropped",
-                        {{section_.place, "this is the other"}}});
+    findings_.push_back({FindingKind::same_start,
+                         sections[number->second].place,
+                         std::string(is_item ? "another item" : "another block") +
+                             " starts at the same time; this one is dropped",
+                         {{section_.place, "the other one is here"}}});
   }
   number->second = sections.size();
   sections.push_back(std::move(section_));

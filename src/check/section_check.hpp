@@ -14,23 +14,23 @@
 class SectionCheck {
  public:
   SectionCheck(WrittenSchedule& written, bool with_media, TypeCheck& types,
-               std::vector<Report>& reports)
+               std::vector<Finding>& findings)
       : written_(written),
         with_media_(with_media),
         types_(types),
-        values_(written.schedule, reports),
-        reports_(reports) {}
+        values_(written.schedule, findings),
+        findings_(findings) {}
 
   void begin_section(const SchedulePart& part);
 
-  /// An entry or an unusable line of the section.
+  /// Checks an entry or an unusable line of the section.
   void check_line(const SchedulePart& part);
 
-  /// The section is read, and was stored or dropped. Of a broken one, which runs into the next,
-  /// nothing more is found.
+  /// Called when the reader has stored or dropped the section. A broken section, which runs into
+  /// the next one, gets no more findings.
   void end_section(const SchedulePart& part, const PartEffect& effect, bool is_broken);
 
-  /// At the end of the file.
+  /// Called at the end of the file.
   void finish() { values_.finish(); }
 
  private:
@@ -44,7 +44,8 @@ class SectionCheck {
   bool with_media_;
   TypeCheck& types_;
   ValueCheck values_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   WrittenSection section_;
-  std::map<std::string_view, size_t> misspelt_;  ///< keys, with the number of the report of each
+  std::map<std::string_view, size_t>
+      misspelt_;  ///< by key: the index of the finding for its misspelling
 };

@@ -14,14 +14,14 @@ bool is_utf_16(std::string_view content) {
   return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
 }
 
-/// Line ends of carriage returns alone, as old systems had them.
+/// Whether lines end with carriage returns alone, as on old systems.
 bool has_old_line_ends(std::string_view content) {
   const bool has_line_feed = content.find('\n') != std::string_view::npos;
   chomp(content);
   return !has_line_feed && content.find('\r') != std::string_view::npos;
 }
 
-/// The first byte that is no UTF-8, or npos.
+/// The first byte that is not valid UTF-8, or npos.
 size_t find_no_utf_8(std::string_view text) {
   for (std::string_view rest = text; !rest.empty();) {
     if (!take_utf_8(rest)) {
@@ -31,26 +31,26 @@ size_t find_no_utf_8(std::string_view text) {
   return std::string_view::npos;
 }
 
-void check_line(std::string_view line, int64_t number, std::vector<Report>& reports) {
-  const auto add = [&](Finding finding, size_t offset, std::string text) {
-    reports.push_back({finding, {number, static_cast<int64_t>(offset) + 1}, std::move(text), {}});
+void check_line(std::string_view line, int64_t number, std::vector<Finding>& findings) {
+  const auto add = [&](FindingKind kind, size_t offset, std::string text) {
+    findings.push_back({kind, {number, static_cast<int64_t>(offset) + 1}, std::move(text), {}});
   };
   if (const size_t nul = line.find('\0'); nul != std::string_view::npos) {
-    add(Finding::nul_byte, nul, "a NUL byte ends the line here");
+    add(FindingKind::nul_byte, nul, "a NUL byte ends the line here");
   }
   std::string_view text = line;
   chomp(text);
   if (const size_t at = text.find('\r'); at != std::string_view::npos) {
-    add(Finding::carriage_return, at, "a carriage return inside a line ends none");
+    add(FindingKind::carriage_return, at, "a carriage return inside a line does not end it");
   }
-  // The reader's pieces hold the line feed too.
+  // The reader's limit includes the line feed.
   if (line.size() > static_cast<size_t>(longest_schedule_line)) {
-    add(Finding::long_line, static_cast<size_t>(longest_schedule_line),
+    add(FindingKind::long_line, static_cast<size_t>(longest_schedule_line),
         "a line of " + std::to_string(line.size()) +
-            " bytes: what is behind the first 1023 is read as a line of its own");
+            " bytes: the part after the first 1023 bytes is read as further lines");
   }
   if (const size_t at = find_no_utf_8(line); at != std::string_view::npos) {
-    add(Finding::not_utf_8, at, "no UTF-8; it goes into documents as it is");
+    add(FindingKind::not_utf_8, at, "not valid UTF-8; the documents show these bytes unchanged");
   }
 }
 
@@ -77,27 +77,30 @@ bool is_hopeless(const SourceText& source) {
   return is_utf_16(source.content()) || has_old_line_ends(source.content());
 }
 
-void check_bytes(const SourceText& source, std::vector<Report>& reports) {
+void check_bytes(const SourceText& source, std::vector<Finding>& findings) {
   if (is_utf_16(source.content())) {
-    reports.push_back(
-        {Finding::utf_16, {}, "UTF-16, of which nothing is understood; save it as UTF-8", {}});
+    findings.push_back({FindingKind::utf_16,
+                        {},
+                        "the file is UTF-16, which cannot be read; save it as UTF-8",
+                        {}});
     return;
   }
   if (has_old_line_ends(source.content())) {
     const auto at = static_cast<int64_t>(source.content().find('\r'));
-    reports.push_back({Finding::carriage_return,
-                       {1, at + 1},
-                       "carriage returns alone end no lines: the whole file is one",
-                       {}});
+    findings.push_back({FindingKind::carriage_return,
+                        {1, at + 1},
+                        "carriage returns alone do not end lines: the whole file is one line",
+                        {}});
     return;
   }
   if (source.content().starts_with(byte_order_mark)) {
-    reports.push_back({Finding::byte_order_mark,
-                       {},
-                       "a byte order mark, which makes the first line one that nobody knows",
-                       {}});
+    findings.push_back(
+        {FindingKind::byte_order_mark,
+         {},
+         "the byte order mark makes the first line an unknown line; save the file without it",
+         {}});
   }
   for (int64_t number = 1; number <= source.line_count(); ++number) {
-    check_line(source.line(number), number, reports);
+    check_line(source.line(number), number, findings);
   }
 }

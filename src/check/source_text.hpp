@@ -14,7 +14,7 @@ class SourceText {
 
   std::string_view content() const { return content_; }
 
-  /// Without its line feed; empty beyond the last.
+  /// The line without its line feed; empty beyond the last line.
   std::string_view line(int64_t number) const;
   int64_t line_count() const { return static_cast<int64_t>(line_starts_.size()); }
 
@@ -23,8 +23,8 @@ class SourceText {
   std::vector<size_t> line_starts_;
 };
 
-/// What is wrong with a text as bytes: marks, encodings, line ends, lines that are too long.
-void check_bytes(const SourceText& source, std::vector<Report>& reports);
+/// Checks the bytes of the text: byte order mark, encoding, line ends, overlong lines.
+void check_bytes(const SourceText& source, std::vector<Finding>& findings);
 
-/// Whether the reader can make nothing of the text, so that no more need be said.
+/// Whether the reader can use nothing of the text, so that further checks make no sense.
 bool is_hopeless(const SourceText& source);

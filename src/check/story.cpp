@@ -64,7 +64,8 @@ void Story::filling_gap(uint64_t start, uint64_t end) {
                      {}};
 }
 
-/// Blocks are announced anew for each schedule that is patched in: the story stays the first.
+/// Blocks are announced again for each schedule that is patched in. The story keeps the first
+/// announcement.
 void Story::announcing(const ScheduleBlock& block) {
   const std::string where = "the block " + quoted(block.block) + " of " + name_ + ":" +
                             std::to_string(block_lines_[block.start]) + ", announced as one";
@@ -88,8 +89,8 @@ void Story::cutting_for_block(const ScheduleItem& item, uint64_t block_start) {
 
 void Story::moving_behind_block(const ScheduleItem& item, uint64_t block_end) {
   Origin origin = origins_[item.start];
-  origin.events.push_back("cut: begins at " + position(block_end) +
-                          ", behind a block, and no longer at " + position(item.start));
+  origin.events.push_back("cut: begins at " + position(block_end) + ", after a block, and not at " +
+                          position(item.start));
   origins_[block_end] = std::move(origin);
 }
 

@@ -10,7 +10,7 @@
 #include "schedule/schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 
-/// Where what airs comes from, and what happened to it on the way.
+/// Where an item that airs comes from, and what happened to it on the way.
 struct Origin {
   std::string where;
   std::vector<std::string> events;
@@ -19,18 +19,18 @@ struct Origin {
 /// Follows a schedule from its file through the passes. Positions are schedule seconds.
 class Story : public PassObserver {
  public:
-  /// `name` is that of the file, and `schedule` the record that is made of it.
+  /// `name` is the name of the file, and `schedule` the record that is built from it.
   Story(std::string name, const Schedule& schedule) : name_(std::move(name)), schedule_(schedule) {}
 
-  /// A part of the file, and what it did to the record.
+  /// Takes a part of the file and what it did to the record.
   void add_part(const SchedulePart& part, const PartEffect& effect);
 
   const Origin& origin_at(uint64_t start) { return origins_[start]; }
 
-  /// What is written for the position and does not air then.
+  /// For each item that is written for the position but does not air then: its line and why.
   std::vector<std::string> lost_at(uint64_t position) const;
 
-  /// As it would be written in a schedule of the type; an end at midnight is hour 24.
+  /// A position as a schedule of the type writes it; an end at midnight is hour 24.
   std::string position(uint64_t seconds) const;
   std::string end_position(uint64_t seconds) const;
 
@@ -65,7 +65,7 @@ class Story : public PassObserver {
   std::map<uint64_t, int64_t> block_lines_;
   std::map<uint64_t, Origin> origins_;
   std::vector<Lost> lost_;
-  Origin displaced_;  ///< what the block that is announced stands in place of
+  Origin displaced_;  ///< origin of the item that the announced block replaces
   bool is_announced_again_ = false;
-  Origin inserted_;  ///< of the items of the schedule that is patched in
+  Origin inserted_;  ///< origin of the items of the schedule that is patched in
 };

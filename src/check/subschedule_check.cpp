@@ -18,15 +18,16 @@ namespace {
 
 class SubscheduleCheck : public PassObserver {
  public:
-  SubscheduleCheck(WrittenSchedule& written, std::vector<Report>& reports)
-      : written_(written), reports_(reports) {}
+  SubscheduleCheck(WrittenSchedule& written, std::vector<Finding>& findings)
+      : written_(written), findings_(findings) {}
 
   void check() {
     Schedule& schedule = written_.schedule;
     if (schedule.unit_length == 0) {
-      return;  // it has its finding, and no run gets so far
+      return;  // this has its finding already, and a run ends before this point
     }
-    // They are announced already. Doing so again could end the run where a schedule airs nothing.
+    // The blocks are announced already. Announcing them again could end the run if a schedule airs
+    // nothing.
     schedule.blocks.clear();
     schedule.observer = this;
     patch_all_subschedules(schedule);
@@ -54,14 +55,14 @@ class SubscheduleCheck : public PassObserver {
   void reaching_last_level() override { is_last_level_reached_ = true; }
 
  private:
-  /// An item of the file, written or a default one, in whose place a schedule airs.
+  /// An item of the file, written or default, that a schedule replaces.
   struct Root {
     uint64_t end;
     std::string path;
     Place place;
   };
 
-  /// The item whose place a schedule takes at the moment.
+  /// The item that a schedule replaces now.
   struct Filling {
     std::string path;
     uint64_t start = 0;
@@ -78,7 +79,8 @@ class SubscheduleCheck : public PassObserver {
     return &std::prev(behind)->second;
   }
 
-  /// Of the item that starts there; of another with that path where a block took its beginning.
+  /// The place of the item that starts there, or of another item with that path if a block cut the
+  /// item's beginning.
   Place place_of(const std::string& path, uint64_t start) const {
     const WrittenSection* item = written_.item_at(start);
     if (item != nullptr && item->text_of(ScheduleKey::item) == path) {
@@ -96,14 +98,14 @@ class SubscheduleCheck : public PassObserver {
     return {};
   }
 
-  void add(Finding finding, const Root& root, const std::string& text) {
-    if (reported_.emplace(root.place.line, finding).second) {
-      reports_.push_back({finding, root.place, text, {}});
+  void add(FindingKind kind, const Root& root, const std::string& text) {
+    if (reported_.emplace(root.place.line, kind).second) {
+      findings_.push_back({kind, root.place, text, {}});
     }
   }
 
-  /// A unit that ends with the item costs nothing, and neither does one that is the longer of the
-  /// two: its other days fill the item.
+  /// Nothing is lost if the unit ends together with the item. If the unit is the longer one,
+  /// nothing is lost either: its other days fill the item.
   void check_filling() {
     const Root* root = root_at(filling_.start);
     const uint64_t rest = std::max(filling_.filled_to, filling_.start);
@@ -114,17 +116,17 @@ class SubscheduleCheck : public PassObserver {
     const std::string schedule = "the schedule " + quoted(filling_.path);
     const std::string end = written_end(filling_.end, type);
     if (filling_.filled_to == 0) {
-      add(Finding::wraparound, *root,
+      add(FindingKind::wraparound, *root,
           "nothing of " + schedule + " airs here, from " + written_position(filling_.start, type) +
-              " to " + end + ": the ends of its items fall together with their starts");
+              " to " + end + ": each of its items ends where it starts");
     } else if (filling_.is_wrapped_around) {
-      add(Finding::wraparound, *root,
+      add(FindingKind::wraparound, *root,
           schedule + " airs only to the end of its unit, " + written_end(rest, type) +
               ", and not to " + end + "; write an item for each of its units");
     }
   }
 
-  /// Not a 30th of February, which has no time of its own.
+  /// False for dates such as February 30, which have no time of their own.
   bool is_of_this_unit(uint64_t position) const {
     UnitClock clock(written_.schedule);
     const time_t t = clock.time_of(position);
@@ -135,9 +137,9 @@ class SubscheduleCheck : public PassObserver {
     for (const auto& [start, item] : written_.schedule.schedule) {
       const Root* root = root_at(start);
       if (root != nullptr && !item.is_block && is_schedule(item)) {
-        add(Finding::too_deep, *root,
+        add(FindingKind::too_deep, *root,
             "the schedule " + quoted(root->path) + " leads more than ten levels deep: " +
-                quoted(item.item) + " stays unread, and nothing in it airs");
+                quoted(item.item) + " is not read, and nothing in it airs");
       }
     }
   }
@@ -153,16 +155,16 @@ class SubscheduleCheck : public PassObserver {
   }
 
   WrittenSchedule& written_;
-  std::vector<Report>& reports_;
+  std::vector<Finding>& findings_;
   std::map<uint64_t, Root> roots_;  ///< by start
-  std::set<std::pair<int64_t, Finding>> reported_;
-  std::map<std::string, bool> known_;  ///< which paths are those of schedules
+  std::set<std::pair<int64_t, FindingKind>> reported_;
+  std::map<std::string, bool> known_;  ///< by path: whether the file is a schedule
   Filling filling_;
   bool is_last_level_reached_ = false;
 };
 
 }  // namespace
 
-void check_subschedules(WrittenSchedule& written, std::vector<Report>& reports) {
-  SubscheduleCheck(written, reports).check();
+void check_subschedules(WrittenSchedule& written, std::vector<Finding>& findings) {
+  SubscheduleCheck(written, findings).check();
 }

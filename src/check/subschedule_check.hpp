@@ -5,6 +5,6 @@
 #include "check/finding.hpp"
 #include "check/written_schedule.hpp"
 
-/// Patches in the schedules that items name, as a run does, and finds what is lost on the way. To
-/// be called behind check_passes, where check_media says that it can be done.
-void check_subschedules(WrittenSchedule& written, std::vector<Report>& reports);
+/// Patches in the schedules that items name, as a run does, and finds what is lost by that. Call it
+/// after check_passes, and only if check_media returned true.
+void check_subschedules(WrittenSchedule& written, std::vector<Finding>& findings);

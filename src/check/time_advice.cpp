@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
-/// Weekdays in other languages, by their first letters; the longer ones stand first.
+/// Weekdays in other languages and their short forms, in lower case.
 constexpr auto foreign_weekdays = std::to_array<std::pair<std::string_view, int>>({
     {"sonntag", 0},   {"montag", 1},   {"dienstag", 2},  {"mittwoch", 3},  {"donnerstag", 4},
     {"freitag", 5},   {"samstag", 6},  {"sonnabend", 6}, {"dimanche", 0},  {"lundi", 1},
@@ -43,7 +43,7 @@ bool is_time(std::string_view text) {
   return schedule_parse_time(text, broken_down, microseconds);
 }
 
-/// Whether the usual form of a time goes on behind the date.
+/// Whether a clock follows the date, as in the usual form of a time.
 bool is_date_and_clock(const WrittenDate& date, TimeText rest) {
   return in_range(date) && take_separators(rest) && read_clock(rest);
 }
@@ -69,7 +69,8 @@ std::vector<Word> words_of(std::string_view text) {
   return words;
 }
 
-std::string with(std::string_view text, const Word& word, std::string_view replacement) {
+std::string with_word_replaced(std::string_view text, const Word& word,
+                               std::string_view replacement) {
   return std::string(text.substr(0, word.offset)) + std::string(replacement) +
          std::string(text.substr(word.offset + word.text.size()));
 }
@@ -83,8 +84,9 @@ std::optional<TimeAdvice> advise_on_comment(std::string_view text) {
   if (mark == std::string_view::npos || !is_time(strip_blanks(text.substr(0, mark)))) {
     return std::nullopt;
   }
-  return TimeAdvice{Finding::comment_behind_value, mark,
-                    "a comment behind a time makes it none; give the comment a line of its own"};
+  return TimeAdvice{
+      FindingKind::comment_behind_value, mark,
+      "a comment after a time makes the time invalid; put the comment on a line of its own"};
 }
 
 std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::vector<Word>& words) {
@@ -94,10 +96,10 @@ std::optional<TimeAdvice> advise_on_weekday(std::string_view text, const std::ve
       name.pop_back();
     }
     for (const auto& [foreign, weekday] : foreign_weekdays) {
-      if (name == foreign && is_time(with(text, word, short_name(weekday)))) {
+      if (name == foreign && is_time(with_word_replaced(text, word, short_name(weekday)))) {
         return TimeAdvice{
-            Finding::foreign_weekday, word.offset,
-            quoted(word.text) + " is no weekday here; write " + quoted(short_name(weekday))};
+            FindingKind::foreign_weekday, word.offset,
+            "unknown weekday " + quoted(word.text) + "; write " + quoted(short_name(weekday))};
       }
     }
   }
@@ -108,28 +110,28 @@ bool is_hour(std::string_view number) {
   return number.size() <= 2 && std::ranges::all_of(number, is_digit);
 }
 
-/// A clock with a full stop, an h or nothing where its colon belongs, or an hour alone.
+/// Advice on a clock with a full stop, an h or nothing in place of its colon, or on an hour alone.
 std::optional<TimeAdvice> advise_on_clock(std::string_view text, const std::vector<Word>& words) {
   for (const Word& word : words) {
     std::string number = lower_case(word.text);
     std::ranges::replace(number, 'h', '.');
     if ((looks_like_clock(number, true) || is_hour(number)) &&
-        is_time(with(text, word, clock_of(number)))) {
+        is_time(with_word_replaced(text, word, clock_of(number)))) {
       return TimeAdvice{
-          Finding::bad_time, word.offset,
+          FindingKind::bad_time, word.offset,
           quoted(word.text) + " is not understood; did you mean " + quoted(clock_of(number)) + "?"};
     }
   }
   return std::nullopt;
 }
 
-/// Numbers that are too large: of a clock, or of a date.
+/// Advice on numbers of a clock or a date that are too large.
 std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vector<Word>& words) {
   for (const Word& word : words) {
     if (word.text.find(':') != std::string_view::npos &&
         word.text.find_first_not_of("0123456789:.") == std::string_view::npos &&
-        !read_clock(word.text) && is_time(with(text, word, "00:00"))) {
-      return TimeAdvice{Finding::out_of_range, word.offset,
+        !read_clock(word.text) && is_time(with_word_replaced(text, word, "00:00"))) {
+      return TimeAdvice{FindingKind::out_of_range, word.offset,
                         quoted(word.text) + " is out of range: clocks run from 00:00 to 24:00"};
     }
   }
@@ -137,7 +139,7 @@ std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vect
   TimeText rest = skip_blanks(lower);
   const std::optional<WrittenDate> date = take_date(rest);
   if (date && !in_range(*date)) {
-    return TimeAdvice{Finding::out_of_range, 0,
+    return TimeAdvice{FindingKind::out_of_range, 0,
                       quoted(text) +
                           " is out of range: years run from 1900 to 9999, months to 12, "
                           "days to 31"};
@@ -153,20 +155,20 @@ TimeAdvice advise_on_rest(std::string_view text, const std::vector<Word>& words)
   }();
   for (const Word& word : words) {
     const auto name = nearest_word(word.text, names);
-    if (name && is_time(with(text, word, *name))) {
-      return {Finding::bad_time, word.offset,
+    if (name && is_time(with_word_replaced(text, word, *name))) {
+      return {FindingKind::bad_time, word.offset,
               quoted(word.text) + " is not understood; did you mean " + quoted(*name) + "?"};
     }
   }
   for (const Word& word : words) {
-    if (is_time(strip_blanks(with(text, word, "")))) {
-      return {Finding::bad_time, word.offset, quoted(word.text) + " is not understood"};
+    if (is_time(strip_blanks(with_word_replaced(text, word, "")))) {
+      return {FindingKind::bad_time, word.offset, quoted(word.text) + " is not understood"};
     }
   }
-  return {Finding::bad_time, 0, quoted(text) + " is no time"};
+  return {FindingKind::bad_time, 0, "invalid time " + quoted(text)};
 }
 
-/// The parts of a written date that a schedule of that type has no use for.
+/// The parts of a written date that a schedule of that type ignores.
 std::string needless_parts(const WrittenDate& date, DayName day_name) {
   std::string parts;
   const auto add = [&](bool is_given, std::string_view part) {
@@ -188,25 +190,25 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
                                          const ScheduleType& type) {
   const std::string parts = needless_parts(date, type.day_name);
   if (!parts.empty()) {
-    std::string advice = "the " + parts + " in " + a_schedule_of(type.text) + " is of no effect";
+    std::string advice = a_schedule_of(type.text) + " ignores the " + parts;
     if (type.day_name == DayName::weekday && !date.weekday) {
       std::tm broken_down{};
       long microseconds = 0;
       schedule_parse_time(text, broken_down, microseconds);
-      advice = "the date in a weekly schedule counts as its weekday: every " +
+      advice = "a weekly schedule takes only the weekday of the date: every " +
                std::string(weekday_names.at(static_cast<size_t>(broken_down.tm_wday)));
     }
-    return TimeAdvice{Finding::needless_date, 0, advice};
+    return TimeAdvice{FindingKind::needless_date, 0, advice};
   }
   if (type.day_name == DayName::date && date.year && *date.year < first_schedule_year) {
-    return TimeAdvice{Finding::out_of_range, 0,
+    return TimeAdvice{FindingKind::out_of_range, 0,
                       "years before " + std::to_string(first_schedule_year) + " count as " +
                           std::to_string(first_schedule_year)};
   }
   if (date.month && date.day && in_range(date)) {
     const auto month = static_cast<size_t>(*date.month) - 1;
     if (*date.day > month_lengths.at(month)) {
-      return TimeAdvice{Finding::no_such_date, 0,
+      return TimeAdvice{FindingKind::no_such_date, 0,
                         std::string(month_names.at(month)) + " has no day " +
                             std::to_string(*date.day) + "; it airs on " +
                             std::string(month_names.at((month + 1) % 12)) + " " +

@@ -9,31 +9,30 @@
 #include "platform/syntax/schedule_types.hpp"
 
 struct TimeAdvice {
-  Finding finding;
+  FindingKind kind;
   size_t offset;  ///< in the text
   std::string text;
 };
 
-/// What is wrong with a time as it is written, or not as it was probably meant, in a schedule of
-/// that type.
+/// What is wrong, or probably not meant, in a written time of a schedule of that type.
 std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType& type);
 
-/// Whether the text is a number alone, which the reader takes for schedule seconds.
+/// Whether the text is only a number, which the reader takes as schedule seconds.
 bool is_bare_number(std::string_view text);
 
 /// Whether such a number looks like an hour and minutes: "18.00", or "1800" where `in_figures`.
 bool looks_like_clock(std::string_view number, bool in_figures);
 
-/// A number that looks like a clock as the clock: "18:00".
+/// Writes a number that looks like a clock as a clock: "18:00".
 std::string clock_of(std::string_view number);
 
 /// "a weekly schedule".
 std::string a_schedule_of(std::string_view type);
 
-/// A schedule position as one would write it in a schedule of that type: "Tue 01:00".
+/// A schedule position as a schedule of that type writes it: "Tue 01:00".
 std::string written_position(uint64_t position, const ScheduleType& type);
 
-/// The same of an end: midnight is hour 24 of the day before.
+/// The same for an end: midnight is hour 24 of the day before.
 std::string written_end(uint64_t position, const ScheduleType& type);
 
 /// "7 days", "years 2020 to 2034".

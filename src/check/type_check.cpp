@@ -23,10 +23,11 @@ std::vector<std::string_view> types_with_unit() {
 void TypeCheck::take_type(Place place) {
   type_place_ = place;
   if (first_untyped_) {
-    reports_.push_back({Finding::late_type,
-                        place,
-                        "the type comes behind sections whose times needed it; they are not aired",
-                        {{*first_untyped_, "the first of them"}}});
+    findings_.push_back(
+        {FindingKind::late_type,
+         place,
+         "the type comes after sections whose times need it; these sections do not air",
+         {{*first_untyped_, "the first of these sections"}}});
     first_untyped_.reset();
   }
 }
@@ -35,32 +36,32 @@ void TypeCheck::check_unused_type(const SchedulePart& part) {
   const Place place = place_of(part);
   const ScheduleType* type = find_schedule_type(part.name);
   if (type == nullptr) {
-    reports_.push_back(report_on_unknown_type(part.name, place));
+    findings_.push_back(finding_for_unknown_type(part.name, place));
     is_misspelt_ = true;
   } else if (type->unit_length == 0) {
-    reports_.push_back(
-        {Finding::type_without_unit, place, "a schedule of this type cannot be printed"});
+    findings_.push_back(
+        {FindingKind::type_without_unit, place, "a schedule of this type cannot be printed"});
   } else {
-    reports_.push_back({Finding::second_type,
-                        place,
-                        "the schedule is " + schedule_.type + " already; this line is of no effect",
-                        {{type_place(), "the type comes from here"}}});
+    findings_.push_back({FindingKind::second_type,
+                         place,
+                         "the type is already " + schedule_.type + "; this line has no effect",
+                         {{type_place(), "the type comes from here"}}});
   }
 }
 
-Report TypeCheck::report_on_unknown_type(std::string_view text, Place place) const {
+Finding TypeCheck::finding_for_unknown_type(std::string_view text, Place place) const {
   const std::vector<std::string_view> types = types_with_unit();
   const std::string_view word = strip_blanks(text.substr(0, text.find('#')));
   const std::optional<std::string_view> nearest = nearest_word(word, types);
-  std::string report = quoted("*" + std::string(text)) + " is no type";
+  std::string message = "unknown type " + quoted("*" + std::string(text));
   if (word != text && nearest == word) {
-    report += ": nothing may stand around the word; write " + quoted("*" + std::string(word));
+    message += ": nothing else may stand on the line; write " + quoted("*" + std::string(word));
   } else if (nearest) {
-    report += "; did you mean " + quoted("*" + std::string(*nearest)) + "?";
+    message += "; did you mean " + quoted("*" + std::string(*nearest)) + "?";
   } else {
-    report += "; there are daily, weekly, monthly, yearly and endless";
+    message += "; the types are daily, weekly, monthly, yearly and endless";
   }
-  return {Finding::unknown_type, place, std::move(report)};
+  return {FindingKind::unknown_type, place, std::move(message)};
 }
 
 void TypeCheck::check_timed_section(Place place) {
@@ -71,8 +72,9 @@ void TypeCheck::check_timed_section(Place place) {
 
 void TypeCheck::finish() {
   if (first_untyped_) {
-    reports_.push_back({Finding::no_type, *first_untyped_,
-                        "no type line before this section, which its times need; begin the file "
-                        "with '*weekly' or another type"});
+    findings_.push_back(
+        {FindingKind::no_type, *first_untyped_,
+         "the times of this section need a type line before it; begin the file with "
+         "'*weekly' or another type"});
   }
 }

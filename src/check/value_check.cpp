@@ -39,7 +39,7 @@ void ValueCheck::check_section(const WrittenSection& section) {
       check_markup(value);
       check_control_characters(value);
     } else if (key == ScheduleKey::block) {
-      // The document escapes the name of an announced block, which stands in place of a path.
+      // The document shows the name of an announced block in place of a path, and escapes it.
       check_control_characters(value);
     }
   }
@@ -51,15 +51,15 @@ void ValueCheck::check_time(const WrittenValue& value) {
   if (is_bare_number(value.text)) {
     bare_numbers_.push_back(value);
     if (std::strtoull(std::string(value.text).c_str(), nullptr, 10) > type.unit_length) {
-      reports_.push_back({Finding::out_of_range, value.place,
-                          quoted(value.text) + " is out of range: the schedule has " +
-                              std::to_string(type.unit_length) + " seconds"});
+      findings_.push_back({FindingKind::out_of_range, value.place,
+                           quoted(value.text) + " is out of range: the schedule has " +
+                               std::to_string(type.unit_length) + " seconds"});
     }
   } else {
     has_clocks_ = true;
   }
   for (const TimeAdvice& advice : advise_on_time(value.text, type)) {
-    reports_.push_back({advice.finding, place_within(value, advice.offset), advice.text});
+    findings_.push_back({advice.kind, place_within(value, advice.offset), advice.text});
   }
 }
 
@@ -68,18 +68,18 @@ void ValueCheck::check_number(const WrittenValue& value) {
   char* end = nullptr;
   std::strtod(text.c_str(), &end);
   if (end == text.c_str() || *end != '\0') {
-    reports_.push_back(
-        {Finding::bad_number, value.place, quoted(value.text) + " is no number of seconds"});
+    findings_.push_back(
+        {FindingKind::bad_number, value.place, "invalid number of seconds " + quoted(value.text)});
   }
 }
 
 void ValueCheck::check_announce(const WrittenValue& value) {
   if (std::ranges::find(announces, value.text) == announces.end()) {
-    reports_.push_back({Finding::unknown_announce, value.place,
-                        quoted(value.text) +
-                            " counts as no word: the block is announced as one only without "
-                            "programmes inside" +
-                            did_you_mean(value.text, announces)});
+    findings_.push_back({FindingKind::unknown_announce, value.place,
+                         "unknown value " + quoted(value.text) +
+                             ": the block is announced as one item only if no programmes lie "
+                             "inside" +
+                             did_you_mean(value.text, announces)});
   }
 }
 
@@ -89,28 +89,28 @@ void ValueCheck::check_markup(const WrittenValue& value) {
     return;
   }
   const std::string_view reference = reference_at(value.text.substr(mark));
-  reports_.push_back({Finding::markup, place_within(value, mark),
-                      reference.empty()
-                          ? quoted(value.text.substr(mark, 1)) +
-                                " goes into the XML document as it is and makes it ill-formed"
-                          : quoted(reference) +
-                                " is one sign in the XML document alone; all other documents "
-                                "show it as it is"});
+  findings_.push_back({FindingKind::markup, place_within(value, mark),
+                       reference.empty()
+                           ? quoted(value.text.substr(mark, 1)) +
+                                 " goes into the XML document unescaped and makes it ill-formed"
+                           : quoted(reference) +
+                                 " is one character in the XML document only; all other "
+                                 "documents show it as written"});
 }
 
 void ValueCheck::check_control_characters(const WrittenValue& value) {
   const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
   const auto* found = std::ranges::find_if(value.text, is_control);
   if (found != value.text.end()) {
-    reports_.push_back({Finding::control_character,
-                        place_within(value, static_cast<size_t>(found - value.text.begin())),
-                        "a control character makes the XML document ill-formed"});
+    findings_.push_back({FindingKind::control_character,
+                         place_within(value, static_cast<size_t>(found - value.text.begin())),
+                         "a control character makes the XML document ill-formed"});
   }
 }
 
-/// Numbers alone are schedule seconds, "12.48" as well as "3605.20". They are meant as clocks in
-/// a file that writes clocks elsewhere, and where every one of them could be one; "1800" only
-/// there.
+/// A plain number means schedule seconds, "12.48" as well as "3605.20". It was probably meant as a
+/// clock if the file writes clocks elsewhere, or if every plain number could be a clock; "1800"
+/// only in the first case.
 void ValueCheck::finish() {
   const bool are_seconds =
       !has_clocks_ && std::ranges::any_of(bare_numbers_, [](const WrittenValue& value) {
@@ -121,10 +121,10 @@ void ValueCheck::finish() {
   }
   for (const WrittenValue& value : bare_numbers_) {
     if (looks_like_clock(value.text, has_clocks_)) {
-      reports_.push_back({Finding::bare_number, value.place,
-                          quoted(value.text) +
-                              " is read as seconds from the beginning of the unit; write " +
-                              quoted(clock_of(value.text))});
+      findings_.push_back({FindingKind::bare_number, value.place,
+                           quoted(value.text) +
+                               " is read as seconds from the beginning of the unit; write " +
+                               quoted(clock_of(value.text))});
     }
   }
 }

@@ -6,18 +6,18 @@
 #include "check/finding.hpp"
 #include "check/written_schedule.hpp"
 
-/// The reference of XML, as "&amp;", that the text begins with, or nothing.
+/// The XML reference, such as "&amp;", at the start of the text, or nothing.
 std::string_view reference_at(std::string_view text);
 
 /// Checks the times, numbers and texts of items and blocks.
 class ValueCheck {
  public:
-  ValueCheck(const Schedule& schedule, std::vector<Report>& reports)
-      : schedule_(schedule), reports_(reports) {}
+  ValueCheck(const Schedule& schedule, std::vector<Finding>& findings)
+      : schedule_(schedule), findings_(findings) {}
 
   void check_section(const WrittenSection& section);
 
-  /// Checks numbers alone in place of times, when all times of the file are known.
+  /// Checks the times that are only numbers. Call it when all times of the file are known.
   void finish();
 
  private:
@@ -28,7 +28,7 @@ class ValueCheck {
   void check_control_characters(const WrittenValue& value);
 
   const Schedule& schedule_;
-  std::vector<Report>& reports_;
-  bool has_clocks_ = false;  ///< whether a time is more than a number
+  std::vector<Finding>& findings_;
+  bool has_clocks_ = false;  ///< whether some time is more than a number
   std::vector<WrittenValue> bare_numbers_;
 };

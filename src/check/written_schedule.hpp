@@ -13,7 +13,7 @@
 #include "platform/syntax/schedule_file.hpp"
 #include "schedule/schedule.hpp"
 
-// A schedule file as it is written, beside the schedule that the reader makes of it.
+// A schedule file as it is written, together with the schedule that the reader builds from it.
 
 inline Place place_of(const SchedulePart& part) {
   return {part.line, part.column};
@@ -23,7 +23,7 @@ inline Place value_place_of(const SchedulePart& part) {
   return {part.line, part.value_column};
 }
 
-/// The texts are parts of the file's.
+/// The text is a part of the file's text.
 struct WrittenValue {
   const SectionKey* key;
   std::string_view text;
@@ -36,18 +36,18 @@ struct WrittenValue {
 /// An item's or a block's section.
 struct WrittenSection {
   Place place;
-  std::vector<WrittenValue> values;  ///< one a key
+  std::vector<WrittenValue> values;  ///< one for each key
   uint64_t start = no_time;          ///< schedule seconds, as read
   uint64_t end = no_time;
-  bool is_broken = false;  ///< it ran into the next one, of which nothing more need be said
+  bool is_broken = false;  ///< it runs into the next one and gets no more findings
 
-  /// Null when the section gives the key none.
+  /// The value of the key, or null.
   const WrittenValue* value_of(ScheduleKey key) const {
     const auto is_of_key = [key](const WrittenValue& value) { return value.key->key == key; };
     const auto found = std::ranges::find_if(values, is_of_key);
     return found != values.end() ? &*found : nullptr;
   }
-  /// Where it stands, or the section where there is none.
+  /// The place of the key's value, or of the section if there is none.
   Place place_of(ScheduleKey key) const {
     const WrittenValue* value = value_of(key);
     return value != nullptr ? value->place : place;
@@ -63,9 +63,11 @@ struct WrittenSchedule {
 
   SourceText source;
   Schedule schedule;
-  std::vector<WrittenSection> items;  ///< in the order of the file; of one start the last airs
+  std::vector<WrittenSection>
+      items;  ///< in the order of the file; of several with one start, the last airs
   std::vector<WrittenSection> blocks;
-  std::map<std::string, Place> default_paths;  ///< of default items, where they first stand
+  std::map<std::string, Place>
+      default_paths;  ///< of default items, each with the first place that names it
 
   /// The last one that starts there, or null.
   const WrittenSection* item_at(uint64_t start) const {

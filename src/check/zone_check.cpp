@@ -5,13 +5,13 @@
 
 #include "platform/time/known_zone.hpp"
 
-std::vector<Report> check_zone() {
+std::vector<Finding> check_zone() {
   const char* set = std::getenv("TZ");
   const std::string_view zone = set != nullptr ? set : "";
   if (zone.empty() || zone == ":" || is_known_zone(zone)) {
     return {};
   }
-  return {{Finding::unknown_zone,
+  return {{FindingKind::unknown_zone,
            {},
            "the machine knows no zone " + quoted(zone) + ": times would be those of UTC",
            {}}};

@@ -5,5 +5,5 @@
 
 #include "check/finding.hpp"
 
-/// What is wrong with the zone in TZ: one that the machine does not know counts as UTC.
-std::vector<Report> check_zone();
+/// Checks the zone in TZ. A zone that the machine does not know counts as UTC.
+std::vector<Finding> check_zone();

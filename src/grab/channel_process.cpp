@@ -25,7 +25,7 @@ const ChannelWork* work_at_hand = nullptr;
 /// The texts that were already printed, in order. There are only a few different ones.
 std::vector<std::string> warnings;
 
-void say(const char* text) {
+void print_message(const char* text) {
   std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", work_at_hand->channel.id.c_str(), text);
 }
 
@@ -33,15 +33,15 @@ void say(const char* text) {
   _exit(static_cast<int>(end));
 }
 
-void say_warnings() {
+void print_kept_warnings() {
   for (const std::string& text : warnings) {
-    say(text.c_str());
+    print_message(text.c_str());
   }
 }
 
 [[noreturn]] void fail_channel(const std::string& reason) {
-  say_warnings();
-  say(reason.c_str());
+  print_kept_warnings();
+  print_message(reason.c_str());
   end_with(ChannelEnd::failed);
 }
 
@@ -63,8 +63,8 @@ void take_warning(Warning kind, std::string_view text) {
 /// What the machine lacks now may be available to a process that works alone.
 void end_lacking(const char* message) {
   if (work_at_hand->attempt == Attempt::last) {
-    say_warnings();
-    say(message);
+    print_kept_warnings();
+    print_message(message);
   }
   end_with(ChannelEnd::lacking);
 }
@@ -74,7 +74,7 @@ void end_lacking(const char* message) {
   if (work_at_hand->attempt == Attempt::first) {
     end_with(ChannelEnd::lacking);
   }
-  say("Out of memory");
+  print_message("Out of memory");
   end_with(ChannelEnd::failed);
 }
 
@@ -82,7 +82,7 @@ void enter_channel(const GuideChannel& channel) {
   setenv("TZ", channel.zone.c_str(), 1);
   tzset();
   if (!settle_local_zone()) {
-    fail_run_if_short("%s: %s", "the zone cannot be read");
+    fail_run_for_shortage("%s: %s", "the zone cannot be read");
     fail_channel(std::string("the zone cannot be read: ") + std::strerror(errno));
   }
   if (chdir(channel.folder.c_str()) != 0) {
@@ -134,6 +134,6 @@ void work_on_channel(const ChannelWork& work, const FileDescriptor& file) {
     fail_channel(error);
   }
   write_programmes(*programmes, work.channel, file.get());
-  say_warnings();
+  print_kept_warnings();
   end_with(ChannelEnd::done);
 }

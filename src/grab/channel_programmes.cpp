@@ -128,7 +128,7 @@ std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::st
   }
   std::optional<std::string> path = read_rendermgr(channel.rendermgr);
   if (!path) {
-    fail_run_if_short("'%s' cannot be read: %s", channel.rendermgr.c_str());
+    fail_run_for_shortage("'%s' cannot be read: %s", channel.rendermgr.c_str());
   }
   if (!path || path->empty()) {
     error = "'" + channel.rendermgr + "' names no schedule";
@@ -144,7 +144,7 @@ bool read_whole_schedule(Schedule& schedule, const std::string& path, std::strin
     return false;
   }
   if (!read_schedule_file(schedule, path.c_str(), Links::refused)) {
-    fail_run_if_short("'%s' cannot be read: %s", path.c_str());
+    fail_run_for_shortage("'%s' cannot be read: %s", path.c_str());
     error = "'" + path + "' cannot be read: " + std::strerror(errno);
     return false;
   }

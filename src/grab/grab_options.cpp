@@ -26,7 +26,7 @@ constexpr int most_jobs = 1024;
 
 bool take_number(int& number, const char* value, int least, int most, const char* name) {
   if (!parse_whole_number(value, number) || number < least || number > most) {
-    std::fprintf(stderr, "tv_grab_nv8x: --%s: '%s' is no number from %d to %d\n", name, value,
+    std::fprintf(stderr, "tv_grab_nv8x: --%s: '%s' is not a number from %d to %d\n", name, value,
                  least, most);
     return false;
   }

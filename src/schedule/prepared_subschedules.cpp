@@ -17,7 +17,7 @@ bool read_and_complete(Schedule& schedule, const std::string& path) {
   schedule.blocks.clear();  // the reader keeps blocks and the global default
   schedule.global_default.clear();
   if (!read_schedule_file(schedule, path.c_str())) {
-    fail_run_if_short("Unable to open %s: %s", path.c_str());
+    fail_run_for_shortage("Unable to open %s: %s", path.c_str());
     return false;
   }
   return complete_schedule(schedule) == nullptr;

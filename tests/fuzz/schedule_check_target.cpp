@@ -21,21 +21,21 @@ void require_place(const Place& place, int64_t lines) {
 void run_target(std::string_view input) {
   static const ScratchFolder folder;
   folder.write("channel.schedule", input);
-  FileReports found;
+  FileFindings found;
   require(check_schedule_file(folder.path() + "/channel.schedule",
                               {.media = false, .report_time = report_time}, found),
           "a file that is there is read");
   const auto lines = std::ranges::count(input, '\n') + 1;
   Place last;
-  for (const Report& report : found.reports) {
-    require_place(report.place, lines);
-    require(last.line <= report.place.line, "findings stand in the order of the file");
-    last = report.place;
-    for (const Note& note : report.notes) {
+  for (const Finding& finding : found.findings) {
+    require_place(finding.place, lines);
+    require(last.line <= finding.place.line, "findings stand in the order of the file");
+    last = finding.place;
+    for (const Note& note : finding.notes) {
       require_place(note.place, lines);
     }
   }
-  const std::string text = text_of(found, found.reports.size());
+  const std::string text = text_of(found, found.findings.size());
   require(
       std::ranges::all_of(text, [](char c) { return c == '\n' || (c & 0x80) != 0 || c >= ' '; }),
       "a terminal can show it");

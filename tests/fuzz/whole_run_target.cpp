@@ -1,7 +1,6 @@
 // A whole run: a schedule, a play log, a sidecar, a subschedule and a command line, through every
 // pass into the writer.
 
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>

@@ -16,18 +16,18 @@
 
 namespace {
 
-/// "LINE:COLUMN id: text" of each report, and of its notes, in the order of the file.
-std::string text_of(const std::vector<Report>& reports) {
-  FileReports file{"f", reports};
-  sort_reports(file);
+/// "LINE:COLUMN id: text" of each finding, and of its notes, in the order of the file.
+std::string text_of(const std::vector<Finding>& findings) {
+  FileFindings file{"f", findings};
+  sort_findings(file);
   std::string text;
   const auto place = [](Place at) {
     return std::to_string(at.line) + ":" + std::to_string(at.column) + " ";
   };
-  for (const Report& report : file.reports) {
+  for (const Finding& finding : file.findings) {
     text +=
-        place(report.place) + std::string(info_of(report.finding).id) + ": " + report.text + "\n";
-    for (const Note& note : report.notes) {
+        place(finding.place) + std::string(info_of(finding.kind).id) + ": " + finding.text + "\n";
+    for (const Note& note : finding.notes) {
       text += "  " + place(note.place) + note.text + "\n";
     }
   }
@@ -37,9 +37,9 @@ std::string text_of(const std::vector<Report>& reports) {
 /// The same of all lines of a schedule.
 std::string findings_in(const std::string& content) {
   WrittenSchedule written(content);
-  std::vector<Report> reports;
-  read_and_check_lines(written, "f", false, reports);
-  return text_of(reports);
+  std::vector<Finding> findings;
+  read_and_check_lines(written, "f", false, findings);
+  return text_of(findings);
 }
 
 /// The first part of a content that is of the kind.
@@ -52,22 +52,21 @@ SchedulePart part_of(const std::string& content, PartKind kind) {
   return part;
 }
 
-std::string id_of(const Report& report) {
-  return std::string(info_of(report.finding).id);
+std::string id_of(const Finding& finding) {
+  return std::string(info_of(finding.kind).id);
 }
 
 TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   const auto id = [](const std::string& line) {
-    return id_of(report_on_unused_name(part_of(line, PartKind::name_value)));
+    return id_of(finding_for_unused_name(part_of(line, PartKind::name_value)));
   };
   EXPECT_EQ(id("Weekly "), "unknown-type");
   EXPECT_EQ(id("announce = items"), "unknown-name");
   EXPECT_EQ(id("global default ="), "no-key");
   EXPECT_EQ(id("Global Default = a"), "letter-case");
   const std::string line = "  globl default = a";
-  EXPECT_EQ(
-      text_of({report_on_unused_name(part_of(line, PartKind::name_value))}),
-      "1:3 unknown-name: 'globl default' means nothing here; did you mean 'global default'?\n");
+  EXPECT_EQ(text_of({finding_for_unused_name(part_of(line, PartKind::name_value))}),
+            "1:3 unknown-name: unknown name 'globl default'; did you mean 'global default'?\n");
 }
 
 TEST(NameCheck, ProposesTheNameOfASection) {
@@ -82,34 +81,36 @@ TEST(TypeCheck, WantsTheTypeBeforeWhatNeedsIt) {
   const std::string item = "{\nitem = a\nstart = 1:00\nend = 2:00\n}\n";
   EXPECT_EQ(findings_in("*daily\n" + item), "");
   EXPECT_EQ(findings_in(item + item),
-            "1:1 no-type: no type line before this section, which its times need; begin the file "
+            "1:1 no-type: the times of this section need a type line before it; begin the file "
             "with '*weekly' or another type\n");
   EXPECT_EQ(findings_in(item + item + "*daily\n"),
-            "11:1 late-type: the type comes behind sections whose times needed it; they are not "
-            "aired\n  1:1 the first of them\n");
+            "11:1 late-type: the type comes after sections whose times need it; these sections do "
+            "not air\n  1:1 the first of these sections\n");
   EXPECT_EQ(findings_in("\xef\xbb\xbf*daily\n" + item), "");
 }
 
 TEST(TypeCheck, SaysOfAMisspeltTypeAloneThatItIsNone) {
   EXPECT_EQ(findings_in("*wekly\n{\nitem = a\nstart = 1:00\nend = 2:00\n}\n"),
-            "1:1 unknown-type: '*wekly' is no type; did you mean '*weekly'?\n");
-  EXPECT_EQ(findings_in("*weekly # x\n"),
-            "1:1 unknown-type: '*weekly # x' is no type: nothing may stand around the word; write "
-            "'*weekly'\n");
-  EXPECT_EQ(findings_in("*fortnightly\n"),
-            "1:1 unknown-type: '*fortnightly' is no type; there are daily, weekly, monthly, yearly "
-            "and endless\n");
+            "1:1 unknown-type: unknown type '*wekly'; did you mean '*weekly'?\n");
+  EXPECT_EQ(
+      findings_in("*weekly # x\n"),
+      "1:1 unknown-type: unknown type '*weekly # x': nothing else may stand on the line; write "
+      "'*weekly'\n");
+  EXPECT_EQ(
+      findings_in("*fortnightly\n"),
+      "1:1 unknown-type: unknown type '*fortnightly'; the types are daily, weekly, monthly, yearly "
+      "and endless\n");
   EXPECT_EQ(findings_in("defaults, day of the week {\nmon = a\n}\n *daily\n"),
-            "2:1 no-default: other days have a default, but none has Sun, Tue, Wed, Thu, Fri, Sat, "
-            "and there is no global default\n"
-            "4:2 second-type: the schedule is weekly already; this line is of no effect\n"
+            "2:1 no-default: no default for Sun, Tue, Wed, Thu, Fri, Sat: other days have one, and "
+            "there is no global default\n"
+            "4:2 second-type: the type is already weekly; this line has no effect\n"
             "  1:1 the type comes from here\n");
 }
 
 TEST(DefaultsCheck, TellsWhyALineIsOfNoEffect) {
   const auto id = [](const std::string& line, PartKind kind) {
     const std::string section = "defaults, x {\n" + line;
-    return id_of(report_on_unused_default(part_of(section, kind), "weekly"));
+    return id_of(finding_for_unused_default(part_of(section, kind), "weekly"));
   };
   EXPECT_EQ(id("mon: a", PartKind::unusable_line), "colon");
   EXPECT_EQ(id("mon a", PartKind::unusable_line), "no-key");
@@ -121,30 +122,33 @@ TEST(DefaultsCheck, TellsWhyALineIsOfNoEffect) {
 }
 
 TEST(DefaultsCheck, FindsDefaultsThatAreGivenTwice) {
-  EXPECT_EQ(findings_in("*daily\nglobal default = a\nglobal default = b\n"
-                        "defaults, of the day {\nday = a\n day = c\n}\n"),
-            "2:1 repeated-key: the global default is given again; this line is of no effect\n"
-            "  3:1 here\n"
-            "5:1 repeated-default: the day is given another default; this line is of no effect\n"
-            "  6:2 here\n");
+  EXPECT_EQ(
+      findings_in("*daily\nglobal default = a\nglobal default = b\n"
+                  "defaults, of the day {\nday = a\n day = c\n}\n"),
+      "2:1 repeated-key: a later line sets the global default again; this line has no effect\n"
+      "  3:1 the later line is here\n"
+      "5:1 repeated-default: a later line gives the day another default; this line has no effect\n"
+      "  6:2 the later line is here\n");
 }
 
 TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
-  EXPECT_EQ(findings_in("*daily\n{\nitme = a\nstart: 1:00\nEnd = 2:00\n}\n{\nitem =\n}\n"),
-            "3:1 unknown-key: no item: 'itme' is no key of an item; did you mean 'item'?\n"
-            "4:1 colon: no item: a ':' gives 'start' no value; write '='\n"
-            "5:1 letter-case: no item: 'End' is of no effect; write 'end'\n"
-            "7:1 missing: no item: without 'end' it is dropped\n"
-            "7:1 missing: no item: without 'item' it is dropped\n"
-            "7:1 missing: no item: without 'start' it is dropped\n");
+  EXPECT_EQ(
+      findings_in("*daily\n{\nitme = a\nstart: 1:00\nEnd = 2:00\n}\n{\nitem =\n}\n"),
+      "3:1 unknown-key: the item is dropped: unknown key 'itme' in an item; did you mean 'item'?\n"
+      "4:1 colon: the item is dropped: a ':' does not give 'start' a value; write '='\n"
+      "5:1 letter-case: the item is dropped: 'End' has no effect; write 'end'\n"
+      "7:1 missing: the item is dropped: it has no 'end'\n"
+      "7:1 missing: the item is dropped: it has no 'item'\n"
+      "7:1 missing: the item is dropped: it has no 'start'\n");
 }
 
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
   WrittenSchedule written("*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n");
-  std::vector<Report> reports;
-  read_and_check_lines(written, "f", false, reports);
-  EXPECT_EQ(text_of(reports),
-            "3:2 repeated-key: 'item' is given again; this line is of no effect\n  4:2 here\n");
+  std::vector<Finding> findings;
+  read_and_check_lines(written, "f", false, findings);
+  EXPECT_EQ(text_of(findings),
+            "3:2 repeated-key: a later line sets 'item' again; this line has no effect\n  4:2 the "
+            "later line is here\n");
   const WrittenSection* item = written.item_at(3600);
   ASSERT_NE(item, nullptr);
   EXPECT_EQ(item->text_of(ScheduleKey::item), "b");
@@ -158,23 +162,23 @@ TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
 TEST(SectionCheck, FindsSectionsThatStartTogether) {
   const std::string block = "schedule block {\nblock = b\nstart = 1:00\nend = 2:00\n}\n";
   EXPECT_EQ(findings_in("*daily\n" + block + block),
-            "2:1 same-start: another one starts at the same time; this one is dropped\n"
-            "  7:1 this is the other\n");
+            "2:1 same-start: another block starts at the same time; this one is dropped\n"
+            "  7:1 the other one is here\n");
 }
 
 TEST(ValueCheck, LooksAtEachValueByItsKey) {
+  EXPECT_EQ(findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
+                        "block = c & \x01\nitem duration = 5s\n}\n"),
+            "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00\n"
+            "6:11 markup: '&amp;' is one character in the XML document only; all other documents "
+            "show it as written\n"
+            "7:13 control-character: a control character makes the XML document ill-formed\n"
+            "8:17 bad-number: invalid number of seconds '5s'\n");
   EXPECT_EQ(
-      findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
-                  "block = c & \x01\nitem duration = 5s\n}\n"),
-      "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00\n"
-      "6:11 markup: '&amp;' is one sign in the XML document alone; all other documents show it "
-      "as it is\n"
-      "7:13 control-character: a control character makes the XML document ill-formed\n"
-      "8:17 bad-number: '5s' is no number of seconds\n");
-  EXPECT_EQ(findings_in("*daily\nschedule block {\nblock = b\nstart = 1:00\nend = 2:00\n"
-                        "announce = item\n}\n"),
-            "6:12 unknown-announce: 'item' counts as no word: the block is announced as one only "
-            "without programmes inside; did you mean 'items'?\n");
+      findings_in("*daily\nschedule block {\nblock = b\nstart = 1:00\nend = 2:00\n"
+                  "announce = item\n}\n"),
+      "6:12 unknown-announce: unknown value 'item': the block is announced as one item only if "
+      "no programmes lie inside; did you mean 'items'?\n");
 }
 
 TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
@@ -190,12 +194,12 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
 }
 
 TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
-  std::vector<Report> reports;
-  check_path("/no such file # news", {3, 8}, true, reports);
-  check_path("/#1", {4, 8}, true, reports);
-  EXPECT_EQ(text_of(reports),
-            "3:22 comment-behind-value: a comment behind a path is part of it; give the comment a "
-            "line of its own\n");
+  std::vector<Finding> findings;
+  check_path("/no such file # news", {3, 8}, true, findings);
+  check_path("/#1", {4, 8}, true, findings);
+  EXPECT_EQ(text_of(findings),
+            "3:22 comment-behind-value: a comment after a path becomes part of the path; put the "
+            "comment on a line of its own\n");
   EXPECT_EQ(comment_behind_path("a # b # c"), 1U);
 }
 
@@ -203,19 +207,19 @@ TEST(LineCheck, FindsBracesOutOfPlace) {
   EXPECT_EQ(
       findings_in("*daily\n}\n{ item = a\nend = 5\n}\nfoo {\n}\n"),
       "2:1 stray-brace: this '}' closes nothing\n"
-      "3:2 text-behind-brace: with text behind its '{' this begins no section; give the text a "
-      "line of its own\n"
-      "6:1 unknown-section: 'foo' is no section; it is skipped\n");
+      "3:2 text-behind-brace: text after the '{' keeps this line from beginning a section; put "
+      "the text on a line of its own\n"
+      "6:1 unknown-section: unknown section 'foo'; it is skipped\n");
   EXPECT_EQ(findings_in("*daily\nfoo {\n} # x\nfoo {\n}x\n"),
-            "2:1 unknown-section: 'foo' is no section; it is skipped\n"
-            "4:1 unknown-section: 'foo' is no section; it is skipped\n"
-            "5:2 text-behind-brace: 'x' behind a '}' is not read; give it a line of its own\n");
+            "2:1 unknown-section: unknown section 'foo'; it is skipped\n"
+            "4:1 unknown-section: unknown section 'foo'; it is skipped\n"
+            "5:2 text-behind-brace: 'x' after a '}' is not read; put it on a line of its own\n");
 }
 
 TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {
   EXPECT_EQ(findings_in("*daily\n{\nitem = a\n {\nnothing\n}\n{\n"),
             "2:1 unclosed-section: no '}' closes this section before the next begins\n"
-            "  4:2 the next begins here\n"
+            "  4:2 the next section begins here\n"
             "7:1 unclosed-section: this section is never closed by a '}'\n");
 }
 

@@ -148,7 +148,7 @@ TEST(CommandLine, RefusesOperandsOfAProgramWithoutThem) {
   ProgramInfo program = painter();
   program.operands = Offer::nothing;
   EXPECT_EQ(outcome_of(program, {"--count=1", "x", "y"}),
-            refused("count=1 ", "painter: 'x' is no option\n"));
+            refused("count=1 ", "painter: 'x' is not an option\n"));
 }
 
 TEST(CommandLine, ShortensTheHelpForShells) {

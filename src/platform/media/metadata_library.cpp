@@ -78,7 +78,7 @@ Directory open_directory(std::string_view path) {
   auto directory = std::make_shared<const FileDescriptor>(
       ::open(name.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
   if (!directory->is_open()) {
-    fail_run_if_short("Unable to open %s: %s", name.c_str());
+    fail_run_for_shortage("Unable to open %s: %s", name.c_str());
   }
   directories.emplace(name, directory);
   return directory;

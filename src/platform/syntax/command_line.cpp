@@ -121,7 +121,7 @@ std::optional<std::vector<std::string>> parse_command_line(const ProgramInfo& pr
     }
   }
   if (optind < argc && program.operands == Offer::nothing) {
-    refuse_command_line(program, "'" + std::string(argv[optind]) + "' is no option");
+    refuse_command_line(program, "'" + std::string(argv[optind]) + "' is not an option");
     return std::nullopt;
   }
   status = EXIT_SUCCESS;

@@ -84,7 +84,7 @@ FileDescriptor open_regular_file(int directory, const char* path, Links links) {
 FileDescriptor open_optional_file(int directory, const char* path) {
   FileDescriptor file = open_regular_file(directory, path);
   if (!file.is_open()) {
-    fail_run_if_short("Unable to open %s: %s", path);
+    fail_run_for_shortage("Unable to open %s: %s", path);
   }
   return file;
 }

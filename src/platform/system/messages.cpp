@@ -17,7 +17,7 @@ void print_error(const char* message) {
 FailureReporter report = print_error;
 WarningReporter report_warning = nullptr;
 
-void say(const std::string& text) {
+void print_and_record(const std::string& text) {
   if (is_printing) {
     std::fwrite(text.data(), 1, text.size(), stderr);
   }
@@ -44,7 +44,7 @@ void print_diagnostic(const char* format, ...) {
   va_start(arguments, format);
   const std::string text = format_text(format, arguments);
   va_end(arguments);
-  say(text);
+  print_and_record(text);
 }
 
 void print_warning(Warning kind, const char* format, ...) {
@@ -53,7 +53,7 @@ void print_warning(Warning kind, const char* format, ...) {
   const std::string text = format_text(format, arguments);
   va_end(arguments);
   if (report_warning == nullptr) {
-    say(text);
+    print_and_record(text);
   } else {
     report_warning(kind, text);
   }
@@ -92,7 +92,7 @@ void fail_run(const char* format, ...) {
   std::exit(status_of_failure);
 }
 
-void fail_run_if_short(const char* format, const char* name) {
+void fail_run_for_shortage(const char* format, const char* name) {
   const int error = errno;
   if (error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS) {
     fail_run(format, name, std::strerror(error));

@@ -58,4 +58,4 @@ int failure_status();
 /// fails the run if descriptors or memory ran out (errno). The format gets the name and the
 /// system's error text. A defect of a file is the same in every run, but a shortage of the machine
 /// may be gone in the next run.
-[[gnu::format(printf, 1, 0)]] void fail_run_if_short(const char* format, const char* name);
+[[gnu::format(printf, 1, 0)]] void fail_run_for_shortage(const char* format, const char* name);
