@@ -80,9 +80,9 @@ class FaultRuns:
 
     def each_shortage(self, arguments, judge, **run):
         """The program short of descriptors, memory and data, each by a step more."""
+        if not self.can_fail_malloc:
+            return  # the sanitizers take some themselves, and blame the program when they find none
         for name, (kind, amounts) in LIMITS.items():
-            if not self.can_fail_malloc and name != 'descriptors':
-                continue  # the sanitizers take more of these
             for most in amounts:
                 if not self.starts(limit(kind, most)):
                     continue

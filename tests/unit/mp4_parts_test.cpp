@@ -18,7 +18,8 @@ constexpr size_t many_reads = 1000;
 std::string number(size_t value, size_t digits) {
   std::string text;
   for (size_t i = digits; i-- > 0;) {
-    text += static_cast<char>((value >> (i * 8)) & 0xffU);
+    const size_t shifted = i < sizeof(value) ? value >> (i * 8) : 0;
+    text += static_cast<char>(shifted & 0xffU);
   }
   return text;
 }
