@@ -110,7 +110,7 @@ int32_t derive_announce(const ItemMetadata& metadata, const ScheduleItem& item) 
 
 std::string source_of_entry(const MetadataSet& set, std::string_view name) {
   if (metadata_v4_metadata_context_read_entry_source == nullptr || set == nullptr) {
-    return std::string();
+    return {};
   }
   for (int32_t index = set->entry_count; index-- > 0;) {
     const metadata_v4_entry* entry = metadata_v4_metadata_context_read_entry(set.get(), index);
@@ -119,5 +119,5 @@ std::string source_of_entry(const MetadataSet& set, std::string_view name) {
       return source != nullptr ? source : std::string();
     }
   }
-  return std::string();
+  return {};
 }
