@@ -1,5 +1,6 @@
 #include "writers/formats.hpp"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,14 +21,24 @@ const std::tm& local_time(UnitClock& clock, time_t t) {
   return *tm;
 }
 
+/// The text ` unix="T">date and time` of the last time. An item usually begins when the one before
+/// it ends, so every second text is already known.
+struct TimeText {
+  std::optional<time_t> time;
+  std::string text;
+};
+
 /// `<NAME unix="T">date and time</NAME>`; a time of -1 shows as the largest unsigned number.
-void append_time(std::string& out, UnitClock& clock, std::string_view indent, std::string_view name,
-                 time_t t) {
-  append(out, indent, "<", name, " unix=\"");
-  append_unsigned(out, static_cast<uint64_t>(t));
-  append(out, "\">");
-  append_date_and_time(out, local_time(clock, t));
-  append(out, "</", name, ">\n");
+void append_time(std::string& out, TimeText& last, UnitClock& clock, std::string_view begin_of_line,
+                 std::string_view end_of_line, time_t t) {
+  if (last.time != t) {
+    last.text = " unix=\"";
+    append_unsigned(last.text, static_cast<uint64_t>(t));
+    append(last.text, "\">");
+    append_date_and_time(last.text, local_time(clock, t));
+    last.time = t;
+  }
+  append(out, begin_of_line, last.text, end_of_line);
 }
 
 void append_report_time(std::string& out, UnitClock& clock) {
@@ -45,12 +56,13 @@ void append_report_time(std::string& out, UnitClock& clock) {
 
 void append_head(std::string& out, const Schedule& schedule, UnitClock& clock, time_t window_start,
                  time_t window_end) {
+  TimeText last_time;
   append(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<schedule>\n  <type>");
   append_xml_escaped(out, schedule.type);
   append(out, "</type>\n");
   append_report_time(out, clock);
-  append_time(out, clock, "  ", "start", window_start);
-  append_time(out, clock, "  ", "end", window_end);
+  append_time(out, last_time, clock, "  <start", "</start>\n", window_start);
+  append_time(out, last_time, clock, "  <end", "</end>\n", window_end);
   append(out, "  <list>\n");
 }
 
@@ -101,12 +113,12 @@ void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   std::string out;
   UnitClock clock(schedule);
   append_head(out, schedule, clock, window_start, window_end);
+  TimeText last_time;
   MetadataPerFile<ItemTexts> texts_per_file(texts_of);
   const auto append_entry_of = [&](const ScheduleItem& item, time_t start) {
     const ItemTexts& texts = texts_per_file.of(item);
-    append(out, "    <entry>\n");
-    append_time(out, clock, "      ", "start", start);
-    append_time(out, clock, "      ", "end", clock.time_of(item.end));
+    append_time(out, last_time, clock, "    <entry>\n      <start", "</start>\n", start);
+    append_time(out, last_time, clock, "      <end", "</end>\n", clock.time_of(item.end));
     append_item(out, item, derive_announce(texts.metadata, item) > 0);
     append(out, texts.meta, "    </entry>\n");
     write_output_when_large(out);
