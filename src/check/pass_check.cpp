@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "check/time_advice.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/local_stretches.hpp"
 #include "platform/time/local_text.hpp"
 #include "platform/time/written_time.hpp"
-#include "schedule/block_announce.hpp"
 #include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
@@ -44,12 +44,8 @@ class PassCheck : public PassObserver {
     schedule.observer = this;
     complete_schedule(schedule);
     if (type_.unit_length > 0) {
-      compute_unit_times(schedule, report_time);
-      check_clock_changes();
-      compute_unit_times(schedule, report_time);
-      if (schedule.schedule.begin() != schedule.schedule.end()) {
-        block_announce_subst(schedule);
-      }
+      check_clock_changes(report_time);
+      place_in_unit(schedule, report_time, {});
     }
     schedule.observer = nullptr;
   }
@@ -205,27 +201,27 @@ class PassCheck : public PassObserver {
   }
 
   /// Checks the reported unit and the next two.
-  void check_clock_changes() {
+  void check_clock_changes(time_t report_time) {
     constexpr int units = 3;
-    Schedule& schedule = written_.schedule;
-    for (int unit = 0; unit < units; ++unit) {
-      check_unit(schedule);
-      compute_unit_times(schedule, schedule.unit_end + 1);
+    time_t t = report_time;
+    for (int i = 0; i < units; ++i) {
+      const Unit unit = unit_of(type_.text, t);
+      check_unit(unit);
+      t = unit.end + 1;
     }
   }
 
-  void check_unit(const Schedule& schedule) {
-    const std::vector<LocalStretch> stretches =
-        local_stretches(schedule.unit_start, schedule.unit_end);
+  void check_unit(const Unit& unit) {
+    const std::vector<LocalStretch> stretches = local_stretches(unit.start, unit.end);
     if (stretches.size() < 2) {
       return;
     }
-    UnitClock clock(schedule);
+    UnitClock clock(type_.text, unit.start);
     for (const auto& [start, number] : written_.item_numbers) {
       const time_t t = clock.time_of(start);
       if (t == -1) {
         add_clock_change(FindingKind::skipped_hour, number, clock, start, "skip this time");
-      } else if (t >= schedule.unit_start && t <= schedule.unit_end && is_repeated(stretches, t)) {
+      } else if (t >= unit.start && t <= unit.end && is_repeated(stretches, t)) {
         add_clock_change(FindingKind::repeated_hour, number, clock, start, "show this time twice");
       }
     }

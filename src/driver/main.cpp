@@ -31,9 +31,9 @@ int main(int argc, char** argv) {
   const Activity activity("working on", run_options.schedule_path.c_str());
   Schedule schedule;
   read_schedule(schedule);
-  report_failed_pass(complete_schedule(schedule));  // arms the watchdog
-  report_failed_pass(place_schedule(schedule, static_cast<time_t>(run_options.report_time),
-                                    run_options.schedule_path));  // cancels it
+  complete_schedule(schedule);  // arms the watchdog
+  place_schedule(schedule, static_cast<time_t>(run_options.report_time),
+                 run_options.schedule_path);  // cancels it
   std::fprintf(stderr, "Loaded: %s schedule %zu items\n", schedule.type.c_str(),
                schedule.schedule.size());
   print_document(schedule, report_window(schedule));

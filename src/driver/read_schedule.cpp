@@ -10,9 +10,3 @@ void read_schedule(Schedule& schedule) {
     report_errorf("Unable to open schedule file %s", path);
   }
 }
-
-void report_failed_pass(const char* message) {
-  if (message != nullptr) {
-    report_error(message);
-  }
-}

@@ -15,9 +15,6 @@ bool locate_schedule();
 /// Reads the schedule file.
 void read_schedule(Schedule& schedule);
 
-/// Ends the run if `message`, the message of a failed pass, is not null.
-void report_failed_pass(const char* message);
-
 /// The span of calendar time that a document reports: items that start in [start, end). `end` is
 /// the last second of a period and is not part of the window: items that start in that second have
 /// never been shown.

@@ -5,6 +5,7 @@
 #include "metadata/play_log.hpp"
 #include "platform/metadata_handles.hpp"
 #include "platform/system/activity.hpp"
+#include "platform/system/messages.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
@@ -45,12 +46,17 @@ void merge_play_log(Schedule& schedule, const std::string& schedule_path) {
   }
 }
 
-const char* place_schedule(Schedule& schedule, time_t t, const std::string& path) {
+void place_in_unit(Schedule& schedule, time_t t, const std::string& path) {
   if (!compute_unit_times(schedule, t)) {
-    return "Somehow, unable to compute schedule unit times";
+    fail_run("Somehow, unable to compute schedule unit times");
   }
-  merge_play_log(schedule, path);
+  if (!path.empty()) {
+    merge_play_log(schedule, path);
+  }
   block_announce_subst(schedule);
+}
+
+void place_schedule(Schedule& schedule, time_t t, const std::string& path) {
+  place_in_unit(schedule, t, path);
   patch_all_subschedules(schedule);
-  return nullptr;
 }

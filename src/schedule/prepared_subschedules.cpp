@@ -20,7 +20,8 @@ bool read_and_complete(Schedule& schedule, const std::string& path) {
     fail_run_for_shortage("Unable to open %s: %s", path.c_str());
     return false;
   }
-  return complete_schedule(schedule) == nullptr;
+  std::string error;  // what a run would end with; here the item stays as it is
+  return complete_schedule(schedule, error);
 }
 
 PreparedSubschedule prepare(Schedule& schedule, const std::string& path) {

@@ -5,7 +5,7 @@
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/scratch_folder.hpp"
 #include "platform/media/mime_type.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 
 namespace {

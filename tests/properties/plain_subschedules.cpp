@@ -6,7 +6,7 @@
 
 #include "platform/metadata_handles.hpp"
 #include "schedule/block_announce.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"

@@ -6,7 +6,7 @@
 
 #include "properties/quiet.hpp"
 #include "properties/random_items.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {

@@ -12,7 +12,7 @@
 #include "check/story.hpp"
 #include "check/type_check.hpp"
 #include "check/value_check.hpp"
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "schedule/repair.hpp"
+#include "schedule/complete_schedule.hpp"
 
 #include <gtest/gtest.h>
 
