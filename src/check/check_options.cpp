@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <string_view>
 
-#include "check/check_failures.hpp"
 #include "platform/system/clock.hpp"
 #include "schedule/rendermgr.hpp"
 

@@ -1,10 +1,9 @@
-#include "check/defaults_check.hpp"
+#include "check/line_checks.hpp"
 
 #include <string>
 
-#include "check/name_check.hpp"
-#include "check/path_check.hpp"
-#include "check/time_advice.hpp"
+#include "check/named_files.hpp"
+#include "check/position_text.hpp"
 #include "platform/syntax/text.hpp"
 #include "schedule/default_slot.hpp"
 
@@ -31,98 +30,95 @@ const ScheduleType* other_type_with_key(std::string_view name, std::string_view 
   return nullptr;
 }
 
-}  // namespace
-
-void DefaultsCheck::take_global_default(const SchedulePart& part) {
-  if (global_default_) {
-    findings_.push_back({FindingKind::repeated_key,
-                         *global_default_,
-                         "a later line sets the global default again; this line has no effect",
-                         {{place_of(part), "the later line is here"}}});
-  }
-  global_default_ = place_of(part);
-  take_path(part);
+void take_path(LineChecks& checks, const SchedulePart& part) {
+  const std::string path(part.value);
+  check_path(path, value_place_of(part), checks.with_media, checks.found);
+  checks.written.default_paths.try_emplace(path, value_place_of(part));
 }
 
-void DefaultsCheck::begin_section(const SchedulePart& part, const PartEffect& effect) {
+void take_default(LineChecks& checks, const SchedulePart& part, size_t slot) {
   const Place place = place_of(part);
-  const ScheduleType* type = find_schedule_type_of_section(part.name);
-  const std::string& schedule_type = written_.schedule.type;
-  is_foreign_ = false;
-  if (effect.is_used) {
-    types_.take_type(place);
-    if (type->unit_length == 0) {
-      findings_.push_back({FindingKind::type_without_unit, place,
-                           "this gives the schedule a type that cannot be printed"});
-    }
-  } else if (schedule_type.empty()) {
-    is_foreign_ = true;
-    findings_.push_back(
-        {FindingKind::default_section, place,
-         quoted(part.name) +
-             " does not name a type, and no type comes before it: its lines have no effect" +
-             did_you_mean_section(part.name)});
-  } else if (type != nullptr && type->text != schedule_type) {
-    is_foreign_ = true;
-    findings_.push_back({FindingKind::default_section,
-                         place,
-                         quoted(part.name) + " in " + a_schedule_of(schedule_type) +
-                             ": its keys are read as those of " + a_schedule_of(schedule_type),
-                         {{types_.type_place(), "the type comes from here"}}});
-  }
-}
-
-void DefaultsCheck::check_line(const SchedulePart& part, const PartEffect& effect) {
-  if (effect.is_used) {
-    take_default(part, static_cast<size_t>(effect.default_slot));
-  } else if (!is_foreign_) {
-    findings_.push_back(finding_for_unused_default(part, written_.schedule.type));
-  }
-}
-
-void DefaultsCheck::take_default(const SchedulePart& part, size_t slot) {
-  const Place place = place_of(part);
-  const ScheduleType* type = find_schedule_type(written_.schedule.type);
+  const ScheduleType* type = find_schedule_type(checks.written.schedule.type);
   const uint64_t days = type->unit_length / seconds_per_day;
   if (days > 0 && slot >= days) {
-    findings_.push_back(
-        {FindingKind::default_range, place,
-         "the schedule has " + std::to_string(days) + " days; this default has no effect"});
+    checks.found.add(
+        FindingKind::default_range, place,
+        "the schedule has " + std::to_string(days) + " days; this default has no effect");
   }
-  const auto [known, is_new] = defaults_.try_emplace(slot, place);
+  const auto [known, is_new] = checks.defaults.try_emplace(slot, place);
   if (!is_new) {
-    findings_.push_back({FindingKind::repeated_default,
-                         known->second,
-                         "a later line gives the day another default; this line has no effect",
-                         {{place, "the later line is here"}}});
+    checks.found.add(FindingKind::repeated_default, known->second,
+                     "a later line gives the day another default; this line has no effect",
+                     {{place, "the later line is here"}});
     known->second = place;
   }
-  take_path(part);
+  take_path(checks, part);
 }
 
-void DefaultsCheck::take_path(const SchedulePart& part) {
-  const std::string path(part.value);
-  check_path(path, value_place_of(part), with_media_, findings_);
-  written_.default_paths.try_emplace(path, value_place_of(part));
+}  // namespace
+
+void take_global_default(LineChecks& checks, const SchedulePart& part) {
+  if (checks.global_default) {
+    checks.found.add(FindingKind::repeated_key, *checks.global_default,
+                     "a later line sets the global default again; this line has no effect",
+                     {{place_of(part), "the later line is here"}});
+  }
+  checks.global_default = place_of(part);
+  take_path(checks, part);
 }
 
-void DefaultsCheck::finish() {
-  const ScheduleType* type = find_schedule_type(written_.schedule.type);
-  if (type == nullptr || global_default_ || defaults_.empty() ||
+void begin_defaults(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
+  const Place place = place_of(part);
+  const ScheduleType* type = find_schedule_type_of_section(part.name);
+  const std::string& schedule_type = checks.written.schedule.type;
+  checks.are_defaults_foreign = false;
+  if (effect.is_used) {
+    take_type(checks, place);
+    if (type->unit_length == 0) {
+      checks.found.add(FindingKind::type_without_unit, place,
+                       "this gives the schedule a type that cannot be printed");
+    }
+  } else if (schedule_type.empty()) {
+    checks.are_defaults_foreign = true;
+    checks.found.add(
+        FindingKind::default_section, place,
+        quoted(part.name) +
+            " does not name a type, and no type comes before it: its lines have no effect" +
+            did_you_mean_section(part.name));
+  } else if (type != nullptr && type->text != schedule_type) {
+    checks.are_defaults_foreign = true;
+    checks.found.add(FindingKind::default_section, place,
+                     quoted(part.name) + " in " + a_schedule_of(schedule_type) +
+                         ": its keys are read as those of " + a_schedule_of(schedule_type),
+                     {{type_place(checks), "the type comes from here"}});
+  }
+}
+
+void check_defaults_line(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
+  if (effect.is_used) {
+    take_default(checks, part, static_cast<size_t>(effect.default_slot));
+  } else if (!checks.are_defaults_foreign) {
+    checks.found.findings.push_back(finding_for_unused_default(part, checks.written.schedule.type));
+  }
+}
+
+void finish_defaults_check(LineChecks& checks) {
+  const ScheduleType* type = find_schedule_type(checks.written.schedule.type);
+  if (type == nullptr || checks.global_default || checks.defaults.empty() ||
       type->day_name != DayName::weekday) {
     return;
   }
   std::string days;
   for (uint64_t day = 0; day < 7; ++day) {
-    if (!defaults_.contains(day)) {
+    if (!checks.defaults.contains(day)) {
       const std::string name = written_position(day * seconds_per_day, *type).substr(0, 3);
       days += days.empty() ? name : ", " + name;
     }
   }
   if (!days.empty()) {
-    findings_.push_back(
-        {FindingKind::no_default, defaults_.begin()->second,
-         "no default for " + days + ": other days have one, and there is no global default"});
+    checks.found.add(
+        FindingKind::no_default, checks.defaults.begin()->second,
+        "no default for " + days + ": other days have one, and there is no global default");
   }
 }
 

@@ -1,5 +1,3 @@
-#include "check/explain.hpp"
-
 #include <charconv>
 #include <ctime>
 #include <string_view>
@@ -7,77 +5,20 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/schedule_check.hpp"
 #include "check/schedule_source.hpp"
 #include "check/story.hpp"
-#include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/activity.hpp"
-#include "platform/system/clock.hpp"
 #include "platform/system/messages.hpp"
-#include "platform/time/local_text.hpp"
 #include "platform/time/parse_time.hpp"
 #include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
-#include "writers/gracenote_writer.hpp"
-#include "writers/listing_rows.hpp"
-#include "writers/rovi_writer.hpp"
 
 namespace {
-
-std::string time_or_none(time_t t, const char* format) {
-  std::string text = local_text(t, format);
-  return text.empty() ? "no time" : text;
-}
-
-std::string announce_rule(const ItemMetadata& metadata, const ScheduleItem& item) {
-  if (item.is_block) {
-    return "yes, as a block";
-  }
-  if (metadata.announce >= 0) {
-    return std::string(metadata.announce > 0 ? "yes" : "no") + ", by 'schedule announce'";
-  }
-  if (item.is_default) {
-    return "no, as it is a default item";
-  }
-  if (!item.event_id.empty()) {
-    return "yes, for its event id";
-  }
-  if (!item.label.empty()) {
-    return "yes, for its label";
-  }
-  const std::string type = metadata.file_type.empty() ? "unknown" : quoted(metadata.file_type);
-  return derive_announce(metadata, item) > 0
-             ? "yes, for its file type " + type
-             : "no: without label and event id, and its file type is " + type;
-}
-
-/// What gave the entry of that name its value: the play log, or a file if the metadata library
-/// knows which.
-std::string source_of(const ScheduleItem& item, const MetadataSet& set, std::string_view name) {
-  if (!item.metadata.empty()) {
-    return "play.log";
-  }
-  const std::string source = source_of_entry(set, name);
-  return source.empty() ? "the metadata library" : source;
-}
-
-template <typename Row>
-std::string row_text(const std::vector<Row>& rows, time_t t, bool is_announced) {
-  const ListingHorizon horizon(current_time());
-  for (const Row& row : rows) {
-    if (row.start <= t && t < row.end) {
-      const std::string times =
-          time_or_none(row.start, "%F %R") + " to " + time_or_none(row.end, "%F %R");
-      return horizon.shows(row) ? "the row of " + times + ", " + quoted(row.title)
-                                : "none: the listing runs from today to 21 days ahead";
-    }
-  }
-  return is_announced ? "none: it is shorter than five minutes, and its neighbours have no room"
-                      : "none: it is not announced";
-}
 
 std::optional<time_t> time_of_moment(const std::string& moment, const std::string& type,
                                      time_t report_time, std::string& error) {
@@ -107,45 +48,6 @@ std::optional<time_t> time_of_moment(const std::string& moment, const std::strin
   return std::nullopt;
 }
 
-void append_line(std::string& out, std::string_view name, const std::string& text) {
-  out += "  " + std::string(name) + ": " + escaped(text) + "\n";
-}
-
-void append_item(std::string& out, const ScheduleItem& item, Story& story, const Schedule& schedule,
-                 time_t t) {
-  UnitClock clock(schedule);
-  append_line(out, "airs",
-              (item.item.empty() ? "nothing" : quoted(item.item)) + ", from " +
-                  time_or_none(clock.time_of(item.start), "%F %T") + " to " +
-                  time_or_none(clock.time_of(item.end), "%F %T"));
-  const Origin& origin = story.origin_at(item.start);
-  append_line(out, "from", origin.where);
-  for (const std::string& event : origin.events) {
-    out += "  " + escaped(event) + "\n";
-  }
-  const OpenedMetadata opened = open_item_metadata(item);
-  const ItemMetadata metadata = extract_item_metadata(opened.set);
-  append_line(out, "announced", announce_rule(metadata, item));
-  for (const auto& [name, value] :
-       {std::pair<const char*, const std::string&>{"title", metadata.title},
-        {"program", metadata.program},
-        {"episode", metadata.episode},
-        {"description", metadata.description},
-        {"summary", metadata.summary},
-        {"rating", metadata.rating}}) {
-    if (!value.empty()) {
-      append_line(out, name, quoted(value) + ", of " + source_of(item, opened.set, name));
-    }
-  }
-  const bool is_announced = derive_announce(metadata, item) > 0;
-  append_line(
-      out, "rovi",
-      row_text(rovi_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
-  append_line(
-      out, "gracenote",
-      row_text(gracenote_rows(schedule, schedule.unit_start, schedule.unit_end), t, is_announced));
-}
-
 /// Reads the schedule from the content and passes each part on to the story.
 void read_schedule(Schedule& schedule, Story& story, const std::string& file,
                    std::string_view content) {
@@ -156,34 +58,6 @@ void read_schedule(Schedule& schedule, Story& story, const std::string& file,
     story.add_part(part, builder.add_part(part));
   }
   builder.finish();
-}
-
-const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
-  const ScheduleItem* airing = nullptr;
-  UnitClock clock(schedule);
-  for (const auto& [start, item] : schedule.schedule) {
-    const time_t item_start = clock.time_of(start);
-    if (item_start != -1 && item_start <= t && t < clock.time_of(item.end)) {
-      airing = &item;
-    }
-  }
-  return airing;
-}
-
-/// What airs at the moment and why, and what does not.
-std::string story_of(const Schedule& schedule, Story& story, time_t t, const std::string& file) {
-  const uint64_t position = time_to_schedule_seconds(schedule, t);
-  std::string out =
-      time_or_none(t, "%a %F %T %z") + ", " + story.position(position) + " of " + file + "\n";
-  if (const ScheduleItem* airing = item_at(schedule, t)) {
-    append_item(out, *airing, story, schedule, t);
-  } else {
-    append_line(out, "airs", "nothing that the schedule knows of");
-  }
-  for (const std::string& lost : story.lost_at(position)) {
-    append_line(out, "lost", lost);
-  }
-  return out;
 }
 
 }  // namespace
@@ -213,7 +87,7 @@ std::optional<std::string> explain_moment(const std::string& file, const std::st
   place_schedule(schedule, *t, source->path);
   schedule.observer = nullptr;
   arm_watchdog();
-  std::string out = story_of(schedule, story, *t, file);
+  std::string out = text_of_moment(schedule, story, *t, file);
   cancel_watchdog();
   return out;
 }

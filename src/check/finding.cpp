@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <tuple>
+#include <utility>
 
 #include "platform/syntax/json_text.hpp"
 #include "platform/syntax/utf_8.hpp"
@@ -73,18 +74,12 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::unknown_zone, "unknown-zone", Severity::error},
 });
 
+// In the order of Severity.
+constexpr std::array<std::string_view, 3> severity_names = {"error", "warning", "note"};
 constexpr std::string_view hex_digits = "0123456789abcdef";
 
 std::string_view name_of(Severity severity) {
-  switch (severity) {
-    case Severity::error:
-      return "error";
-    case Severity::warning:
-      return "warning";
-    case Severity::note:
-      break;
-  }
-  return "note";
+  return severity_names.at(static_cast<size_t>(severity));
 }
 
 /// The length in bytes of the printable character at the start of the text, or 0 if there is none.
@@ -153,6 +148,10 @@ std::span<const FindingInfo> finding_infos() {
 
 const FindingInfo& info_of(FindingKind kind) {
   return infos.at(static_cast<size_t>(kind));
+}
+
+void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes) {
+  findings.push_back({kind, place, std::move(text), std::move(notes)});
 }
 
 void sort_findings(FileFindings& file) {

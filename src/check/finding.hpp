@@ -102,7 +102,9 @@ struct Finding {
 /// What was found in one file.
 struct FileFindings {
   std::string file;
-  std::vector<Finding> findings;
+  std::vector<Finding> findings = {};
+
+  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {});
 };
 
 /// Sorts the findings by place. Of several with the same place, kind and text, the first stays.

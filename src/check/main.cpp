@@ -9,9 +9,8 @@
 
 #include "check/check_failures.hpp"
 #include "check/check_options.hpp"
-#include "check/explain.hpp"
 #include "check/finding.hpp"
-#include "check/zone_check.hpp"
+#include "check/schedule_check.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
@@ -21,9 +20,9 @@ namespace {
 
 constexpr int something_found = 1;
 
-int explain_all(const CheckCommand& command, const std::string& moment) {
+int explain_all(const CheckCommand& command, const std::string& moment, const FileFindings& zone) {
   int status = EXIT_SUCCESS;
-  for (const Finding& finding : check_zone()) {
+  for (const Finding& finding : zone.findings) {
     std::fprintf(stderr, "nv8x_schedule_check: %s\n", finding.text.c_str());
   }
   for (const std::string& file : command.files) {
@@ -60,11 +59,13 @@ int main(int argc, char** argv) {
   if (!settle_local_zone()) {
     fail_run("Unable to read the time zone: %s", std::strerror(errno));
   }
+  FileFindings zone{.file = "TZ"};
+  check_zone(zone);
   if (command->moment) {
-    return explain_all(*command, *command->moment);
+    return explain_all(*command, *command->moment, zone);
   }
   std::vector<FileFindings> found;
-  if (FileFindings zone{"TZ", check_zone()}; !zone.findings.empty()) {
+  if (!zone.findings.empty()) {
     found.push_back(zone);
   }
   for (const std::string& file : command->files) {

@@ -1,10 +1,9 @@
-#include "check/name_check.hpp"
+#include "check/line_checks.hpp"
 
 #include <array>
 #include <string>
 #include <vector>
 
-#include "check/written_schedule.hpp"
 #include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/syntax/text.hpp"

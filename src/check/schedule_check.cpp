@@ -1,21 +1,36 @@
 #include "check/schedule_check.hpp"
 
+#include <cstdlib>
 #include <optional>
+#include <string_view>
 #include <utility>
 
-#include "check/line_check.hpp"
-#include "check/media_check.hpp"
-#include "check/pass_check.hpp"
+#include "check/checks.hpp"
 #include "check/schedule_source.hpp"
-#include "check/source_text.hpp"
-#include "check/subschedule_check.hpp"
-#include "check/written_schedule.hpp"
 #include "platform/system/messages.hpp"
+#include "platform/time/known_zone.hpp"
 #include "schedule/watchdog.hpp"
+
+namespace {
+
+void check_content(ScheduleSource source, const CheckOptions& options, FileFindings& found) {
+  WrittenSchedule written{.content = std::move(source.content)};
+  read_and_check_lines(written, options.media, found);
+  check_sections(written, found);
+  if (written.schedule.unit_length > 0) {
+    check_clock_changes(written, options.report_time, found);
+  }
+  check_passes(written, options.report_time, found);
+  if (options.media && check_media(written, source.id, found)) {
+    check_subschedules(written, found);
+  }
+}
+
+}  // namespace
 
 bool check_schedule_file(const std::string& file, const CheckOptions& options,
                          FileFindings& found) {
-  found = {file, {}};
+  found = {.file = file};
   Finding failure{};
   std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   if (!source) {
@@ -25,16 +40,20 @@ bool check_schedule_file(const std::string& file, const CheckOptions& options,
   // The passes print nothing: the findings say the same, with lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   arm_watchdog();  // not earlier: standard input may take its time
-  WrittenSchedule written(std::move(source->content));
-  check_bytes(written.source, found.findings);
-  if (!is_hopeless(written.source)) {
-    read_and_check_lines(written, file, options.media, found.findings);
-    check_passes(written, options.report_time, found.findings);
-    if (options.media && check_media(written, source->id, found.findings)) {
-      check_subschedules(written, found.findings);
-    }
+  check_bytes(source->content, found);
+  if (!is_hopeless(source->content)) {
+    check_content(*std::move(source), options, found);
   }
   cancel_watchdog();
   sort_findings(found);
   return true;
+}
+
+void check_zone(FileFindings& found) {
+  const char* set = std::getenv("TZ");
+  const std::string_view zone = set != nullptr ? set : "";
+  if (!zone.empty() && zone != ":" && !is_known_zone(zone)) {
+    found.add(FindingKind::unknown_zone, {},
+              "the machine knows no zone " + quoted(zone) + ": times would be those of UTC");
+  }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ctime>
+#include <optional>
 #include <string>
 
 #include "check/finding.hpp"
@@ -13,3 +14,12 @@ struct CheckOptions {
 /// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False
 /// when the file cannot be read; `found` then says why.
 bool check_schedule_file(const std::string& file, const CheckOptions& options, FileFindings& found);
+
+/// Checks the zone in TZ. A zone that the machine does not know counts as UTC.
+void check_zone(FileFindings& found);
+
+/// Tells what the schedule in the file airs at a moment, and why. The moment is a time as a
+/// schedule file writes it, or "@" and seconds since 1970. Returns nothing if the moment is invalid
+/// or the file cannot be read; `error` says why.
+std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
+                                          const CheckOptions& options, std::string& error);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <map>
 #include <string>
 #include <utility>
@@ -69,3 +70,8 @@ class Story : public PassObserver {
   bool is_announced_again_ = false;
   Origin inserted_;  ///< origin of the items of the schedule that is patched in
 };
+
+/// What the schedule of that file airs at the moment (calendar time) and why, and what does not air
+/// then. The schedule must be placed in the unit of the moment.
+std::string text_of_moment(const Schedule& schedule, Story& story, time_t t,
+                           const std::string& file);

@@ -1,4 +1,4 @@
-#include "check/subschedule_check.hpp"
+#include "check/checks.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "check/time_advice.hpp"
+#include "check/position_text.hpp"
 #include "schedule/schedule_file_type.hpp"
 #include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
@@ -18,8 +18,8 @@ namespace {
 
 class SubscheduleCheck : public PassObserver {
  public:
-  SubscheduleCheck(WrittenSchedule& written, std::vector<Finding>& findings)
-      : written_(written), findings_(findings) {}
+  SubscheduleCheck(WrittenSchedule& written, FileFindings& found)
+      : written_(written), found_(found) {}
 
   void check() {
     Schedule& schedule = written_.schedule;
@@ -82,7 +82,7 @@ class SubscheduleCheck : public PassObserver {
   /// The place of the item that starts there, or of another item with that path if a block cut the
   /// item's beginning.
   Place place_of(const std::string& path, uint64_t start) const {
-    const WrittenSection* item = written_.item_at(start);
+    const WrittenSection* item = written_.items.at(start);
     if (item != nullptr && item->text_of(ScheduleKey::item) == path) {
       return item->place_of(ScheduleKey::item);
     }
@@ -90,7 +90,7 @@ class SubscheduleCheck : public PassObserver {
     if (default_path != written_.default_paths.end()) {
       return default_path->second;
     }
-    for (const WrittenSection& other : written_.items) {
+    for (const WrittenSection& other : written_.items.all) {
       if (other.text_of(ScheduleKey::item) == path) {
         return other.place_of(ScheduleKey::item);
       }
@@ -100,7 +100,7 @@ class SubscheduleCheck : public PassObserver {
 
   void add(FindingKind kind, const Root& root, const std::string& text) {
     if (reported_.emplace(root.place.line, kind).second) {
-      findings_.push_back({kind, root.place, text, {}});
+      found_.add(kind, root.place, text);
     }
   }
 
@@ -155,7 +155,7 @@ class SubscheduleCheck : public PassObserver {
   }
 
   WrittenSchedule& written_;
-  std::vector<Finding>& findings_;
+  FileFindings& found_;
   std::map<uint64_t, Root> roots_;  ///< by start
   std::set<std::pair<int64_t, FindingKind>> reported_;
   std::map<std::string, bool> known_;  ///< by path: whether the file is a schedule
@@ -165,6 +165,6 @@ class SubscheduleCheck : public PassObserver {
 
 }  // namespace
 
-void check_subschedules(WrittenSchedule& written, std::vector<Finding>& findings) {
-  SubscheduleCheck(written, findings).check();
+void check_subschedules(WrittenSchedule& written, FileFindings& found) {
+  SubscheduleCheck(written, found).check();
 }

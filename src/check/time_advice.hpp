@@ -25,15 +25,3 @@ bool looks_like_clock(std::string_view number, bool in_figures);
 
 /// Writes a number that looks like a clock as a clock: "18:00".
 std::string clock_of(std::string_view number);
-
-/// "a weekly schedule".
-std::string a_schedule_of(std::string_view type);
-
-/// A schedule position as a schedule of that type writes it: "Tue 01:00".
-std::string written_position(uint64_t position, const ScheduleType& type);
-
-/// The same for an end: midnight is hour 24 of the day before.
-std::string written_end(uint64_t position, const ScheduleType& type);
-
-/// "7 days", "years 2020 to 2034".
-std::string unit_text(const ScheduleType& type);

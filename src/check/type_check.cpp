@@ -1,8 +1,7 @@
-#include "check/type_check.hpp"
+#include "check/line_checks.hpp"
 
 #include <string>
 
-#include "check/written_schedule.hpp"
 #include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/text.hpp"
 
@@ -18,38 +17,7 @@ std::vector<std::string_view> types_with_unit() {
   return types;
 }
 
-}  // namespace
-
-void TypeCheck::take_type(Place place) {
-  type_place_ = place;
-  if (first_untyped_) {
-    findings_.push_back(
-        {FindingKind::late_type,
-         place,
-         "the type comes after sections whose times need it; these sections do not air",
-         {{*first_untyped_, "the first of these sections"}}});
-    first_untyped_.reset();
-  }
-}
-
-void TypeCheck::check_unused_type(const SchedulePart& part) {
-  const Place place = place_of(part);
-  const ScheduleType* type = find_schedule_type(part.name);
-  if (type == nullptr) {
-    findings_.push_back(finding_for_unknown_type(part.name, place));
-    is_misspelt_ = true;
-  } else if (type->unit_length == 0) {
-    findings_.push_back(
-        {FindingKind::type_without_unit, place, "a schedule of this type cannot be printed"});
-  } else {
-    findings_.push_back({FindingKind::second_type,
-                         place,
-                         "the type is already " + schedule_.type + "; this line has no effect",
-                         {{type_place(), "the type comes from here"}}});
-  }
-}
-
-Finding TypeCheck::finding_for_unknown_type(std::string_view text, Place place) const {
+Finding finding_for_unknown_type(std::string_view text, Place place) {
   const std::vector<std::string_view> types = types_with_unit();
   const std::string_view word = strip_blanks(text.substr(0, text.find('#')));
   const std::optional<std::string_view> nearest = nearest_word(word, types);
@@ -64,17 +32,49 @@ Finding TypeCheck::finding_for_unknown_type(std::string_view text, Place place) 
   return {FindingKind::unknown_type, place, std::move(message)};
 }
 
-void TypeCheck::check_timed_section(Place place) {
-  if (schedule_.type.empty() && !first_untyped_ && !is_misspelt_) {
-    first_untyped_ = place;
+}  // namespace
+
+Place type_place(const LineChecks& checks) {
+  return checks.type_place.value_or(Place{});
+}
+
+void take_type(LineChecks& checks, Place place) {
+  checks.type_place = place;
+  if (checks.first_untyped) {
+    checks.found.add(FindingKind::late_type, place,
+                     "the type comes after sections whose times need it; these sections do not air",
+                     {{*checks.first_untyped, "the first of these sections"}});
+    checks.first_untyped.reset();
   }
 }
 
-void TypeCheck::finish() {
-  if (first_untyped_) {
-    findings_.push_back(
-        {FindingKind::no_type, *first_untyped_,
-         "the times of this section need a type line before it; begin the file with "
-         "'*weekly' or another type"});
+void check_unused_type(LineChecks& checks, const SchedulePart& part) {
+  const Place place = place_of(part);
+  const ScheduleType* type = find_schedule_type(part.name);
+  if (type == nullptr) {
+    checks.found.findings.push_back(finding_for_unknown_type(part.name, place));
+    checks.is_type_misspelt = true;
+  } else if (type->unit_length == 0) {
+    checks.found.add(FindingKind::type_without_unit, place,
+                     "a schedule of this type cannot be printed");
+  } else {
+    checks.found.add(
+        FindingKind::second_type, place,
+        "the type is already " + checks.written.schedule.type + "; this line has no effect",
+        {{type_place(checks), "the type comes from here"}});
+  }
+}
+
+void check_timed_section(LineChecks& checks, Place place) {
+  if (checks.written.schedule.type.empty() && !checks.first_untyped && !checks.is_type_misspelt) {
+    checks.first_untyped = place;
+  }
+}
+
+void finish_type_check(LineChecks& checks) {
+  if (checks.first_untyped) {
+    checks.found.add(FindingKind::no_type, *checks.first_untyped,
+                     "the times of this section need a type line before it; begin the file with "
+                     "'*weekly' or another type");
   }
 }

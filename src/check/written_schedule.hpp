@@ -5,11 +5,9 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "check/finding.hpp"
-#include "check/source_text.hpp"
 #include "platform/syntax/schedule_file.hpp"
 #include "schedule/schedule.hpp"
 
@@ -58,33 +56,23 @@ struct WrittenSection {
   }
 };
 
+/// The sections of items or of blocks that the reader stored.
+struct WrittenSections {
+  std::vector<WrittenSection> all;      ///< in the order of the file
+  std::map<uint64_t, size_t> by_start;  ///< of several with one start, the last one: it airs
+
+  /// The one that airs from there, or null.
+  const WrittenSection* at(uint64_t start) const {
+    const auto found = by_start.find(start);
+    return found != by_start.end() ? &all[found->second] : nullptr;
+  }
+};
+
 struct WrittenSchedule {
-  explicit WrittenSchedule(std::string content) : source(std::move(content)) {}
-
-  SourceText source;
-  Schedule schedule;
-  std::vector<WrittenSection>
-      items;  ///< in the order of the file; of several with one start, the last airs
-  std::vector<WrittenSection> blocks;
-  std::map<std::string, Place>
-      default_paths;  ///< of default items, each with the first place that names it
-
-  /// The last one that starts there, or null.
-  const WrittenSection* item_at(uint64_t start) const {
-    return section_at(item_numbers, items, start);
-  }
-  const WrittenSection* block_at(uint64_t start) const {
-    return section_at(block_numbers, blocks, start);
-  }
-
-  std::map<uint64_t, size_t> item_numbers;  ///< by start
-  std::map<uint64_t, size_t> block_numbers;
-
- private:
-  static const WrittenSection* section_at(const std::map<uint64_t, size_t>& numbers,
-                                          const std::vector<WrittenSection>& sections,
-                                          uint64_t start) {
-    const auto found = numbers.find(start);
-    return found != numbers.end() ? &sections[found->second] : nullptr;
-  }
+  std::string content;  ///< of the file
+  Schedule schedule = {};
+  WrittenSections items = {};
+  WrittenSections blocks = {};
+  /// Of default items, each with the first place that names it.
+  std::map<std::string, Place> default_paths = {};
 };

@@ -33,8 +33,8 @@ PlayLog read_play_log_of(Schedule& schedule, const std::string& schedule_path) {
   return play_log;
 }
 
-}  // namespace
-
+/// Gives each item that aired in the schedule's current unit its metadata from the play log beside
+/// the schedule file. An entry belongs to the item that starts at its time and has the same path.
 void merge_play_log(Schedule& schedule, const std::string& schedule_path) {
   const Activity activity("reading the play log of");
   PlayLog play_log = read_play_log_of(schedule, schedule_path);
@@ -45,6 +45,8 @@ void merge_play_log(Schedule& schedule, const std::string& schedule_path) {
     }
   }
 }
+
+}  // namespace
 
 void place_in_unit(Schedule& schedule, time_t t, const std::string& path) {
   if (!compute_unit_times(schedule, t)) {

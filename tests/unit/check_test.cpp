@@ -4,21 +4,16 @@
 
 #include <string>
 
-#include "check/defaults_check.hpp"
-#include "check/line_check.hpp"
-#include "check/name_check.hpp"
-#include "check/path_check.hpp"
-#include "check/section_check.hpp"
+#include "check/checks.hpp"
+#include "check/line_checks.hpp"
+#include "check/named_files.hpp"
 #include "check/story.hpp"
-#include "check/type_check.hpp"
-#include "check/value_check.hpp"
 #include "schedule/complete_schedule.hpp"
 
 namespace {
 
 /// "LINE:COLUMN id: text" of each finding, and of its notes, in the order of the file.
-std::string text_of(const std::vector<Finding>& findings) {
-  FileFindings file{"f", findings};
+std::string text_of(FileFindings file) {
   sort_findings(file);
   std::string text;
   const auto place = [](Place at) {
@@ -36,10 +31,10 @@ std::string text_of(const std::vector<Finding>& findings) {
 
 /// The same of all lines of a schedule.
 std::string findings_in(const std::string& content) {
-  WrittenSchedule written(content);
-  std::vector<Finding> findings;
-  read_and_check_lines(written, "f", false, findings);
-  return text_of(findings);
+  WrittenSchedule written{.content = content};
+  FileFindings found{.file = "f"};
+  read_and_check_lines(written, false, found);
+  return text_of(found);
 }
 
 /// The first part of a content that is of the kind.
@@ -65,7 +60,7 @@ TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   EXPECT_EQ(id("global default ="), "no-key");
   EXPECT_EQ(id("Global Default = a"), "letter-case");
   const std::string line = "  globl default = a";
-  EXPECT_EQ(text_of({finding_for_unused_name(part_of(line, PartKind::name_value))}),
+  EXPECT_EQ(text_of({"f", {finding_for_unused_name(part_of(line, PartKind::name_value))}}),
             "1:3 unknown-name: unknown name 'globl default'; did you mean 'global default'?\n");
 }
 
@@ -143,13 +138,14 @@ TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
 }
 
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
-  WrittenSchedule written("*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n");
-  std::vector<Finding> findings;
-  read_and_check_lines(written, "f", false, findings);
-  EXPECT_EQ(text_of(findings),
+  WrittenSchedule written{.content =
+                              "*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n"};
+  FileFindings found{.file = "f"};
+  read_and_check_lines(written, false, found);
+  EXPECT_EQ(text_of(found),
             "3:2 repeated-key: a later line sets 'item' again; this line has no effect\n  4:2 the "
             "later line is here\n");
-  const WrittenSection* item = written.item_at(3600);
+  const WrittenSection* item = written.items.at(3600);
   ASSERT_NE(item, nullptr);
   EXPECT_EQ(item->text_of(ScheduleKey::item), "b");
   EXPECT_EQ(item->place_of(ScheduleKey::item).line, 4);
@@ -194,10 +190,10 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
 }
 
 TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
-  std::vector<Finding> findings;
-  check_path("/no such file # news", {3, 8}, true, findings);
-  check_path("/#1", {4, 8}, true, findings);
-  EXPECT_EQ(text_of(findings),
+  FileFindings found{.file = "f"};
+  check_path("/no such file # news", {3, 8}, true, found);
+  check_path("/#1", {4, 8}, true, found);
+  EXPECT_EQ(text_of(found),
             "3:22 comment-behind-value: a comment after a path becomes part of the path; put the "
             "comment on a line of its own\n");
   EXPECT_EQ(comment_behind_path("a # b # c"), 1U);

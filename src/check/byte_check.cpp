@@ -1,0 +1,84 @@
+#include "check/checks.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/syntax/schedule_file.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/syntax/utf_8.hpp"
+
+namespace {
+
+bool is_utf_16(std::string_view content) {
+  return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
+}
+
+/// Whether lines end with carriage returns alone, as on old systems.
+bool has_old_line_ends(std::string_view content) {
+  const bool has_line_feed = content.find('\n') != std::string_view::npos;
+  chomp(content);
+  return !has_line_feed && content.find('\r') != std::string_view::npos;
+}
+
+/// The first byte that is not valid UTF-8, or npos.
+size_t find_no_utf_8(std::string_view text) {
+  for (std::string_view rest = text; !rest.empty();) {
+    if (!take_utf_8(rest)) {
+      return text.size() - rest.size();
+    }
+  }
+  return std::string_view::npos;
+}
+
+void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& found) {
+  const auto add = [&](FindingKind kind, size_t offset, std::string text) {
+    found.add(kind, {number, static_cast<int64_t>(offset) + 1}, std::move(text));
+  };
+  if (const size_t nul = line.find('\0'); nul != std::string_view::npos) {
+    add(FindingKind::nul_byte, nul, "a NUL byte ends the line here");
+  }
+  std::string_view text = line;
+  chomp(text);
+  if (const size_t at = text.find('\r'); at != std::string_view::npos) {
+    add(FindingKind::carriage_return, at, "a carriage return inside a line does not end it");
+  }
+  // The reader's limit includes the line feed.
+  if (line.size() > static_cast<size_t>(longest_schedule_line)) {
+    add(FindingKind::long_line, static_cast<size_t>(longest_schedule_line),
+        "a line of " + std::to_string(line.size()) +
+            " bytes: the part after the first 1023 bytes is read as further lines");
+  }
+  if (const size_t at = find_no_utf_8(line); at != std::string_view::npos) {
+    add(FindingKind::not_utf_8, at, "not valid UTF-8; the documents show these bytes unchanged");
+  }
+}
+
+}  // namespace
+
+bool is_hopeless(std::string_view content) {
+  return is_utf_16(content) || has_old_line_ends(content);
+}
+
+void check_bytes(std::string_view content, FileFindings& found) {
+  if (is_utf_16(content)) {
+    found.add(FindingKind::utf_16, {},
+              "the file is UTF-16, which cannot be read; save it as UTF-8");
+    return;
+  }
+  if (has_old_line_ends(content)) {
+    const auto at = static_cast<int64_t>(content.find('\r'));
+    found.add(FindingKind::carriage_return, {1, at + 1},
+              "carriage returns alone do not end lines: the whole file is one line");
+    return;
+  }
+  if (content.starts_with(byte_order_mark)) {
+    found.add(FindingKind::byte_order_mark, {},
+              "the byte order mark makes the first line an unknown line; save the file without it");
+  }
+  int64_t number = 0;
+  for (std::string_view rest = content; !rest.empty();) {
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    check_bytes_of_line(line, ++number, found);
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+  }
+}

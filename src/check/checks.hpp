@@ -1,0 +1,43 @@
+#pragma once
+
+#include <ctime>
+#include <string_view>
+
+#include "check/finding.hpp"
+#include "check/schedule_source.hpp"
+#include "check/written_schedule.hpp"
+
+// The steps of a check, in their order. Each adds what it finds.
+
+inline constexpr std::string_view byte_order_mark = "\xef\xbb\xbf";
+
+/// Checks the bytes of a file: byte order mark, encoding, line ends, overlong lines.
+void check_bytes(std::string_view content, FileFindings& found);
+
+/// Whether the reader can use nothing of the content, so that further checks make no sense.
+bool is_hopeless(std::string_view content);
+
+/// Reads the content of the file into its schedule. Finds lines and sections that have no effect,
+/// or probably not the effect that was meant. With `with_media`, it also checks whether files
+/// exist, where that matters.
+void read_and_check_lines(WrittenSchedule& written, bool with_media, FileFindings& found);
+
+/// Checks the starts and ends of items and blocks, and which items are members of a block.
+void check_sections(const WrittenSchedule& written, FileFindings& found);
+
+/// Finds items that start when clocks are changed, in the unit of the report time (calendar time)
+/// and in the next two units. The schedule must have a unit.
+void check_clock_changes(const WrittenSchedule& written, time_t report_time, FileFindings& found);
+
+/// Prepares the schedule as a run does, up to the announced blocks, and finds what items and blocks
+/// lose by that. The unit is that of the report time (calendar time).
+void check_passes(WrittenSchedule& written, time_t report_time, FileFindings& found);
+
+/// Checks each file that the schedule names, and whether its items are announced. `id` is that of
+/// the schedule's own file. Returns true if some of the files are schedules and a run can patch
+/// them in: none leads back to itself, and none ends the run.
+bool check_media(const WrittenSchedule& written, FileId id, FileFindings& found);
+
+/// Patches in the schedules that items name, as a run does, and finds what is lost by that. Call it
+/// after check_passes, and only if check_media returned true.
+void check_subschedules(WrittenSchedule& written, FileFindings& found);

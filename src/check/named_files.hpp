@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/finding.hpp"
+#include "check/schedule_source.hpp"
+#include "platform/metadata_handles.hpp"
+
+// The files that a schedule names: their paths, their metadata, and schedules among them.
+
+/// Where a comment seems to begin inside a path, or npos. Some files really have such names.
+size_t comment_behind_path(std::string_view path);
+
+/// Reports such a comment in the path at that place. With `with_media`, a path that exists is not
+/// reported.
+void check_path(const std::string& path, Place place, bool with_media, FileFindings& found);
+
+/// The XML reference, such as "&amp;", at the start of the text, or nothing.
+std::string_view reference_at(std::string_view text);
+
+/// Checks whether the metadata of the file fits into the XML document, which escapes only the
+/// values of metadata, and never control characters. Each problem is reported once for each file.
+void check_metadata(const std::string& path, const MetadataSet& set, Place place,
+                    FileFindings& found);
+
+/// What is known of the schedules that schedules name.
+struct NamedSchedules {
+  std::vector<FileId> above;             ///< those that lead to the one that is read now
+  std::map<FileId, size_t> levels = {};  ///< with the level at which each was met
+  std::string without_unit = {};         ///< path of the last one that was found without a unit
+  bool can_be_patched_in = true;         ///< none leads back to itself, and each has a unit
+};
+
+/// Checks a schedule that the checked one names, and those that it leads to.
+void check_named_schedule(const std::string& path, FileId id, Place place,
+                          NamedSchedules& schedules, FileFindings& found);

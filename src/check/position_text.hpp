@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/syntax/schedule_types.hpp"
+
+// How findings name days, positions and schedules.
+
+/// "Tue"; 0 is Sunday.
+std::string short_weekday(int weekday);
+
+/// "a weekly schedule".
+std::string a_schedule_of(std::string_view type);
+
+/// A schedule position as a schedule of that type writes it: "Tue 01:00".
+std::string written_position(uint64_t position, const ScheduleType& type);
+
+/// The same for an end: midnight is hour 24 of the day before.
+std::string written_end(uint64_t position, const ScheduleType& type);
+
+/// "7 days", "years 2020 to 2034".
+std::string unit_text(const ScheduleType& type);
