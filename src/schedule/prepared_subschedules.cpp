@@ -1,10 +1,9 @@
-#include "schedule/prepared_subschedules.hpp"
-
 #include <utility>
 
 #include "platform/system/messages.hpp"
 #include "schedule/complete_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
+#include "schedule/subschedules.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {
