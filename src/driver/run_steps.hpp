@@ -1,7 +1,6 @@
 #pragma once
 
-#include <ctime>
-
+#include "schedule/report_window.hpp"
 #include "schedule/schedule.hpp"
 
 // The steps of a run, in order. A step that fails ends the run with a fatal error.
@@ -14,18 +13,6 @@ bool locate_schedule();
 
 /// Reads the schedule file.
 void read_schedule(Schedule& schedule);
-
-/// The span of calendar time that a document reports: items that start in [start, end). `end` is
-/// the last second of a period and is not part of the window: items that start in that second have
-/// never been shown.
-struct ReportWindow {
-  time_t start;
-  time_t end;
-};
-
-/// The schedule's whole unit. With --pcn-month or --pcn-week, only the part of it in the previous,
-/// current and next month or week, seen from the report time.
-ReportWindow report_window(const Schedule& schedule);
 
 /// Prints the document. In CGI mode its Content-Type header (RFC 3875) comes first.
 void print_document(Schedule& schedule, const ReportWindow& window);

@@ -7,6 +7,7 @@
 #include "platform/system/activity.hpp"
 #include "platform/system/messages.hpp"
 #include "schedule/block_announce.hpp"
+#include "schedule/report_window.hpp"
 #include "schedule/subschedules.hpp"
 #include "schedule/unit_times.hpp"
 
@@ -60,5 +61,5 @@ void place_in_unit(Schedule& schedule, time_t t, const std::string& path) {
 
 void place_schedule(Schedule& schedule, time_t t, const std::string& path) {
   place_in_unit(schedule, t, path);
-  patch_all_subschedules(schedule);
+  patch_all_subschedules(schedule, report_window(schedule));
 }

@@ -60,6 +60,13 @@ int metadata_v4_metadata_context_add_name_value_pair(metadata_v4_metadata_contex
 metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4_context* context,
                                                                      int flags, void* reserved);
 
+/* Optional: a library may leave it out, and its address is null then. The MIME type of the bound
+ * file, for callers that only ask whether the file is a schedule. It is the value of the last entry
+ * "file type" without a group. Null when there is none. A library that knows, without reading all
+ * metadata, that the file is no schedule may give any other type, such as application/octet-stream.
+ * Valid until the context is destroyed. */
+__attribute__((weak)) const char* metadata_v4_context_read_file_type(metadata_v4_context* context);
+
 /* The entry at an index, or null. The entry is valid until the next call on the set. Its texts are
  * valid until the set is destroyed. */
 const metadata_v4_entry* metadata_v4_metadata_context_read_entry(metadata_v4_metadata_context* set,

@@ -16,11 +16,18 @@ bool is_schedule_file(const MetadataSet& set) {
   return find_schedule_type_of_mime_type(file_type) != nullptr;
 }
 
-bool is_schedule_file(const std::string& path) {
+bool is_schedule_file(const std::string& path, LaterUse later_use) {
   if (path.empty()) {
     return false;
   }
   const Activity activity("reading the metadata of", path.c_str());
   const FileContext context = bind_file_context(path.c_str());
-  return context != nullptr && is_schedule_file(read_metadata_set(context));
+  if (context == nullptr) {
+    return false;
+  }
+  if (later_use == LaterUse::nothing && metadata_v4_context_read_file_type != nullptr) {
+    const char* type = metadata_v4_context_read_file_type(context.get());
+    return type != nullptr && find_schedule_type_of_mime_type(type) != nullptr;
+  }
+  return is_schedule_file(read_metadata_set(context));
 }

@@ -3,30 +3,18 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <unordered_map>
 #include <utility>
 
 #include "platform/system/activity.hpp"
 #include "platform/system/messages.hpp"
 #include "schedule/block_announce.hpp"
 #include "schedule/run_options.hpp"
-#include "schedule/schedule_file_type.hpp"
+#include "schedule/schedule_paths.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {
-
-/// Which paths of a schedule are schedule files; each is asked for once.
-using KnownPaths = std::unordered_map<std::string, bool>;
-
-bool is_known_schedule(const std::string& path, KnownPaths& known_paths) {
-  const auto [known, is_new] = known_paths.try_emplace(path, false);
-  if (is_new) {
-    known->second = is_schedule_file(path);
-  }
-  return known->second;
-}
 
 /// The length of the outer schedule's unit, by its type.
 uint64_t unit_length_of(const Schedule& schedule) {
@@ -167,17 +155,18 @@ bool patch_in(Schedule& outer, UnitClock& outer_clock, PreparedSubschedules& sub
 
 }  // namespace
 
-bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules) {
+bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules,
+                           const ReportWindow& window) {
   if (run_options.debug_patch) {
     print_diagnostic("patching in subschedules\n");
   }
   const Activity activity("looking for subschedules in");
   arm_watchdog();
   UnitClock clock(schedule);
-  KnownPaths known_paths;
+  SchedulePaths paths(schedule, clock, window);
   bool is_patched = false;
   for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
-    if (!is_known_schedule(it->second.item, known_paths)) {
+    if (!paths.is_schedule(it->second.item)) {
       ++it;
       continue;
     }
@@ -190,10 +179,10 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
   return is_patched;
 }
 
-void patch_all_subschedules(Schedule& schedule) {
+void patch_all_subschedules(Schedule& schedule, const ReportWindow& window) {
   PreparedSubschedules subschedules;
   for (int level = 0; level < most_subschedule_levels; ++level) {
-    if (!patch_in_subschedules(schedule, subschedules)) {
+    if (!patch_in_subschedules(schedule, subschedules, window)) {
       return;
     }
   }

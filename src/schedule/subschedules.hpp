@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "schedule/report_window.hpp"
 #include "schedule/schedule.hpp"
 #include "schedule/schedule_time.hpp"
 
@@ -53,8 +54,10 @@ class PreparedSubschedules {
 
 /// Replaces each item whose file is itself a schedule by the items which that schedule airs within
 /// the item's span. It does this for one level; call it again for schedules that the new items
-/// name. True when an item was replaced. Arms the watchdog and cancels it at the end.
-bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules);
+/// name. True when an item was replaced. Of media that air only outside the window, no metadata is
+/// read if their type can be told without it. Arms the watchdog and cancels it at the end.
+bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedules,
+                           const ReportWindow& window = all_time);
 
 /// Levels of schedules in schedules that a run patches in.
 inline constexpr int most_subschedule_levels = 10;
@@ -62,4 +65,4 @@ inline constexpr int most_subschedule_levels = 10;
 /// Replaces subschedules level by level, at most `most_subschedule_levels`. Items that name deeper
 /// ones stay, with a warning on standard error; the same happens when a schedule names itself.
 /// Cancels the watchdog at the end.
-void patch_all_subschedules(Schedule& schedule);
+void patch_all_subschedules(Schedule& schedule, const ReportWindow& window = all_time);

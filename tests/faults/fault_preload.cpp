@@ -5,11 +5,11 @@
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
 // The kinds are open (all that makes a descriptor of a file), read (with pread), stat (with
-// access), lseek, mmap, malloc (all that takes memory), write, close, fsync, rename, unlink, mkdir,
-// chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer. Allocations fail
-// in programs that link the project's own allocation functions. Calls that the C library makes for
-// itself pass by: those are strace's. All goes by system call from here, as looking the real
-// functions up would take memory.
+// access), fadvise, lseek, mmap, malloc (all that takes memory), write, close, fsync, rename,
+// unlink, mkdir, chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer.
+// Allocations fail in programs that link the project's own allocation functions. Calls that the C
+// library makes for itself pass by: those are strace's. All goes by system call from here, as
+// looking the real functions up would take memory.
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -244,6 +244,16 @@ ssize_t pread(int fd, void* bytes, size_t size, off_t offset) {
 
 ssize_t pread64(int fd, void* bytes, size_t size, off64_t offset) {
   return read_at(fd, bytes, size, offset);
+}
+
+// These two return the error instead of setting errno.
+int posix_fadvise(int fd, off_t offset, off_t size, int advice) {
+  return is_due("fadvise") ? fault_errno
+                           : static_cast<int>(-syscall(SYS_fadvise64, fd, offset, size, advice));
+}
+
+int posix_fadvise64(int fd, off64_t offset, off64_t size, int advice) {
+  return posix_fadvise(fd, offset, size, advice);
 }
 
 void* mmap(void* address, size_t size, int protection, int flags, int fd, off_t offset) {

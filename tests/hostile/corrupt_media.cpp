@@ -5,6 +5,7 @@
 
 #include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -57,7 +58,15 @@ class MemoryFile {
   MemoryFile(const MemoryFile&) = delete;
   MemoryFile& operator=(const MemoryFile&) = delete;
 
-  int get() const { return fd_; }
+  /// The file as it is now, with its head read.
+  MediaSource source() const {
+    struct stat status = {};
+    MediaSource source(fd_, fstat(fd_, &status) == 0 ? status.st_size : 0);
+    if (!source.read_head()) {
+      std::abort();
+    }
+    return source;
+  }
 
   void resize(size_t size) const {
     if (ftruncate(fd_, static_cast<off_t>(size)) != 0) {
@@ -77,14 +86,14 @@ class MemoryFile {
 
 void read_tags(const MemoryFile& file, const std::string& name, Totals& totals) {
   const double begin = cpu_seconds();
-  read_embedded_tags(file.get(), name);
+  MediaSource source = file.source();
+  read_embedded_tags(source, name);
   totals.longest = std::max(totals.longest, cpu_seconds() - begin);
   ++totals.readings;
 }
 
 void read_type(const MemoryFile& file) {
-  lseek(file.get(), 0, SEEK_SET);
-  if (detect_mime_type(file.get()).value_or("").empty()) {
+  if (detect_mime_type(file.source()).value_or("").empty()) {
     std::abort();
   }
 }
@@ -122,7 +131,8 @@ void change_everywhere(const MemoryFile& file, const std::string& name, const st
 
 /// Whether the file as it is has the tags that it should have lost above.
 bool has_tags(const MemoryFile& file, const std::string& name) {
-  const auto tags = read_embedded_tags(file.get(), name);
+  MediaSource source = file.source();
+  const auto tags = read_embedded_tags(source, name);
   return tags && !tags->empty();
 }
 

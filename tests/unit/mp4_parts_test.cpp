@@ -48,12 +48,19 @@ class MediaFile {
     return *this;
   }
 
-  Mp4Parts parts(size_t reads = many_reads) const {
-    return find_mp4_parts(file_.get(), length_, reads);
-  }
+  Mp4Parts parts(size_t reads = many_reads) const { return parts_of_length(length_, reads); }
+
   /// As if it once had that length.
-  Mp4Parts parts_of_length(long length) const {
-    return find_mp4_parts(file_.get(), length, many_reads);
+  Mp4Parts parts_of_length(long length, size_t reads = many_reads) const {
+    MediaSource source(file_.get(), length);
+    EXPECT_TRUE(source.read_head());
+    return find_mp4_parts(source, reads);
+  }
+
+  bool tags_end_within(long most_bytes) const {
+    MediaSource source(file_.get(), length_);
+    EXPECT_TRUE(source.read_head());
+    return mp4_tags_end_within(source, most_bytes);
   }
 
  private:
@@ -177,9 +184,37 @@ TEST(Mp4Texts, WhatIsNoTextStays) {
 }
 
 TEST(Mp4Parts, AFileThatCannotBeReadHasFailed) {
-  const Mp4Parts found = find_mp4_parts(-1, 1000, many_reads);
+  MediaSource unreadable(-1, 1000);
+  EXPECT_FALSE(unreadable.read_head());
+}
+
+TEST(Mp4Parts, AFileThatCannotBeReadFurtherHasFailed) {
+  FileDescriptor file(memfd_create("media", MFD_CLOEXEC));
+  const std::string beginning = file_type + head("mdat", 10000);
+  ASSERT_TRUE(write_fully(file.get(), beginning));
+  MediaSource source(file.get(), 20000);
+  ASSERT_TRUE(source.read_head());
+  file.reset();
+  const Mp4Parts found = find_mp4_parts(source, many_reads);
   EXPECT_EQ(found.outcome, TagsOutcome::failed);
   EXPECT_TRUE(found.parts.empty());
+}
+
+TEST(Mp4Parts, TheHeadShowsHowFarTagsMayReach) {
+  const long type_size = static_cast<long>(file_type.size());
+  const std::string whole = file_type + box("moov", std::string(992, 'x')) + head("mdat", 100000);
+  EXPECT_TRUE(MediaFile().write(0, whole).write(101000, "x").tags_end_within(1000));
+  EXPECT_FALSE(MediaFile().write(0, whole).write(101000, "x").tags_end_within(999));
+
+  const std::string samples_first = file_type + head("mdat", 100000);
+  const long end = type_size + 100000;
+  MediaFile at_end;
+  at_end.write(0, samples_first).write(end, std::string(500, 'x'));
+  EXPECT_TRUE(at_end.tags_end_within(500));
+  EXPECT_FALSE(at_end.tags_end_within(499));
+
+  EXPECT_TRUE(MediaFile().write(0, file_type + number(0, 100)).write(9999, "x").tags_end_within(10))
+      << "nothing is looked for behind what is no box";
 }
 
 TEST(Mp4Parts, AFileMayShrinkWhileItIsRead) {

@@ -19,7 +19,7 @@ Reading read(const std::string& content) {
   const ScratchFolder folder;
   folder.write("a.mp4.metadata", content);
   testing::internal::CaptureStderr();
-  FileMetadata metadata = read_sidecar(folder.handle(), "a.mp4");
+  FileMetadata metadata = read_sidecar(folder.handle(), "a.mp4").value_or(FileMetadata());
   return {std::move(metadata), testing::internal::GetCapturedStderr()};
 }
 
@@ -29,6 +29,13 @@ std::string repeated(const std::string& line, size_t times) {
     text += line;
   }
   return text;
+}
+
+TEST(Sidecar, AnEmptyOneIsNotAMissingOne) {
+  const ScratchFolder folder;
+  folder.write("a.mp4.metadata", "");
+  EXPECT_TRUE(read_sidecar(folder.handle(), "a.mp4").has_value());
+  EXPECT_FALSE(read_sidecar(folder.handle(), "b.mp4").has_value());
 }
 
 TEST(Sidecar, AsManyEntriesAndGroupsAsThereMayBeAreRead) {

@@ -2,6 +2,7 @@
 
 #include <fileref.h>
 #include <mp4file.h>
+#include <sys/stat.h>
 #include <tpropertymap.h>
 
 #include <algorithm>
@@ -76,19 +77,6 @@ Tags tags_of(TagLib::File& file) {
   return tags;
 }
 
-TagLib::ByteVector head_of(MediaStream& stream) {
-  constexpr unsigned head_size = 16;
-  const TagLib::ByteVector head = stream.readBlock(head_size);
-  stream.seek(0, TagLib::IOStream::Beginning);
-  return head;
-}
-
-/// Whether a file begins like an ISO base media file (ISO/IEC 14496-12). Most media are such files.
-/// Without this check the library would try many other formats first.
-bool is_mp4(const TagLib::ByteVector& head) {
-  return head.containsAt("ftyp", 4);
-}
-
 /// Whether the library takes the extension for that of an MP4 file. Such a file may have another
 /// beginning.
 bool is_mp4_extension(const std::string& extension) {
@@ -99,8 +87,8 @@ bool is_mp4_extension(const std::string& extension) {
 
 /// Whether a file begins like Windows media. Such a file states the number of its attributes, and
 /// the library goes through as many.
-bool is_asf(const TagLib::ByteVector& head) {
-  return head.startsWith(TagLib::ByteVector("\x30\x26\xb2\x75\x8e\x66\xcf\x11", 8));
+bool is_asf(std::string_view head) {
+  return head.starts_with("\x30\x26\xb2\x75\x8e\x66\xcf\x11");
 }
 
 std::string extension_of(const std::string& name) {
@@ -127,7 +115,7 @@ TagsRead result_of(const MediaStream& stream, Tags tags) {
   return {TagsOutcome::read, std::move(tags), stream.left_out()};
 }
 
-TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
+TagsRead read_tags(MediaSource& source, const std::string& name, const ReadBudget& budget) {
   constexpr bool read_audio_properties = false;
   const std::string extension = extension_of(name);
   // Without a name, the library goes by the content, which cannot mislead it.
@@ -140,12 +128,12 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
         return {TagsOutcome::spent, {}, {}};
       }
     }
-    MediaStream stream(fd, name_to_go_by, budget);
-    const TagLib::ByteVector head = head_of(stream);
-    if (!budget.risks && is_asf(head)) {
+    MediaStream stream(source, name_to_go_by, budget);
+    if (!budget.risks && is_asf(source.head())) {
       return {TagsOutcome::spent, {}, {}};
     }
-    if (is_mp4(head) || (!name_to_go_by.empty() && is_mp4_extension(extension))) {
+    // Without this check the library would try many other formats first.
+    if (is_mp4_head(source.head()) || (!name_to_go_by.empty() && is_mp4_extension(extension))) {
       stream.show_mp4_parts();
       TagLib::MP4::File file(&stream, read_audio_properties);
       return result_of(stream, tags_of(file));
@@ -161,8 +149,19 @@ TagsRead read_tags(int fd, const std::string& name, const ReadBudget& budget) {
   return {};
 }
 
+/// The tags of a file of which only the descriptor is known.
+TagsRead read_all_tags(int fd, const std::string& name) {
+  struct stat status = {};
+  if (fstat(fd, &status) != 0) {
+    return {TagsOutcome::failed, {}, {}};
+  }
+  MediaSource source(fd, status.st_size);
+  return source.read_head() ? read_tags(source, name, large_budget)
+                            : TagsRead{TagsOutcome::failed, {}, {}};
+}
+
 std::string answer_with_tags(int fd, const std::string& name) {
-  TagsRead result = read_tags(fd, name, large_budget);
+  TagsRead result = read_all_tags(fd, name);
   leave_out_largest(result, HelperProcess::longest_answer);
   return pack_tags(result);
 }
@@ -185,10 +184,11 @@ TagsRead read_tags_in_helper(int fd, const std::string& name) {
 
 }  // namespace
 
-std::optional<std::vector<MetadataEntry>> read_embedded_tags(int fd, const std::string& name) {
-  TagsRead result = read_tags(fd, name, small_budget);
+std::optional<std::vector<MetadataEntry>> read_embedded_tags(MediaSource& source,
+                                                             const std::string& name) {
+  TagsRead result = read_tags(source, name, small_budget);
   if (result.outcome == TagsOutcome::spent) {
-    result = read_tags_in_helper(fd, name);
+    result = read_tags_in_helper(source.fd(), name);
   }
   if (result.outcome == TagsOutcome::failed) {
     return std::nullopt;

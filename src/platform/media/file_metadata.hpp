@@ -28,3 +28,10 @@ struct FileMetadata {
 /// replaces all other entries of that name. Null when the file is missing, is not a regular file or
 /// cannot be read.
 std::shared_ptr<const FileMetadata> read_file_metadata(int directory, const std::string& name);
+
+/// The same for a caller that only asks whether the file is a schedule.
+struct TypeReading {
+  bool is_no_schedule = false;  ///< the head of the file says so, and nothing else was read
+  std::shared_ptr<const FileMetadata> metadata;  ///< as above, if the head does not say so
+};
+TypeReading read_file_for_type(int directory, const std::string& name);

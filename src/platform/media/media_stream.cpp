@@ -1,14 +1,11 @@
 #include "platform/media/media_stream.hpp"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
 
 #include "platform/media/id3v2_tag.hpp"
-#include "platform/system/file.hpp"
 
 namespace {
 
@@ -17,10 +14,6 @@ constexpr size_t buffer_size = 8 * 1024;
 /// Smaller pictures are read like anything else.
 constexpr size_t shortest_picture = 4 * 1024;
 constexpr StreamOffset picture_head_size = 4;
-
-/// In bytes. Larger tags are left out if their size is known before they are read. The longest text
-/// that the helper process may return takes half of this in UTF-16.
-constexpr size_t largest_tag = 4UL * 1024 * 1024;
 
 /// Whether the bytes before a block show that the block is a picture.
 PictureKind picture_behind(std::string_view before, size_t block_size, bool is_mp4) {
@@ -42,19 +35,16 @@ PictureKind picture_behind(std::string_view before, size_t block_size, bool is_m
 
 }  // namespace
 
-MediaStream::MediaStream(int fd, std::string name, const ReadBudget& budget)
-    : fd_(fd), name_(std::move(name)), left_(budget) {
-  struct stat status = {};
-  if (fstat(fd, &status) == 0) {
-    length_ = status.st_size;
-    parts_ = {{0, length_}};
-  } else {
-    has_failed_ = true;
-  }
+MediaStream::MediaStream(MediaSource& source, std::string name, const ReadBudget& budget)
+    : source_(source),
+      name_(std::move(name)),
+      left_(budget),
+      parts_({{0, source.length()}}),
+      length_(source.length()) {
 }
 
 void MediaStream::show_mp4_parts() {
-  Mp4Parts found = find_mp4_parts(fd_, length_, left_.box_reads);
+  Mp4Parts found = find_mp4_parts(source_, left_.box_reads);
   is_mp4_ = true;
   has_failed_ = has_failed_ || found.outcome == TagsOutcome::failed;
   is_spent_ = is_spent_ || found.outcome == TagsOutcome::spent;
@@ -78,8 +68,7 @@ size_t MediaStream::read_at(char* bytes, size_t size, StreamOffset offset) {
       continue;
     }
     const size_t wanted = std::min(size - total, static_cast<size_t>(part.size - begin));
-    const std::optional<size_t> count =
-        read_fully_at(fd_, bytes + total, wanted, part.start + begin);
+    const std::optional<size_t> count = source_.read_at(bytes + total, wanted, part.start + begin);
     has_failed_ = has_failed_ || !count;
     total += count.value_or(0);
     if (count != wanted) {

@@ -20,6 +20,10 @@ using StreamStart = unsigned long;
 using StreamSize = unsigned long;
 #endif
 
+/// In bytes. Larger tags are left out if their size is known before they are read. The longest text
+/// that the helper process may return takes half of this in UTF-16.
+inline constexpr size_t largest_tag = 4UL * 1024 * 1024;
+
 /// The limits for reading the tags of one media file.
 struct ReadBudget {
   size_t bytes;     ///< without pictures
@@ -32,14 +36,14 @@ struct ReadBudget {
 /// Whether a block is a picture and, if so, whether the library accepts a shorter one.
 enum class PictureKind { none, may_be_short, must_be_whole };
 
-/// A media file as the tag library reads it, through one descriptor, which the caller still owns,
-/// and one buffer. Seeking needs no system call; the library's own stream makes about eighty calls
+/// A media file as the tag library reads it, through a source, which the caller still owns, and
+/// one buffer. Seeking needs no system call; the library's own stream makes about eighty calls
 /// for a small file. Pictures are not loaded, because nothing of them is shown: they seem empty.
 /// Writing does nothing. When its budget is spent, the file seems to end at each read.
 class MediaStream : public TagLib::IOStream {
  public:
   /// The library goes by the extension of the name or, without a name, by the content.
-  MediaStream(int fd, std::string name, const ReadBudget& budget);
+  MediaStream(MediaSource& source, std::string name, const ReadBudget& budget);
 
   /// Makes an MP4 file look as if it had only the parts with tags, and goes to its beginning.
   void show_mp4_parts();
@@ -76,7 +80,7 @@ class MediaStream : public TagLib::IOStream {
   TagLib::ByteVector read_within_file(size_t wanted);
   TagLib::ByteVector leave_out_mp4_item(size_t size);
 
-  int fd_;
+  MediaSource& source_;
   std::string name_;
   ReadBudget left_;
   std::vector<FilePart> parts_;  ///< the parts of the file that the library sees, in order

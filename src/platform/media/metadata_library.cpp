@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/media/file_metadata.hpp"
@@ -29,6 +30,7 @@ struct KnownFile {
   std::string_view path;
   std::string name;
   std::weak_ptr<const FileDescriptor> directory;
+  bool is_no_schedule = false;  ///< all that is known before it is read
   bool is_read = false;
   std::shared_ptr<const FileMetadata> metadata;  ///< null after reading: no metadata
 };
@@ -139,6 +141,16 @@ const MetadataEntry* entry_at(const MetadataSet& set, int32_t index) {
   return set.file ? &set.file->entries[position] : set.added[position].get();
 }
 
+const char* last_file_type(const FileMetadata& metadata) {
+  const char* type = nullptr;
+  for (const MetadataEntry& entry : metadata.entries) {
+    if (entry.group == no_group && entry.name == "file type") {
+      type = entry.value.c_str();
+    }
+  }
+  return type;
+}
+
 std::string_view text_of(const char* text, size_t length) {
   return length == 0 ? std::string_view(text) : std::string_view(text, length);
 }
@@ -207,6 +219,21 @@ metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4
     set->entry_count = static_cast<int32_t>(file->entries.size());
   }
   return set;
+}
+
+const char* metadata_v4_context_read_file_type(metadata_v4_context* context) {
+  const FileContext& own = *as_file_context(context);
+  KnownFile& file = *own.file;
+  if (!file.is_read && !file.is_no_schedule) {
+    TypeReading reading = read_file_for_type(own.opened->get(), file.name);
+    file.is_no_schedule = reading.is_no_schedule;
+    file.is_read = !reading.is_no_schedule;
+    file.metadata = std::move(reading.metadata);
+  }
+  if (!file.is_read) {
+    return "application/octet-stream";
+  }
+  return file.metadata ? last_file_type(*file.metadata) : nullptr;
 }
 
 const metadata_v4_entry* metadata_v4_metadata_context_read_entry(metadata_v4_metadata_context* set,

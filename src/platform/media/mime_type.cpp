@@ -5,11 +5,9 @@
 #include "platform/media/media_type_database.hpp"
 #include "platform/syntax/schedule_file.hpp"
 #include "platform/syntax/schedule_types.hpp"
-#include "platform/system/file.hpp"
 
 namespace {
 
-constexpr size_t head_size = 4 * 1024;
 constexpr size_t schedule_head_size = 64 * 1024;
 
 std::string media_type(std::string_view head) {
@@ -23,27 +21,21 @@ bool is_entry_of(const SchedulePart& part, ScheduleKey key) {
 
 }  // namespace
 
-std::optional<std::string> detect_mime_type(int fd) {
-  std::string content(head_size, '\0');
-  const std::optional<size_t> head_length = read_fully(fd, content.data(), head_size);
-  if (!head_length) {
-    return std::nullopt;
-  }
-  content.resize(*head_length);
-  if (is_transport_stream(content)) {
+std::optional<std::string> detect_mime_type(const MediaSource& source) {
+  const std::string& head = source.head();
+  if (is_transport_stream(head)) {
     return "video/mp2t";
   }
-  const std::string head = content;
   // A schedule has no NUL bytes, so for most media the head is enough.
-  if (content.find('\0') == std::string::npos) {
-    if (content.size() == head_size) {
+  if (head.find('\0') == std::string::npos) {
+    std::string content = head;
+    if (head.size() == MediaSource::page_size) {
       content.resize(schedule_head_size);
-      const std::optional<size_t> length =
-          read_fully(fd, content.data() + head_size, schedule_head_size - head_size);
+      const std::optional<size_t> length = source.read_at(content.data(), content.size(), 0);
       if (!length) {
         return std::nullopt;
       }
-      content.resize(head_size + *length);
+      content.resize(*length);
     }
     const std::string_view schedule = sniff_schedule(content);
     if (!schedule.empty()) {

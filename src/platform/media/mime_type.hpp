@@ -4,10 +4,12 @@
 #include <string>
 #include <string_view>
 
-/// The MIME type of an open regular file, by its content. Schedule files and MPEG transport streams
+#include "platform/media/media_source.hpp"
+
+/// The MIME type of a file, by its content. Schedule files and MPEG transport streams
 /// are recognised here. For other files the first 4 KiB decide (media_type_database.hpp). Nothing
 /// when the file cannot be read.
-std::optional<std::string> detect_mime_type(int fd);
+std::optional<std::string> detect_mime_type(const MediaSource& source);
 
 /// The MIME type of a schedule file, from the first 64 KiB of its content. Empty when the content
 /// is not a schedule. A type line before the first section decides; otherwise the first defaults

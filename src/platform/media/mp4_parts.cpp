@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
-
-#include "platform/system/file.hpp"
 
 namespace {
 
@@ -17,7 +14,7 @@ constexpr size_t name_place = 4;
 /// Reads heads of boxes in ascending order. Heads that are close together are read together.
 class HeadReader {
  public:
-  HeadReader(int fd, size_t reads) : fd_(fd), reads_left_(reads) {}
+  HeadReader(MediaSource& source, size_t reads) : source_(source), reads_left_(reads) {}
 
   /// Up to 16 bytes at `place`, fewer at the end of the file. Nothing on failure; see outcome().
   std::optional<std::string_view> head_at(long place) {
@@ -25,7 +22,7 @@ class HeadReader {
     if (place + static_cast<long>(long_head) > end && !fill(place)) {
       return std::nullopt;
     }
-    return std::string_view(bytes_).substr(static_cast<size_t>(place - start_), long_head);
+    return bytes_.substr(static_cast<size_t>(place - start_), long_head);
   }
 
   /// `read`, or the reason why it cannot read on.
@@ -33,23 +30,21 @@ class HeadReader {
 
  private:
   bool fill(long place) {
-    constexpr size_t page = 4096;  // as fast to read as a head
     if (reads_left_ == 0) {
       outcome_ = TagsOutcome::spent;
       return false;
     }
     --reads_left_;
-    bytes_.resize(page);
+    const std::optional<std::string_view> page = source_.page_at(place);  // as fast as a head
+    outcome_ = page ? outcome_ : TagsOutcome::failed;
+    bytes_ = page.value_or(std::string_view());
     start_ = place;
-    const std::optional<size_t> count = read_fully_at(fd_, bytes_.data(), bytes_.size(), place);
-    outcome_ = count ? outcome_ : TagsOutcome::failed;
-    bytes_.resize(count.value_or(0));
-    return count.has_value();
+    return page.has_value();
   }
 
-  int fd_;
+  MediaSource& source_;
   size_t reads_left_;
-  std::string bytes_;
+  std::string_view bytes_;
   long start_ = 0;
   TagsOutcome outcome_ = TagsOutcome::read;
 };
@@ -80,9 +75,10 @@ long box_size(std::string_view head, long left) {
 
 }  // namespace
 
-Mp4Parts find_mp4_parts(int fd, long length, size_t reads) {
+Mp4Parts find_mp4_parts(MediaSource& source, size_t reads) {
+  const long length = source.length();
   Mp4Parts found;
-  HeadReader reader(fd, reads);
+  HeadReader reader(source, reads);
   long size = 0;
   for (long place = 0; place < length; place += size) {
     const std::optional<std::string_view> head = reader.head_at(place);
@@ -103,6 +99,33 @@ Mp4Parts find_mp4_parts(int fd, long length, size_t reads) {
     }
   }
   return found;
+}
+
+bool mp4_tags_end_within(const MediaSource& source, long most_bytes) {
+  const std::string_view head = source.head();
+  long size = 0;
+  for (long place = 0; place < source.length(); place += size) {
+    const long left = source.length() - place;
+    if (left <= most_bytes) {
+      return true;
+    }
+    if (place + static_cast<long>(long_head) > static_cast<long>(head.size())) {
+      return false;
+    }
+    const std::string_view box = head.substr(static_cast<size_t>(place), long_head);
+    size = box_size(box, left);
+    if (size == 0) {
+      return true;  // nothing is looked for behind it
+    }
+    if (box.substr(name_place).starts_with("moov")) {
+      return size <= most_bytes;
+    }
+  }
+  return true;
+}
+
+bool is_mp4_head(std::string_view head) {
+  return head.substr(std::min(head.size(), name_place)).starts_with("ftyp");
 }
 
 void make_mp4_texts_whole(char* block, size_t size) {

@@ -95,11 +95,11 @@ class SidecarLines {
 
 }  // namespace
 
-FileMetadata read_sidecar(int directory, const std::string& media_name) {
+std::optional<FileMetadata> read_sidecar(int directory, const std::string& media_name) {
   const std::string name = media_name + std::string(sidecar_suffix);
   const FileDescriptor file = open_optional_file(directory, name.c_str());
   if (!file.is_open()) {
-    return {};
+    return std::nullopt;
   }
   const std::string content = read_beginning(file.get());
   const bool is_too_large = content.size() > largest_sidecar;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,7 +10,7 @@
 inline constexpr std::string_view sidecar_suffix = ".metadata";
 
 /// The entries of a media file's sidecar, `NAME.metadata` beside it. It has lines "name = value",
-/// comments with "#", "[group]" before the entries of a group and "[]" after them. Empty when there
-/// is no such regular file or it cannot be read to its end. If it has more than 16 MiB or 500,000
-/// entries and groups, only the lines before that count, with a warning.
-FileMetadata read_sidecar(int directory, const std::string& media_name);
+/// comments with "#", "[group]" before the entries of a group and "[]" after them. Nothing when
+/// there is no such regular file. Empty when it cannot be read to its end. If it has more than 16
+/// MiB or 500,000 entries and groups, only the lines before that count, with a warning.
+std::optional<FileMetadata> read_sidecar(int directory, const std::string& media_name);

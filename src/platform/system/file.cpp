@@ -37,6 +37,20 @@ std::optional<size_t> read_until_full(size_t size, Read read) {
   return total;
 }
 
+/// Opens what is a regular file at this moment. `status` gets what was seen of it before.
+FileDescriptor open_if_regular(int directory, const char* path, Links links, struct stat& status) {
+  const bool follows = links == Links::followed;
+  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0) {
+    return FileDescriptor();
+  }
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
+    return FileDescriptor();
+  }
+  constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  return FileDescriptor(::openat(directory, path, follows ? flags : flags | O_NOFOLLOW));
+}
+
 }  // namespace
 
 int FileDescriptor::release() {
@@ -62,17 +76,8 @@ FileState look_at(const std::string& path) {
 }
 
 FileDescriptor open_regular_file(int directory, const char* path, Links links) {
-  const bool follows = links == Links::followed;
   struct stat status = {};
-  if (fstatat(directory, path, &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) != 0) {
-    return FileDescriptor();
-  }
-  if (!S_ISREG(status.st_mode)) {
-    errno = EINVAL;
-    return FileDescriptor();
-  }
-  constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-  FileDescriptor file(::openat(directory, path, follows ? flags : flags | O_NOFOLLOW));
+  FileDescriptor file = open_if_regular(directory, path, links, status);
   // The file may have been replaced since.
   if (file.is_open() && (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) {
     file.reset();
@@ -87,6 +92,16 @@ FileDescriptor open_optional_file(int directory, const char* path) {
     fail_run_for_shortage("Unable to open %s: %s", path);
   }
   return file;
+}
+
+SizedFile open_optional_sized_file(int directory, const char* path) {
+  struct stat status = {};
+  SizedFile opened{open_if_regular(directory, path, Links::followed, status), 0};
+  if (!opened.file.is_open()) {
+    fail_run_for_shortage("Unable to open %s: %s", path);
+  }
+  opened.size = status.st_size;
+  return opened;
 }
 
 std::optional<size_t> read_some(int fd, char* bytes, size_t size) {

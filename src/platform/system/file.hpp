@@ -42,6 +42,16 @@ FileDescriptor open_regular_file(int directory, const char* path, Links links = 
 /// opening the file, the run fails (messages.hpp).
 FileDescriptor open_optional_file(int directory, const char* path);
 
+/// A file and the number of bytes that it had when it was looked at.
+struct SizedFile {
+  FileDescriptor file;
+  long size = 0;
+};
+
+/// The same for a file that is read by offsets only. It is looked at once, before it is opened: if
+/// something else has taken its place since, reading by offsets fails, or takes nothing away.
+SizedFile open_optional_sized_file(int directory, const char* path);
+
 // All functions below continue after an interruption. On failure they set errno.
 
 /// Reads once. Returns the number of bytes, 0 at the end of the file, or nothing on an error.

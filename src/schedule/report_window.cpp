@@ -1,4 +1,4 @@
-#include "driver/run_steps.hpp"
+#include "schedule/report_window.hpp"
 
 #include <algorithm>
 
