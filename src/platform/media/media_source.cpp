@@ -3,7 +3,6 @@
 #include <fcntl.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/system/file.hpp"
 
@@ -15,9 +14,7 @@ size_t copy_kept(const std::string& kept, long start, char* bytes, size_t size, 
   if (place < 0 || place >= static_cast<long>(kept.size())) {
     return 0;
   }
-  const size_t count = std::min(size, kept.size() - static_cast<size_t>(place));
-  std::memcpy(bytes, kept.data() + place, count);
-  return count;
+  return kept.copy(bytes, size, static_cast<size_t>(place));
 }
 
 }  // namespace
