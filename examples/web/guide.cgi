@@ -1,6 +1,6 @@
 #!/bin/sh
 # Prints a channel's programme guide for a web server: the page, or ?format=xml, json, rovi or
-# gracenote. The request chooses one of these five and nothing else. Of the web server's command
+# gracenote. The request chooses one of these and nothing else. Of the web server's command
 # line ("$@") and environment nothing reaches the program.
 
 program=/usr/bin/nv8x_schedule_to_xml
