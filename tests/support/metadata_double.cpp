@@ -5,7 +5,7 @@
 //   entry NAME VALUE GROUP                                the next entry; "-" is absent or no group
 //   absent                                                the next entry cannot be read
 //   file PATH                                             only this file has the entries below
-//   hang                                                   no file is ever read to its end
+//   hang                                                  no file is ever read to its end
 //
 // "_" in a name or value stands for a blank, "''" for an empty text.
 
