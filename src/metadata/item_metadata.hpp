@@ -56,25 +56,35 @@ class MetadataPerFile {
 
   /// Valid until the next call.
   const Made& of(const ScheduleItem& item) {
-    const bool is_from_file = !item.is_block && item.metadata.empty();
-    if (is_from_file) {
-      const auto known = files_.find(item.item);
-      if (known != files_.end()) {
-        return known->second;
-      }
+    if (const Made* known = remembered(item)) {
+      return *known;
     }
     const OpenedMetadata opened = open_item_metadata(item);
     own_ = make_(item.item, opened.set);
-    if (is_from_file && files_.size() < most_files && text_length(opened.set) <= longest_text) {
+    if (is_from_file(item) && files_.size() < most_files &&
+        text_length(opened.set) <= longest_text) {
       return files_.emplace(item.item, own_).first->second;
     }
     return own_;
+  }
+
+  /// What is remembered for the item's file, as long as this object lives; null if nothing is.
+  const Made* remembered(const ScheduleItem& item) const {
+    if (!is_from_file(item)) {
+      return nullptr;
+    }
+    const auto known = files_.find(item.item);
+    return known != files_.end() ? &known->second : nullptr;
   }
 
  private:
   // These keep the memory within a few megabytes.
   static constexpr size_t most_files = 4096;
   static constexpr size_t longest_text = 2048;
+
+  static bool is_from_file(const ScheduleItem& item) {
+    return !item.is_block && item.metadata.empty();
+  }
 
   static size_t text_length(const MetadataSet& set) {
     size_t length = 0;

@@ -16,8 +16,8 @@ void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end);
 void print_to_html(Schedule& schedule, time_t window_start, time_t window_end);
 
 /// Prints the items that start in the report window (calendar time), announced or not, as one JSON
-/// object (RFC 8259) on one line. The document is printed only when it is complete. A metadata
-/// entry without a name or a value ends the process by an uncaught exception.
+/// object (RFC 8259) on one line. A metadata entry without a name or a value ends the process by an
+/// uncaught exception, before anything is printed.
 void print_to_json(Schedule& schedule, time_t window_start, time_t window_end);
 
 /// A calendar time as a JSON object with its local text (ISO 8601, empty without a local date) and

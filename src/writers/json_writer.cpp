@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <deque>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -98,17 +99,59 @@ ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
   return texts;
 }
 
+struct GatheredItem {
+  int32_t announce = 0;
+  std::string_view object;  ///< the metadata, see ItemTexts
+};
+
+/// The metadata of all items that are printed. It is read before anything is printed, because it
+/// may end the run, and it is read once.
+class GatheredTexts {
+ public:
+  void gather(const ScheduleItem& item) {
+    if (per_file_.remembered(item) != nullptr) {
+      return;
+    }
+    const ItemTexts& texts = per_file_.of(item);
+    if (per_file_.remembered(item) == nullptr) {
+      own_.push_back({item.start, derive_announce(texts.metadata, item), texts.object});
+    }
+  }
+
+  /// Of an item that was gathered. The items must come in the order in which they were gathered.
+  GatheredItem next(const ScheduleItem& item) {
+    if (next_own_ < own_.size() && own_[next_own_].start == item.start) {
+      const OwnTexts& own = own_[next_own_++];
+      return {own.announce, own.object};
+    }
+    const ItemTexts& texts = *per_file_.remembered(item);
+    return {derive_announce(texts.metadata, item), texts.object};
+  }
+
+ private:
+  /// Of an item whose texts are not remembered with its file.
+  struct OwnTexts {
+    uint64_t start;
+    int32_t announce;
+    std::string object;
+  };
+
+  MetadataPerFile<ItemTexts> per_file_{texts_of};
+  std::deque<OwnTexts> own_;
+  size_t next_own_ = 0;
+};
+
 void append_item(std::string& out, UnitClock& clock, const ScheduleItem& item, time_t start,
-                 const ItemTexts& texts) {
+                 const GatheredItem& gathered) {
   const std::string_view path = item.item;
   append(out, "{\"announce\": ");
-  append_signed(out, derive_announce(texts.metadata, item));
+  append_signed(out, gathered.announce);
   append(out, ", \"default\": ", item.is_default ? "true" : "false", ", \"end_unix\": ");
   const time_t end = clock.time_of(item.end);
   append_json_time(out, end, clock.breakdown(end));
   append(out, ", \"label\": ");
   append_json_string(out, item.label);
-  append(out, ", \"metadata\": ", texts.object, ", \"name\": ");
+  append(out, ", \"metadata\": ", gathered.object, ", \"name\": ");
   append_json_string(out, file_name_of(path));
   append(out, ", \"opath\": ");
   append_json_string(out, path.substr(std::min(mount_point_length, path.size())));
@@ -127,16 +170,20 @@ std::string json_time(time_t t) {
 }
 
 void print_to_json(Schedule& schedule, time_t window_start, time_t window_end) {
-  std::string out;
   UnitClock clock(schedule);
+  GatheredTexts texts;
+  walk_items(schedule, clock, window_start, window_end,
+             [&](const ScheduleItem& item, time_t) { texts.gather(item); });
+
+  std::string out;
   append(out, "{\"end_unix\": ", json_time(window_end), ", \"items\": [");
-  MetadataPerFile<ItemTexts> texts_per_file(texts_of);
   const char* separator = "";
   walk_items(schedule, clock, window_start, window_end,
              [&](const ScheduleItem& item, time_t start) {
                append(out, separator);
-               append_item(out, clock, item, start, texts_per_file.of(item));
+               append_item(out, clock, item, start, texts.next(item));
                separator = ", ";
+               write_output_when_large(out);
              });
   append(out, "], \"reporttime\": ");
   append_report_time(out);

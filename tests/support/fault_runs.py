@@ -30,7 +30,7 @@ class FaultRuns:
         self.program = program
         self.preload = preload
         self.environment = {**environment,
-                            'ASAN_OPTIONS': 'detect_leaks=0:verify_asan_link_order=0'}
+                            'ASAN_OPTIONS': 'detect_leaks=0:verify_asan_link_order=0:malloc_context_size=1'}
         with open(program, 'rb') as file:
             # An allocation that fails under the address sanitizer ends in its own report.
             self.can_fail_malloc = b'__asan_init' not in file.read()
@@ -110,14 +110,16 @@ class FaultRuns:
 
 def leaves_processes(session):
     """Whether any process of the session goes on, with a moment's grace; it is ended then."""
-    for _ in range(40):
+    pause = 0.001
+    while pause < 2:
         try:
             os.killpg(session, 0)
         except ProcessLookupError:
             return False
+        time.sleep(pause)
         if not has_living_process(session):
             return False  # the system has still to take the dead away
-        time.sleep(0.05)
+        pause *= 2
     os.killpg(session, signal.SIGKILL)
     return True
 

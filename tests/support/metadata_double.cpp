@@ -4,6 +4,7 @@
 //   group NAME                                            the next group
 //   entry NAME VALUE GROUP                                the next entry; "-" is absent or no group
 //   absent                                                the next entry cannot be read
+//   file PATH                                             only this file has the entries below
 //   hang                                                  no file is ever read to its end
 //
 // "_" in a name or value stands for a blank, "''" for an empty text.
@@ -26,6 +27,7 @@ struct Entry {
   std::optional<std::string> name;
   std::optional<std::string> value;
   int32_t group = -1;
+  std::string path = {};  ///< of the only file that has it; empty: all files have it
 };
 
 struct Script {
@@ -33,6 +35,10 @@ struct Script {
   std::set<std::string> failing;
   std::vector<std::string> groups;
   std::vector<Entry> entries;
+};
+
+struct Context : metadata_v4_context {
+  std::string path;
 };
 
 struct Set : metadata_v4_metadata_context {
@@ -57,6 +63,7 @@ Script read_script() {
   Script result;
   std::ifstream file("metadata-double");
   std::string line;
+  std::string path;
   while (std::getline(file, line)) {
     std::istringstream words(line);
     std::string what;
@@ -70,11 +77,13 @@ Script read_script() {
       result.groups.push_back(first);
     } else if (what == "entry") {
       result.entries.push_back(
-          {false, text_of(first), text_of(second), group == "-" ? -1 : std::stoi(group)});
+          {false, text_of(first), text_of(second), group == "-" ? -1 : std::stoi(group), path});
     } else if (what == "hang") {
       result.hangs = true;
     } else if (what == "absent") {
-      result.entries.push_back({true, {}, {}, -1});
+      result.entries.push_back({true, {}, {}, -1, path});
+    } else if (what == "file") {
+      path = first;
     }
   }
   return result;
@@ -96,17 +105,17 @@ const char* c_string(const std::optional<std::string>& text) {
 }  // namespace
 
 metadata_v4_context* metadata_v4_context_create() {
-  return fails("create-context") ? nullptr
-                                 : new metadata_v4_context{METADATA_V4_READ_WHILE_BINDING, -1};
+  return fails("create-context") ? nullptr : new Context{{METADATA_V4_READ_WHILE_BINDING, -1}, {}};
 }
 
-int metadata_v4_context_set_file_location(metadata_v4_context* context, const char* /*path*/) {
+int metadata_v4_context_set_file_location(metadata_v4_context* context, const char* path) {
+  static_cast<Context*>(context)->path = path;
   // The program promises to clear the bit before it binds.
   return fails("bind") || (context->options & METADATA_V4_READ_WHILE_BINDING) != 0 ? 1 : 0;
 }
 
 metadata_v4_context* metadata_v4_context_destroy(metadata_v4_context* context) {
-  delete context;
+  delete static_cast<Context*>(context);
   return nullptr;
 }
 
@@ -136,7 +145,11 @@ metadata_v4_metadata_context* metadata_v4_metadata_context_from_file(metadata_v4
     pause();
   }
   auto* set = new Set();
-  set->entries = script().entries;
+  for (const Entry& entry : script().entries) {
+    if (entry.path.empty() || entry.path == static_cast<Context*>(context)->path) {
+      set->entries.push_back(entry);
+    }
+  }
   set->entry_count = static_cast<int32_t>(set->entries.size());
   return set;
 }

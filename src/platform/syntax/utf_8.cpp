@@ -3,13 +3,12 @@
 #include <array>
 #include <cstddef>
 
-std::optional<uint32_t> take_utf_8(std::string_view& text) {
+std::optional<uint32_t> take_long_utf_8(std::string_view& text) {
   const auto byte = [&](size_t i) {
     return static_cast<uint32_t>(static_cast<unsigned char>(i < text.size() ? text[i] : 0));
   };
   const uint32_t first = byte(0);
-  const size_t length = first < 0x80    ? 1
-                        : first < 0xc2  ? 0
+  const size_t length = first < 0xc2    ? 0
                         : first < 0xe0  ? 2
                         : first < 0xf0  ? 3
                         : first <= 0xf4 ? 4
@@ -17,7 +16,7 @@ std::optional<uint32_t> take_utf_8(std::string_view& text) {
   if (length == 0) {
     return std::nullopt;
   }
-  uint32_t c = length == 1 ? first : first & (0xffU >> (length + 1));
+  uint32_t c = first & (0xffU >> (length + 1));
   for (size_t i = 1; i < length; ++i) {
     if ((byte(i) & 0xc0U) != 0x80) {
       return std::nullopt;
