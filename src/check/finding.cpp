@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "check/table_finding.hpp"
 #include "platform/syntax/json_text.hpp"
 #include "platform/syntax/utf_8.hpp"
 
@@ -147,7 +148,8 @@ std::span<const FindingInfo> finding_infos() {
 }
 
 const FindingInfo& info_of(FindingKind kind) {
-  return infos.at(static_cast<size_t>(kind));
+  const auto place = static_cast<size_t>(kind);
+  return place < infos.size() ? infos.at(place) : table_finding_infos()[place - infos.size()];
 }
 
 void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes) {

@@ -71,6 +71,22 @@ enum class FindingKind {
   markup,
   control_character,
   unknown_zone,
+  // Of tables (table_finding.hpp).
+  no_header,
+  repeated_column,
+  unused_column,
+  unused_cell,
+  bad_quotes,
+  bad_encoding,
+  unknown_kind,
+  bad_day,
+  ambiguous,
+  bad_duration,
+  no_end,
+  line_break,
+  too_many_items,
+  other_value,
+  kept_sidecar,
 };
 
 struct FindingInfo {

@@ -30,23 +30,29 @@ void check_content(ScheduleSource source, const CheckOptions& options, FileFindi
 
 bool check_schedule_file(const std::string& file, const CheckOptions& options,
                          FileFindings& found) {
-  found = {.file = file};
   Finding failure{};
   std::optional<ScheduleSource> source = read_schedule_source(file, failure);
   if (!source) {
-    found.findings.push_back(std::move(failure));
+    found = {file, {std::move(failure)}};
     return false;
   }
+  check_schedule_source(*std::move(source), options, found);
+  found.file = file;
+  return true;
+}
+
+void check_schedule_source(ScheduleSource source, const CheckOptions& options,
+                           FileFindings& found) {
+  found = {.file = source.path};
   // The passes print nothing: the findings say the same, with lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   arm_watchdog();  // not earlier: standard input may take its time
-  check_bytes(source->content, found);
-  if (!is_hopeless(source->content)) {
-    check_content(*std::move(source), options, found);
+  check_bytes(source.content, found);
+  if (!is_hopeless(source.content)) {
+    check_content(std::move(source), options, found);
   }
   cancel_watchdog();
   sort_findings(found);
-  return true;
 }
 
 void check_zone(FileFindings& found) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "check/finding.hpp"
+#include "check/schedule_source.hpp"
 
 struct CheckOptions {
   bool media = true;       ///< look at the media files too
@@ -23,3 +24,7 @@ void check_zone(FileFindings& found);
 /// or the file cannot be read; `error` says why.
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
                                           const CheckOptions& options, std::string& error);
+
+/// The same for a schedule that was read before, or made. Its findings are in `found` under its
+/// path.
+void check_schedule_source(ScheduleSource source, const CheckOptions& options, FileFindings& found);

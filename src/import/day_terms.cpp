@@ -1,0 +1,365 @@
+#include "import/day_terms.hpp"
+
+#include <algorithm>
+
+#include "check/finding.hpp"
+#include "import/folded_word.hpp"
+#include "platform/syntax/text.hpp"
+#include "platform/time/written_time.hpp"
+
+namespace {
+
+bool is_word_byte(char c) {
+  return (c >= 'a' && c <= 'z') || c == '\'' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+/// Goes through the text of a cell. The functions remove what they recognise from its front.
+/// Otherwise they leave it unchanged.
+class DayParser {
+ public:
+  DayParser(std::string_view text, std::optional<DateOrder> order, std::string& problem)
+      : text_(text), rest_(text), order_(order), problem_(problem) {}
+
+  std::optional<std::vector<DayTerm>> parse() {
+    skip_separators();
+    while (!rest_.empty()) {
+      if (!take_term()) {
+        if (problem_.empty()) {
+          problem_ = quoted(rest_) + " is not understood";
+        }
+        return std::nullopt;
+      }
+      skip_separators();
+    }
+    return std::move(terms_);
+  }
+
+ private:
+  /// A term, and the range that it may begin.
+  bool take_term() {
+    DayTerm term;
+    if (!take_days(term)) {
+      return false;
+    }
+    const std::string_view before = rest_;
+    DayTerm end;
+    if (take_range_sign() && term.ordinal == 0 && take_days(end) && join(term, end)) {
+      terms_.push_back(term);
+      return true;
+    }
+    if (before != rest_ && problem_.empty()) {
+      problem_ = quoted(text_) + " is no range of days";
+    }
+    if (!problem_.empty()) {
+      return false;
+    }
+    give_ordinals_their_weekday(term);
+    terms_.push_back(term);
+    return true;
+  }
+
+  /// Makes one range of both.
+  static bool join(DayTerm& term, const DayTerm& end) {
+    if (end.ordinal != 0 || (term.weekdays == 0) != (end.weekdays == 0)) {
+      return false;
+    }
+    if (term.weekdays == 0) {
+      const bool takes_rest = !term.first.month && end.first.month;  // "5 to 9 March"
+      if (takes_rest) {
+        term.first.month = end.first.month;
+      }
+      if (!term.first.year) {
+        term.first.year = end.first.year;
+      }
+      term.last = end.last;
+      return true;
+    }
+    const auto is_one_day = [](WeekdaySet days) { return (days & (days - 1)) == 0; };
+    if (!is_one_day(term.weekdays) || !is_one_day(end.weekdays)) {
+      return false;
+    }
+    for (WeekdaySet day = term.weekdays; day != end.weekdays;) {
+      day = day == 0x40 ? 1 : day << 1U;
+      term.weekdays |= day;
+    }
+    return true;
+  }
+
+  /// "1st and 3rd Tue": the first number is not a day of the month.
+  void give_ordinals_their_weekday(const DayTerm& term) {
+    if (term.ordinal > 0) {
+      for (size_t i = terms_.size(); i > 0 && i > terms_.size() - open_ordinals_; --i) {
+        DayTerm& earlier = terms_[i - 1];
+        earlier.ordinal = earlier.first.day;
+        earlier.weekdays = term.weekdays;
+      }
+    }
+    open_ordinals_ = is_ordinal_number_ ? open_ordinals_ + 1 : 0;
+  }
+
+  bool take_days(DayTerm& term) {
+    is_ordinal_number_ = false;
+    return take_key_form(term) || take_group(term) || take_ordinal_weekday(term) ||
+           take_written_date(term) || take_number(term) || take_weekday(term);
+  }
+
+  /// "m3d5", "y2026m3d5", "dom5", "day 5", as in schedule files.
+  bool take_key_form(DayTerm& term) {
+    const std::string_view word = rest_.substr(0, count_letters(rest_));
+    const std::string_view behind = rest_.substr(word.size());
+    const bool has_number = !skip_blanks(behind).empty() && is_digit(skip_blanks(behind).front());
+    const bool is_key = is_listed_word(word, "y,m,d,dom,day,tag,jour,dia") && has_number;
+    if (!is_key) {
+      return false;
+    }
+    std::string key(word.size() > 1 ? "d" + std::string(skip_blanks(behind)) : std::string(rest_));
+    TimeText tail = key;
+    const std::optional<WrittenDate> date = take_date(tail);
+    if (!date || !in_range(*date) || !date->day) {
+      return false;
+    }
+    rest_ = rest_.substr(rest_.size() - tail.size());
+    set_date(term, {date->year, date->month, *date->day});
+    return true;
+  }
+
+  /// "daily", "every day", "am Wochenende".
+  bool take_group(DayTerm& term) {
+    for (size_t end = rest_.size(); end > 0; end = rest_.find_last_of(" ,;/+&", end - 1)) {
+      const auto days = find_weekday_group(folded_word(rest_.substr(0, end)));
+      if (days) {
+        term.weekdays = *days;
+        rest_.remove_prefix(end);
+        return true;
+      }
+      if (rest_.find_last_of(" ,;/+&", end - 1) == std::string_view::npos) {
+        break;
+      }
+    }
+    return false;
+  }
+
+  /// "1st Tue", "1. Dienstag", "last Fri".
+  bool take_ordinal_weekday(DayTerm& term) {
+    const std::string_view before = rest_;
+    std::optional<int> ordinal = take_ordinal_number();
+    if (!ordinal) {
+      ordinal = find_ordinal_word(take_word());
+    }
+    skip_blanks_here();
+    if (ordinal && *ordinal <= 5 && take_weekday(term)) {
+      term.ordinal = *ordinal;
+      return true;
+    }
+    rest_ = before;
+    return false;
+  }
+
+  /// "1st", "1er", "1."; no other number.
+  std::optional<int> take_ordinal_number() {
+    const size_t digits = count_digits(rest_);
+    if (digits == 0 || digits > 2) {
+      return std::nullopt;
+    }
+    const int number = std::atoi(std::string(rest_.substr(0, digits)).c_str());
+    std::string_view behind = rest_.substr(digits);
+    const std::string_view ending = behind.substr(0, count_word(behind));
+    if (is_ordinal_ending(ending)) {
+      behind.remove_prefix(ending.size());
+    } else if (!behind.starts_with('.') || (behind.size() > 1 && is_digit(behind[1]))) {
+      return std::nullopt;
+    } else {
+      behind.remove_prefix(1);
+    }
+    rest_ = behind;
+    return number;
+  }
+
+  /// A date whose month is a word: "5 March 2026", "March 5, 2026", "5. März", "05-Mar-26".
+  bool take_written_date(DayTerm& term) {
+    const std::string_view before = rest_;
+    std::optional<int> month = find_month_word(take_word());
+    std::optional<int> day;
+    if (month) {
+      skip_date_gap();
+      day = take_day_number();
+    } else {
+      rest_ = before;
+      day = take_day_number();
+      skip_date_gap();
+      month = find_month_word(take_word());
+      take_sign('.');
+    }
+    if (!month || !day || *day < 1 || *day > 31) {
+      rest_ = before;
+      return false;
+    }
+    set_date(term, {take_year(), month, *day});
+    return true;
+  }
+
+  /// "5", "5th", "5."; nothing when it is a part of a longer number.
+  std::optional<int> take_day_number() {
+    const std::string_view before = rest_;
+    if (const std::optional<int> number = take_ordinal_number()) {
+      return number;
+    }
+    const size_t digits = count_digits(rest_);
+    const std::string text(rest_.substr(0, digits));
+    rest_.remove_prefix(digits);
+    const bool goes_on =
+        rest_.size() > 1 && is_digit(rest_[1]) && rest_.front() != ' ' && rest_.front() != ',';
+    if (digits == 0 || digits > 2 || goes_on) {
+      rest_ = before;
+      return std::nullopt;
+    }
+    return std::atoi(text.c_str());
+  }
+
+  /// Behind day and month: "2026", ", 2026", "-26".
+  std::optional<int> take_year() {
+    const std::string_view before = rest_;
+    const bool has_dash = take_sign('-');
+    take_sign(',');
+    skip_date_gap();
+    const size_t digits = count_digits(rest_);
+    const int number = std::atoi(std::string(rest_.substr(0, digits)).c_str());
+    if (digits == 4 || (digits == 2 && has_dash)) {
+      rest_.remove_prefix(digits);
+      return digits == 4 ? number : 2000 + number;
+    }
+    rest_ = before;
+    return std::nullopt;
+  }
+
+  /// Dates in figures, and a range without blanks around its dash.
+  bool take_number(DayTerm& term) {
+    const std::string_view before = rest_;
+    if (const std::optional<int> number = take_ordinal_number()) {
+      is_ordinal_number_ = *number <= 5;
+      set_date(term, {std::nullopt, std::nullopt, *number});
+      return *number >= 1 && *number <= 31;
+    }
+    rest_ = before;
+    size_t length = std::min(rest_.find_first_not_of("0123456789./-"), rest_.size());
+    while (length > 0 && (rest_[length - 1] == '-' || rest_[length - 1] == '/')) {
+      --length;
+    }
+    std::string_view chunk = rest_.substr(0, length);
+    const size_t dash = chunk.find('-');
+    const bool is_range =
+        dash != std::string_view::npos &&
+        (chunk.find_first_of("./") != std::string_view::npos ||
+         (!order_ && chunk.find('-', dash + 1) == std::string_view::npos && dash <= 2));
+    if (is_range) {
+      chunk = chunk.substr(0, dash);
+    }
+    const auto date = read_numeric_date(chunk, order_, problem_);
+    if (!date) {
+      return false;
+    }
+    rest_.remove_prefix(chunk.size());
+    set_date(term, *date);
+    return true;
+  }
+
+  bool take_weekday(DayTerm& term) {
+    const std::string_view before = rest_;
+    const auto weekday = find_weekday_word(take_word());
+    if (!weekday) {
+      rest_ = before;
+      return false;
+    }
+    take_sign('.');
+    term.weekdays = 1U << static_cast<unsigned>(*weekday);
+    return true;
+  }
+
+  static void set_date(DayTerm& term, const CellDate& date) {
+    term.weekdays = 0;
+    term.first = term.last = date;
+  }
+
+  bool take_range_sign() {
+    const std::string_view before = rest_;
+    skip_blanks_here();
+    if (take_sign('-') || is_range_word(take_word())) {
+      skip_blanks_here();
+      return true;
+    }
+    rest_ = before;
+    return false;
+  }
+
+  std::string_view take_word() {
+    const std::string_view word = rest_.substr(0, count_word(rest_));
+    rest_.remove_prefix(word.size());
+    return word;
+  }
+
+  bool take_sign(char sign) {
+    const bool is_there = rest_.starts_with(sign);
+    rest_.remove_prefix(is_there ? 1 : 0);
+    return is_there;
+  }
+
+  void skip_blanks_here() { rest_ = skip_blanks(rest_); }
+
+  /// Blanks, dashes and words without a meaning inside a date.
+  void skip_date_gap() {
+    while (true) {
+      const std::string_view before = rest_;
+      skip_blanks_here();
+      take_sign('-');
+      take_sign('.');
+      const std::string_view at_word = rest_;
+      if (!is_date_filler(take_word())) {
+        rest_ = at_word;
+      }
+      if (rest_ == before) {
+        return;
+      }
+    }
+  }
+
+  void skip_separators() {
+    while (true) {
+      rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t,;/+&"), rest_.size()));
+      const std::string_view before = rest_;
+      const std::string_view word = take_word();
+      const bool is_key = !rest_.empty() && is_digit(rest_.front());  // "y2026m3d5"
+      if (is_key || (!is_list_word(word) && !is_ignored(before))) {
+        rest_ = before;
+        return;
+      }
+    }
+  }
+
+  /// "on", "le", "the" before a day.
+  static bool is_ignored(std::string_view text) {
+    const std::string_view word = text.substr(0, count_word(text));
+    return is_listed_word(word, "on,am,the,le,el,los,les");
+  }
+
+  static size_t count_word(std::string_view text) {
+    return static_cast<size_t>(std::ranges::find_if_not(text, is_word_byte) - text.begin());
+  }
+
+  std::string_view text_;
+  std::string_view rest_;
+  std::optional<DateOrder> order_;
+  std::string& problem_;
+  std::vector<DayTerm> terms_;
+  size_t open_ordinals_ = 0;  ///< of the last terms, which are numbers such as "1st"
+  bool is_ordinal_number_ = false;
+};
+
+}  // namespace
+
+std::optional<std::vector<DayTerm>> read_day_terms(std::string_view text,
+                                                   std::optional<DateOrder> order,
+                                                   std::string& problem) {
+  problem.clear();
+  const std::string folded = folded_letters(strip_blanks(text));
+  return DayParser(folded, order, problem).parse();
+}

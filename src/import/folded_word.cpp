@@ -1,0 +1,76 @@
+#include "import/folded_word.hpp"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "platform/syntax/text.hpp"
+#include "platform/syntax/utf_8.hpp"
+
+namespace {
+
+// For U+00C0 to U+00DE; the lower-case letters are 0x20 above. A blank: the letter stays.
+constexpr std::string_view plain_letters = "aaaaaaaceeeeiiii nooooo ouuuuy ";
+
+constexpr uint32_t first_accented = 0xc0;
+constexpr uint32_t first_accented_lower = 0xe0;
+constexpr uint32_t sharp_s = 0xdf;
+
+void append_folded(std::string& out, uint32_t c) {
+  const uint32_t upper = c >= first_accented_lower ? c - 0x20 : c;
+  if (c == sharp_s) {
+    out += "ss";
+  } else if (c == 0xa0 || c == 0x202f || c == 0x2009) {
+    out += ' ';  // blanks that do not break a line
+  } else if (c >= 0x2010 && c <= 0x2015) {
+    out += '-';
+  } else if (upper >= first_accented && upper < first_accented + plain_letters.size() &&
+             plain_letters[upper - first_accented] != ' ') {
+    out += plain_letters[upper - first_accented];
+  } else {
+    append_utf_8(out, c);
+  }
+}
+
+}  // namespace
+
+std::string folded_letters(std::string_view text) {
+  std::string out;
+  while (!text.empty()) {
+    if (static_cast<unsigned char>(text.front()) < 0x80) {
+      const char c = text.front();
+      out += c == '\n' || c == '\r' ? ' ' : to_lower(c);
+      text.remove_prefix(1);
+    } else if (const std::optional<uint32_t> c = take_utf_8(text)) {
+      append_folded(out, *c);
+    } else {
+      out += text.front();
+      text.remove_prefix(1);
+    }
+  }
+  return out;
+}
+
+std::string folded_word(std::string_view text) {
+  std::string out;
+  for (const char c : folded_letters(text)) {
+    const bool is_gap = is_blank(c) || c == '_' || c == '.' || c == '-';
+    if (!is_gap) {
+      out += c;
+    } else if (!out.empty() && out.back() != ' ') {
+      out += ' ';
+    }
+  }
+  return std::string(strip_blanks(out));
+}
+
+bool is_listed_word(std::string_view word, std::string_view words) {
+  while (!words.empty() && !word.empty()) {
+    const std::string_view one = words.substr(0, words.find(','));
+    if (one == word) {
+      return true;
+    }
+    words.remove_prefix(one.size() < words.size() ? one.size() + 1 : words.size());
+  }
+  return false;
+}

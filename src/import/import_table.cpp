@@ -1,0 +1,74 @@
+#include "import/import_table.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "import/check_made_schedule.hpp"
+#include "import/read_table.hpp"
+#include "import/schedule_text.hpp"
+#include "import/table_reader.hpp"
+
+namespace {
+
+bool has_failing(const std::vector<Finding>& findings, bool strict) {
+  return std::ranges::any_of(findings, [strict](const Finding& finding) {
+    return strict || info_of(finding.kind).severity == Severity::error;
+  });
+}
+
+void warn_of_unused_columns(const TableHeader& header, std::vector<Finding>& findings) {
+  for (const OtherColumn& other : header.others) {
+    findings.push_back(
+        {FindingKind::unused_column,
+         {header.row, other.column},
+         "the column " + quoted(other.name) + " has no place in a schedule and is not used",
+         {}});
+  }
+}
+
+bool makes_nothing(const MadeSchedule& made) {
+  return made.items.empty() && made.blocks.empty() && made.defaults.empty() &&
+         made.global_default_row == 0;
+}
+
+/// Nothing when the rows have an error.
+std::optional<std::string> make_schedule(const Table& table, const ImportCommand& command,
+                                         std::vector<Finding>& findings) {
+  const auto header = find_table_header(table, command.rows.columns, findings);
+  if (!header) {
+    return std::nullopt;
+  }
+  warn_of_unused_columns(*header, findings);
+  const std::optional<TableRules> rules = rules_of_table(table, *header, command.rows, findings);
+  if (!rules) {
+    return std::nullopt;
+  }
+  const MadeSchedule made = read_table_rows(*rules, findings);
+  if (has_failing(findings, false)) {
+    return std::nullopt;
+  }
+  if (makes_nothing(made)) {
+    findings.push_back({FindingKind::missing, {header->row, 1}, "the table has no rows", {}});
+    return std::nullopt;
+  }
+  ScheduleText text = schedule_text(made, *rules, command.table);
+  const std::vector<Finding> checked =
+      check_made_schedule(text, command.media, command.report_time);
+  findings.insert(findings.end(), checked.begin(), checked.end());
+  return std::move(text.text);
+}
+
+}  // namespace
+
+std::optional<std::string> import_table(const ImportCommand& command, FileFindings& findings,
+                                        std::string& error) {
+  findings = {command.table, {}};
+  const std::optional<Table> table =
+      read_table(command.table, command.form, error, findings.findings);
+  if (!table) {
+    return std::nullopt;
+  }
+  auto schedule = make_schedule(*table, command, findings.findings);
+  sort_findings(findings);
+  return has_failing(findings.findings, command.strict) ? std::nullopt : std::move(schedule);
+}

@@ -1,0 +1,86 @@
+#include "import/read_table.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/syntax/text_encoding.hpp"
+#include "platform/system/file.hpp"
+
+namespace {
+
+std::optional<std::string> read_bytes(const std::string& path, std::string& error) {
+  std::optional<std::string> bytes;
+  if (path == "-") {
+    bytes = read_content(STDIN_FILENO);
+  } else if (const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str());
+             file.is_open()) {
+    bytes = read_content(file.get());
+  }
+  if (!bytes) {
+    error = errno == EINVAL ? std::string("is not a regular file")
+                            : std::string("cannot be read: ") + std::strerror(errno);
+  }
+  return bytes;
+}
+
+/// The place of the text's end, in a table with that separator.
+Place end_of(const std::string& text, char separator) {
+  CsvMistake mistake;
+  const char found = separator != 0 ? separator : find_csv_separator(text);
+  // The quote that is open there, if there is one, cannot be closed; the rows before it count.
+  const auto rows = read_csv(text, found, mistake);
+  if (!rows) {
+    return {static_cast<int64_t>(mistake.row), static_cast<int64_t>(mistake.column)};
+  }
+  const bool is_row_done = text.empty() || text.back() == '\n';
+  const auto count = static_cast<int64_t>(rows->size());
+  return {is_row_done ? count + 1 : count,
+          is_row_done ? 1 : static_cast<int64_t>(rows->back().size())};
+}
+
+}  // namespace
+
+std::optional<Table> table_of_text(std::string_view bytes, const TableForm& form,
+                                   std::vector<Finding>& findings) {
+  std::string valid;
+  const std::optional<std::string> text = text_as_utf_8(bytes, form.encoding, valid);
+  if (!text) {
+    const std::string name = form.encoding.empty() ? "UTF-8" : form.encoding;
+    findings.push_back({FindingKind::bad_encoding,
+                        end_of(valid, form.separator),
+                        "not valid " + name +
+                            "; name the encoding of the table, such as "
+                            "--encoding Windows-1252",
+                        {}});
+    return std::nullopt;
+  }
+  if (const size_t nul = text->find('\0'); nul != std::string::npos) {
+    findings.push_back({FindingKind::nul_byte,
+                        end_of(text->substr(0, nul), form.separator),
+                        "a NUL byte; the file is no table, or its encoding is another one",
+                        {}});
+    return std::nullopt;
+  }
+  const char separator = form.separator != 0 ? form.separator : find_csv_separator(*text);
+  CsvMistake mistake;
+  auto rows = read_csv(*text, separator, mistake);
+  if (!rows) {
+    findings.push_back({FindingKind::bad_quotes,
+                        {static_cast<int64_t>(mistake.row), static_cast<int64_t>(mistake.column)},
+                        "a quote inside a cell without quotes, text behind a closing quote, or a "
+                        "quote that is never closed",
+                        {}});
+    return std::nullopt;
+  }
+  return Table{*std::move(rows), false};
+}
+
+std::optional<Table> read_table(const std::string& path, const TableForm& form, std::string& error,
+                                std::vector<Finding>& findings) {
+  const std::optional<std::string> bytes = read_bytes(path, error);
+  return bytes ? table_of_text(*bytes, form, findings) : std::nullopt;
+}

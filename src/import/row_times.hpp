@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/finding.hpp"
+#include "import/cell_clock.hpp"
+#include "import/row_days.hpp"
+#include "import/table.hpp"
+#include "import/table_header.hpp"
+
+/// How the cells of a table are read.
+struct TableRules {
+  const Table& table;
+  const TableHeader& header;
+  std::optional<DateOrder> dates;
+  NumberForm numbers;
+  DayRules days;
+
+  std::string_view cell(int64_t row, TableColumn column) const {
+    return table.cell(row, header.column_of(column));
+  }
+  Place place(int64_t row, TableColumn column) const {
+    return {row, std::max<int64_t>(header.column_of(column), 1)};
+  }
+};
+
+/// When a row airs. The end is one of three, or open.
+struct RowTimes {
+  std::vector<uint32_t> days;      ///< of the unit
+  uint32_t start = 0;              ///< second of the day
+  std::optional<int> end_clock;    ///< second of the day
+  std::optional<uint64_t> end_at;  ///< schedule seconds
+  std::optional<uint32_t> length;  ///< seconds
+
+  bool has_end() const { return end_clock || end_at || length; }
+};
+
+/// Reads day, date, start, end and duration of a row. Nothing, with findings, when one of them is
+/// wrong.
+std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row,
+                                       std::vector<Finding>& findings);
+
+/// The days that the row's columns of days and dates name. The same rules for failures.
+std::optional<std::vector<uint32_t>> read_row_days(const TableRules& rules, int64_t row,
+                                                   std::vector<Finding>& findings);

@@ -1,0 +1,270 @@
+#include "import/table_reader.hpp"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "import/folded_word.hpp"
+#include "import/open_ends.hpp"
+#include "platform/syntax/nearest_word.hpp"
+#include "platform/syntax/text.hpp"
+
+namespace {
+
+bool is_blank_row(const CsvRow& row) {
+  return std::ranges::all_of(row,
+                             [](const std::string& cell) { return strip_blanks(cell).empty(); });
+}
+
+bool is_remark(const CsvRow& row) {
+  return !row.empty() && strip_blanks(row.front()).starts_with('#');
+}
+
+/// Goes through the rows below the header.
+class TableReader {
+ public:
+  TableReader(const TableRules& rules, std::vector<Finding>& findings)
+      : rules_(rules), findings_(findings) {}
+
+  MadeSchedule read() {
+    made_.type = rules_.days.type;
+    for (int64_t row = rules_.header.row + 1; row <= row_count(); ++row) {
+      const CsvRow& cells = rules_.table.rows[static_cast<size_t>(row) - 1];
+      if (!is_blank_row(cells) && !is_remark(cells)) {
+        read_row(row);
+        warn_of_cells_without_header(row, cells);
+      }
+    }
+    close_open_ends(open_, rules_, made_.items, findings_);
+    const auto sort = [](std::vector<MadeSection>& sections) {
+      std::ranges::stable_sort(sections, {}, &MadeSection::start);
+    };
+    sort(made_.items);
+    sort(made_.blocks);
+    std::ranges::stable_sort(made_.defaults, {}, &MadeDefault::day);
+    return std::move(made_);
+  }
+
+ private:
+  int64_t row_count() const { return static_cast<int64_t>(rules_.table.rows.size()); }
+
+  std::string_view cell(int64_t row, TableColumn column) const {
+    return strip_blanks(rules_.cell(row, column));
+  }
+
+  void add(FindingKind kind, int64_t row, TableColumn column, std::string text) {
+    findings_.push_back({kind, rules_.place(row, column), std::move(text), {}});
+  }
+
+  void read_row(int64_t row) {
+    const std::optional<RowKind> kind = find_row_kind(cell(row, TableColumn::kind));
+    if (!kind) {
+      add(FindingKind::unknown_kind, row, TableColumn::kind,
+          "unknown kind " + quoted(cell(row, TableColumn::kind)) +
+              "; a row is an item, block, default, global default or type");
+      return;
+    }
+    if (!has_subject(row, *kind)) {
+      return;
+    }
+    warn_of_needless_day(row);
+    switch (*kind) {
+      case RowKind::item:
+      case RowKind::block:
+        read_section(row, *kind);
+        break;
+      case RowKind::day_default:
+        read_default(row);
+        break;
+      case RowKind::global_default:
+        made_.global_default_row = row;
+        break;
+      case RowKind::type:
+        break;  // read before
+    }
+  }
+
+  /// Whether the row names what it is about.
+  bool has_subject(int64_t row, RowKind kind) {
+    const TableColumn column = kind == RowKind::block ? TableColumn::block : TableColumn::item;
+    if (cell(row, column).empty()) {
+      add(FindingKind::missing, row, column, "the row has no " + std::string(name_of(column)));
+      return false;
+    }
+    return has_no_line_breaks(row);
+  }
+
+  bool has_no_line_breaks(int64_t row) {
+    bool is_good = true;
+    for (const ColumnName& column : column_names()) {
+      if (cell(row, column.column).find('\n') != std::string_view::npos) {
+        add(FindingKind::line_break, row, column.column,
+            "a line break in the " + std::string(column.name) + "; a schedule has none");
+        is_good = false;
+      }
+    }
+    return is_good;
+  }
+
+  void read_default(int64_t row) {
+    if (const auto days = read_row_days(rules_, row, findings_)) {
+      for (const uint32_t day : *days) {
+        made_.defaults.push_back({row, day});
+      }
+    }
+  }
+
+  void read_section(int64_t row, RowKind kind) {
+    const size_t before = findings_.size();
+    check_item_duration(row);
+    const std::optional<RowTimes> times = read_row_times(rules_, row, findings_);
+    if (!times || findings_.size() > before) {
+      return;
+    }
+    if (!has_room(row, times->days.size())) {
+      return;
+    }
+    if (!times->has_end() && kind == RowKind::item) {
+      for (const uint32_t day : times->days) {
+        open_.push_back({row, uint64_t{day} * seconds_per_day + times->start, 0});
+      }
+      return;
+    }
+    if (!times->has_end()) {
+      add(FindingKind::missing, row, TableColumn::end, "the row has no end and no duration");
+      return;
+    }
+    auto& sections = kind == RowKind::block ? made_.blocks : made_.items;
+    for (const uint32_t day : times->days) {
+      if (!place_section(rules_, row, *times, day, sections, findings_)) {
+        return;
+      }
+    }
+  }
+
+  void check_item_duration(int64_t row) {
+    const std::string_view text = cell(row, TableColumn::item_duration);
+    if (!text.empty() && item_duration_text(rules_, row).empty()) {
+      add(FindingKind::bad_duration, row, TableColumn::item_duration,
+          "invalid duration " + quoted(text));
+    }
+  }
+
+  /// A guard of memory. Fifteen years with a hundred items on each day are less.
+  bool has_room(int64_t row, size_t count) {
+    constexpr size_t most = 2'000'000;
+    if (made_.items.size() + made_.blocks.size() + open_.size() + count <= most) {
+      return true;
+    }
+    if (!is_full_) {
+      add(FindingKind::too_many_items, row, TableColumn::day,
+          "the rows make more than 2000000 items; the rows from here on are not read");
+    }
+    is_full_ = true;
+    return false;
+  }
+
+  void warn_of_needless_day(int64_t row) {
+    if (rules_.days.type->day_name != DayName::only_day || has_warned_of_day_) {
+      return;
+    }
+    for (const TableColumn column : {TableColumn::day, TableColumn::date}) {
+      const auto group = find_weekday_group(folded_word(cell(row, column)));
+      if (!cell(row, column).empty() && group != all_weekdays && !has_warned_of_day_) {
+        has_warned_of_day_ = true;
+        add(FindingKind::needless_date, row, column,
+            "a daily schedule is the same every day; it ignores days and dates");
+      }
+    }
+  }
+
+  void warn_of_cells_without_header(int64_t row, const CsvRow& cells) {
+    const CsvRow& names = rules_.table.rows[static_cast<size_t>(rules_.header.row) - 1];
+    for (size_t i = 0; i < cells.size(); ++i) {
+      const bool has_name = i < names.size() && !strip_blanks(names[i]).empty();
+      if (!has_name && !strip_blanks(cells[i]).empty()) {
+        findings_.push_back({FindingKind::unused_cell,
+                             {row, static_cast<int64_t>(i) + 1},
+                             "the column has no name, so " + quoted(cells[i]) + " is not used",
+                             {}});
+        return;
+      }
+    }
+  }
+
+  const TableRules& rules_;
+  std::vector<Finding>& findings_;
+  MadeSchedule made_;
+  std::vector<MadeSection> open_;  ///< items without an end
+  bool is_full_ = false;
+  bool has_warned_of_day_ = false;
+};
+
+/// The type that a row names, or that of the options.
+const ScheduleType* find_table_type(const Table& table, const TableHeader& header,
+                                    const TableOptions& options, std::vector<Finding>& findings) {
+  Place place{header.row, 1};
+  std::string name = options.type;
+  for (size_t i = static_cast<size_t>(header.row); i < table.rows.size(); ++i) {
+    const auto row = static_cast<int64_t>(i) + 1;
+    const auto kind = find_row_kind(table.cell(row, header.column_of(TableColumn::kind)));
+    if (kind == RowKind::type && !is_remark(table.rows[i])) {
+      place = {row, header.column_of(TableColumn::item)};
+      name = lower_case(strip_blanks(table.cell(row, place.column)));
+      break;
+    }
+  }
+  if (name.empty()) {
+    findings.push_back({FindingKind::no_type,
+                        place,
+                        "the type of the schedule is not said; use --type weekly, or a row of the "
+                        "kind 'type' with the item 'weekly'",
+                        {}});
+    return nullptr;
+  }
+  const ScheduleType* type = find_schedule_type(name);
+  if (type == nullptr || type->unit_length == 0) {
+    std::vector<std::string_view> names;
+    for (const ScheduleType& known : schedule_types()) {
+      if (known.unit_length > 0) {
+        names.push_back(known.text);
+      }
+    }
+    findings.push_back({FindingKind::unknown_type,
+                        place,
+                        "unknown type " + quoted(name) + did_you_mean(name, names),
+                        {}});
+    return nullptr;
+  }
+  return type;
+}
+
+bool has_point_clocks(const Table& table, const TableHeader& header) {
+  for (const CsvRow& row : table.rows) {
+    for (const TableColumn column : {TableColumn::start, TableColumn::end}) {
+      const auto place = static_cast<size_t>(header.column_of(column));
+      if (place > 0 && place <= row.size() && is_point_clock(row[place - 1])) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+std::optional<TableRules> rules_of_table(const Table& table, const TableHeader& header,
+                                         const TableOptions& options,
+                                         std::vector<Finding>& findings) {
+  const ScheduleType* type = find_table_type(table, header, options, findings);
+  if (type == nullptr) {
+    return std::nullopt;
+  }
+  const NumberForm numbers{table.has_raw_numbers,
+                           !table.has_raw_numbers && has_point_clocks(table, header)};
+  return TableRules{table, header, options.dates, numbers, {type, options.today}};
+}
+
+MadeSchedule read_table_rows(const TableRules& rules, std::vector<Finding>& findings) {
+  return TableReader(rules, findings).read();
+}
