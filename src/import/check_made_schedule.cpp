@@ -1,5 +1,7 @@
 #include "import/check_made_schedule.hpp"
 
+#include <charconv>
+#include <string_view>
 #include <utility>
 
 #include "check/schedule_check.hpp"
@@ -9,6 +11,22 @@ namespace {
 Place place_in_table(const Place& place, const ScheduleText& made) {
   const auto line = static_cast<size_t>(place.line) - 1;
   return line < made.places.size() ? made.places[line] : Place{};
+}
+
+/// A text that names a line of the made schedule names the row instead.
+void name_row_for_line(std::string& text, const ScheduleText& made) {
+  constexpr std::string_view words = " at line ";
+  const size_t at = text.rfind(words);
+  if (at == std::string::npos) {
+    return;
+  }
+  Place line;
+  const char* const end = text.data() + text.size();
+  const auto number = std::from_chars(text.data() + at + words.size(), end, line.line);
+  if (number.ec == std::errc() && number.ptr == end) {
+    text.replace(at, std::string::npos,
+                 " of row " + std::to_string(place_in_table(line, made).line));
+  }
 }
 
 }  // namespace
@@ -21,6 +39,7 @@ std::vector<Finding> check_made_schedule(const ScheduleText& made, bool media, t
   check_schedule_source({made.text, {}, {}}, options, found);
   for (Finding& finding : found.findings) {
     finding.place = place_in_table(finding.place, made);
+    name_row_for_line(finding.text, made);
     for (Note& note : finding.notes) {
       note.place = place_in_table(note.place, made);
     }

@@ -74,7 +74,14 @@ struct ImportOption {
 
 constexpr const char* type_words = "daily weekly monthly yearly endless";
 
-constexpr std::array<ImportOption, 13> options = {{
+bool take_template(ImportCommand& command, const char* value) {
+  command.template_type = value;
+  return is_type_with_unit(value) || refuse_value("unknown type", value);
+}
+
+constexpr std::array<ImportOption, 16> options = {{
+    {{"aired", nullptr, "with --export, what airs in the unit of the report time"},
+     set_flag<&ImportCommand::aired>},
     {{"columns", "LIST",
       "headers of columns that are not known, such as\n"
       "item=Datei,start=Beginn",
@@ -84,6 +91,8 @@ constexpr std::array<ImportOption, 13> options = {{
       "DMY MDY YMD"},
      take_dates},
     {{"encoding", "NAME", "the table's encoding (UTF-8), such as Windows-1252"}, take_encoding},
+    {{"export", "SCHEDULE", "print the table of a schedule instead", Offer::files},
+     set_text<&ImportCommand::schedule>},
     {{"format", "FORMAT", "print findings as text (the default) or json", Offer::words, Use::once,
       "text json"},
      [](ImportCommand& command, const char* value) {
@@ -106,6 +115,9 @@ constexpr std::array<ImportOption, 13> options = {{
     {{"separator", "CHAR", "comma, semicolon, tab or another character (found out)"},
      take_separator},
     {{"strict", nullptr, "count warnings as errors"}, set_flag<&ImportCommand::strict>},
+    {{"template", "TYPE", "print a table with a header and examples", Offer::words, Use::once,
+      type_words},
+     take_template},
     {{"time", "SECONDS", "the report time, in seconds since 1970"},
      [](ImportCommand& command, const char* value) {
        return parse_whole_number(value, command.report_time) || refuse_value("invalid time", value);

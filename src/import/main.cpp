@@ -4,7 +4,10 @@
 #include <cstring>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "import/aired_table.hpp"
+#include "import/export_table.hpp"
 #include "import/import_failures.hpp"
 #include "import/import_options.hpp"
 #include "import/import_table.hpp"
@@ -22,10 +25,36 @@ int report_failure(const std::string& what, const std::string& why) {
   return could_not_import;
 }
 
+/// Replaces the file of --output, or prints.
+int write_result(const ImportCommand& /*command*/, const std::string& text) {
+  print_output(text);
+  return EXIT_SUCCESS;
+}
+
 void print_findings(const FileFindings& found, const ImportCommand& command) {
   const std::string text =
       command.json ? json_of({&found, 1}) : text_of(found, command.max_findings);
   std::fputs(text.c_str(), stderr);
+}
+
+int run_export(const ImportCommand& command) {
+  const char separator = command.form.separator != 0 ? command.form.separator : ',';
+  std::string error;
+  Schedule schedule;
+  if (!read_for_table(schedule, command.schedule, error)) {
+    return report_failure(command.schedule, error);
+  }
+  if (!command.aired) {
+    std::vector<std::string> warnings;
+    const std::string table = table_of(schedule, separator, warnings);
+    for (const std::string& warning : warnings) {
+      report_failure(command.schedule, warning);
+    }
+    return write_result(command, table);
+  }
+  const auto table =
+      table_of_airing(schedule, command.schedule, separator, command.report_time, error);
+  return table ? write_result(command, *table) : report_failure(command.schedule, error);
 }
 
 int run_import(const ImportCommand& command) {
@@ -39,8 +68,15 @@ int run_import(const ImportCommand& command) {
   if (!schedule) {
     return mistakes_found;
   }
-  print_output(*schedule);
-  return EXIT_SUCCESS;
+  return write_result(command, *schedule);
+}
+
+int run(const ImportCommand& command) {
+  if (!command.template_type.empty()) {
+    const char separator = command.form.separator != 0 ? command.form.separator : ',';
+    return write_result(command, example_table(command.template_type, separator));
+  }
+  return command.schedule.empty() ? run_import(command) : run_export(command);
 }
 
 }  // namespace
@@ -57,7 +93,7 @@ int main(int argc, char** argv) {
   if (!command) {
     return status;
   }
-  status = run_import(*command);
+  status = run(*command);
   finish_output();
   return status;
 }

@@ -84,6 +84,9 @@ bool place_section(const TableRules& rules, int64_t row, const RowTimes& times, 
     return add(FindingKind::outside_unit,
                "the row lies outside a " + std::string(type.text) + " schedule");
   }
+  if (times.end_at && end->is_next_unit && type.unit_length - start + end->at > seconds_per_day) {
+    return add(FindingKind::reversed, "the row ends before it starts");
+  }
   add_section(row, start, *end, type, sections);
   return true;
 }

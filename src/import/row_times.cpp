@@ -42,7 +42,9 @@ class RowReader {
 
   std::optional<std::vector<uint32_t>> read_days() {
     std::vector<DayTerm> terms;
-    TableColumn given = TableColumn::day;
+    TableColumn given = rules_.header.column_of(TableColumn::day) > 0    ? TableColumn::day
+                        : rules_.header.column_of(TableColumn::date) > 0 ? TableColumn::date
+                                                                         : TableColumn::start;
     for (const TableColumn column : {TableColumn::day, TableColumn::date}) {
       const std::string_view text = cell(column);
       auto found = terms_of(column, text);
