@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "grab/guide_config.hpp"
-#include "grab/guide_file.hpp"
+#include "station/replaced_file.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/known_zone.hpp"
 
@@ -155,7 +155,7 @@ bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
   }
   std::error_code ignored;
   std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
-  GuideFile file(path, NewMode::as_before);
+  ReplacedFile file(path, NewMode::as_before);
   if (!file.is_open() || !file.write(text_of_guide_config(channels)) || !file.publish()) {
     std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", path.c_str(), std::strerror(errno));
     return false;

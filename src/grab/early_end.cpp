@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "grab/guide_file.hpp"
+#include "station/replaced_file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/run_limits.hpp"
 

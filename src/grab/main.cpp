@@ -14,7 +14,7 @@
 #include "grab/grab_options.hpp"
 #include "grab/guide.hpp"
 #include "grab/guide_config.hpp"
-#include "grab/guide_file.hpp"
+#include "station/replaced_file.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/output.hpp"
@@ -102,7 +102,7 @@ bool may_be_emptied(const std::string& path) {
 
 /// A guide without the failed channels is published. An incomplete guide is not.
 int write_file(const GrabCommand& command, const std::vector<GuideChannel>& channels) {
-  GuideFile file(command.output, NewMode::readable);
+  ReplacedFile file(command.output, NewMode::readable);
   if (!file.is_open()) {
     return fail(command.output, std::strerror(errno));
   }

@@ -1,5 +1,7 @@
 #include "import/check_made_schedule.hpp"
 
+#include <sys/stat.h>
+
 #include <charconv>
 #include <string_view>
 #include <utility>
@@ -31,12 +33,16 @@ void name_row_for_line(std::string& text, const ScheduleText& made) {
 
 }  // namespace
 
-std::vector<Finding> check_made_schedule(const ScheduleText& made, bool media, time_t report_time) {
+std::vector<Finding> check_made_schedule(const ScheduleText& made, const std::string& output,
+                                         bool media, time_t report_time) {
   CheckOptions options;
   options.media = media;
   options.report_time = report_time;
   FileFindings found;
-  check_schedule_source({made.text, {}, {}}, options, found);
+  struct stat old = {};
+  const bool is_there = !output.empty() && stat(output.c_str(), &old) == 0;
+  const FileId id = is_there ? FileId{old.st_dev, old.st_ino} : FileId{};
+  check_schedule_source({made.text, id, {}}, options, found);
   for (Finding& finding : found.findings) {
     finding.place = place_in_table(finding.place, made);
     name_row_for_line(finding.text, made);

@@ -11,6 +11,7 @@
 #include "platform/system/messages.hpp"
 #include "platform/system/run_limits.hpp"
 #include "schedule/watchdog.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
 
@@ -24,6 +25,7 @@ void print_failure(const char* message) {
 }
 
 [[noreturn]] void end_without_memory() {
+  remove_draft();
   print_failure("Out of memory");
   std::_Exit(could_not_import);
 }
@@ -34,6 +36,7 @@ void print_failure(const char* message) {
   std::signal(SIGALRM, SIG_DFL);
   alarm(time_to_write);
   static_assert(watchdog_seconds == 60, "the message says so");
+  remove_draft();
   write_fully(STDERR_FILENO, program);
   write_fully(STDERR_FILENO, "Time limit of 60 s reached");
   if (const Activity* activity = current_activity()) {

@@ -79,7 +79,7 @@ bool take_template(ImportCommand& command, const char* value) {
   return is_type_with_unit(value) || refuse_value("unknown type", value);
 }
 
-constexpr std::array<ImportOption, 16> options = {{
+constexpr std::array<ImportOption, 17> options = {{
     {{"aired", nullptr, "with --export, what airs in the unit of the report time"},
      set_flag<&ImportCommand::aired>},
     {{"columns", "LIST",
@@ -114,6 +114,9 @@ constexpr std::array<ImportOption, 16> options = {{
      set_text<&ImportCommand::output>},
     {{"separator", "CHAR", "comma, semicolon, tab or another character (found out)"},
      take_separator},
+    {{"sidecars", "FOLDER", "write other columns to the sidecars of the items below FOLDER",
+      Offer::files},
+     set_text<&ImportCommand::sidecars>},
     {{"strict", nullptr, "count warnings as errors"}, set_flag<&ImportCommand::strict>},
     {{"template", "TYPE", "print a table with a header and examples", Offer::words, Use::once,
       type_words},

@@ -7,6 +7,7 @@
 #include "import/read_table.hpp"
 #include "import/schedule_text.hpp"
 #include "import/table_reader.hpp"
+#include "schedule/watchdog.hpp"
 
 namespace {
 
@@ -21,7 +22,9 @@ void warn_of_unused_columns(const TableHeader& header, std::vector<Finding>& fin
     findings.push_back(
         {FindingKind::unused_column,
          {header.row, other.column},
-         "the column " + quoted(other.name) + " has no place in a schedule and is not used",
+         "the column " + quoted(other.name) +
+             " has no place in a schedule and is not used; with --sidecars it goes to the "
+             "sidecars of the items",
          {}});
   }
 }
@@ -32,13 +35,15 @@ bool makes_nothing(const MadeSchedule& made) {
 }
 
 /// Nothing when the rows have an error.
-std::optional<std::string> make_schedule(const Table& table, const ImportCommand& command,
-                                         std::vector<Finding>& findings) {
+std::optional<ImportedTable> make_schedule(const Table& table, const ImportCommand& command,
+                                           std::vector<Finding>& findings) {
   const auto header = find_table_header(table, command.rows.columns, findings);
   if (!header) {
     return std::nullopt;
   }
-  warn_of_unused_columns(*header, findings);
+  if (command.sidecars.empty()) {
+    warn_of_unused_columns(*header, findings);
+  }
   const std::optional<TableRules> rules = rules_of_table(table, *header, command.rows, findings);
   if (!rules) {
     return std::nullopt;
@@ -51,24 +56,32 @@ std::optional<std::string> make_schedule(const Table& table, const ImportCommand
     findings.push_back({FindingKind::missing, {header->row, 1}, "the table has no rows", {}});
     return std::nullopt;
   }
+  ImportedTable imported;
+  if (!command.sidecars.empty()) {
+    imported.sidecars =
+        sidecars_of_table(table, *header, command.sidecars, command.table, findings);
+  }
   ScheduleText text = schedule_text(made, *rules, command.table);
   const std::vector<Finding> checked =
-      check_made_schedule(text, command.media, command.report_time);
+      check_made_schedule(text, command.output, command.media, command.report_time);
   findings.insert(findings.end(), checked.begin(), checked.end());
-  return std::move(text.text);
+  imported.schedule = std::move(text.text);
+  return imported;
 }
 
 }  // namespace
 
-std::optional<std::string> import_table(const ImportCommand& command, FileFindings& findings,
-                                        std::string& error) {
+std::optional<ImportedTable> import_table(const ImportCommand& command, FileFindings& findings,
+                                          std::string& error) {
   findings = {command.table, {}};
   const std::optional<Table> table =
       read_table(command.table, command.form, error, findings.findings);
   if (!table) {
     return std::nullopt;
   }
+  arm_watchdog();  // not earlier: standard input may take its time
   auto schedule = make_schedule(*table, command, findings.findings);
+  cancel_watchdog();
   sort_findings(findings);
   return has_failing(findings.findings, command.strict) ? std::nullopt : std::move(schedule);
 }

@@ -2,11 +2,20 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "check/finding.hpp"
 #include "import/import_options.hpp"
+#include "import/sidecars.hpp"
 
-/// The schedule that the table makes, as a text. What is wrong is in `findings`, at the table's
-/// rows; with an error there is no schedule. When the table cannot be read, `error` says why.
-std::optional<std::string> import_table(const ImportCommand& command, FileFindings& findings,
-                                        std::string& error);
+/// What a table makes.
+struct ImportedTable {
+  std::string schedule;  ///< the text of the file
+  std::vector<MadeSidecar> sidecars;
+};
+
+/// The schedule that the table makes, and its sidecars. Nothing is written yet. What is wrong is in
+/// `findings`, at the table's rows; with an error there is nothing. When the table cannot be read,
+/// `error` says why.
+std::optional<ImportedTable> import_table(const ImportCommand& command, FileFindings& findings,
+                                          std::string& error);

@@ -2,8 +2,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "import/aired_table.hpp"
@@ -15,6 +17,7 @@
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
 
@@ -26,9 +29,24 @@ int report_failure(const std::string& what, const std::string& why) {
 }
 
 /// Replaces the file of --output, or prints.
-int write_result(const ImportCommand& /*command*/, const std::string& text) {
-  print_output(text);
+int write_result(const ImportCommand& command, const std::string& text) {
+  if (command.output.empty()) {
+    print_output(text);
+    return EXIT_SUCCESS;
+  }
+  ReplacedFile file(command.output, NewMode::as_before);
+  if (!file.is_open() || !file.write(text) || !file.publish()) {
+    return report_failure(command.output,
+                          std::string("cannot be written: ") + std::strerror(errno));
+  }
   return EXIT_SUCCESS;
+}
+
+/// Whether writing the output would destroy what was read.
+bool would_replace_source(const ImportCommand& command) {
+  std::error_code ignored;
+  const std::string& source = command.schedule.empty() ? command.table : command.schedule;
+  return std::filesystem::equivalent(command.output, source, ignored);
 }
 
 void print_findings(const FileFindings& found, const ImportCommand& command) {
@@ -60,18 +78,27 @@ int run_export(const ImportCommand& command) {
 int run_import(const ImportCommand& command) {
   FileFindings found;
   std::string error;
-  const std::optional<std::string> schedule = import_table(command, found, error);
+  const std::optional<ImportedTable> imported = import_table(command, found, error);
   if (!error.empty()) {
     return report_failure(command.table, error);
   }
   print_findings(found, command);
-  if (!schedule) {
+  if (!imported) {
     return mistakes_found;
   }
-  return write_result(command, *schedule);
+  for (const MadeSidecar& sidecar : imported->sidecars) {
+    if (!write_sidecar(sidecar)) {
+      return report_failure(sidecar.path,
+                            std::string("cannot be written: ") + std::strerror(errno));
+    }
+  }
+  return write_result(command, imported->schedule);
 }
 
 int run(const ImportCommand& command) {
+  if (would_replace_source(command)) {
+    return report_failure(command.output, "is what is read; name another file");
+  }
   if (!command.template_type.empty()) {
     const char separator = command.form.separator != 0 ? command.form.separator : ',';
     return write_result(command, example_table(command.template_type, separator));
