@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "import/spreadsheet.hpp"
 #include "platform/syntax/text_encoding.hpp"
 #include "platform/system/file.hpp"
 
@@ -27,10 +28,19 @@ std::optional<std::string> read_bytes(const std::string& path, std::string& erro
   return bytes;
 }
 
+/// The separator that is asked for, that the first line names as Excel reads it ("sep=;"), or that
+/// is found out.
+char separator_of(std::string_view text, char asked) {
+  constexpr std::string_view sign = "sep=";
+  const bool is_named = text.starts_with(sign) && text.size() > sign.size() + 1 &&
+                        (text[sign.size() + 1] == '\n' || text[sign.size() + 1] == '\r');
+  return asked != 0 ? asked : is_named ? text[sign.size()] : find_csv_separator(text);
+}
+
 /// The place of the text's end, in a table with that separator.
 Place end_of(const std::string& text, char separator) {
   CsvMistake mistake;
-  const char found = separator != 0 ? separator : find_csv_separator(text);
+  const char found = separator_of(text, separator);
   // The quote that is open there, if there is one, cannot be closed; the rows before it count.
   const auto rows = read_csv(text, found, mistake);
   if (!rows) {
@@ -65,7 +75,7 @@ std::optional<Table> table_of_text(std::string_view bytes, const TableForm& form
                         {}});
     return std::nullopt;
   }
-  const char separator = form.separator != 0 ? form.separator : find_csv_separator(*text);
+  const char separator = separator_of(*text, form.separator);
   CsvMistake mistake;
   auto rows = read_csv(*text, separator, mistake);
   if (!rows) {
@@ -82,5 +92,13 @@ std::optional<Table> table_of_text(std::string_view bytes, const TableForm& form
 std::optional<Table> read_table(const std::string& path, const TableForm& form, std::string& error,
                                 std::vector<Finding>& findings) {
   const std::optional<std::string> bytes = read_bytes(path, error);
-  return bytes ? table_of_text(*bytes, form, findings) : std::nullopt;
+  if (!bytes || !is_spreadsheet(*bytes)) {
+    return bytes ? table_of_text(*bytes, form, findings) : std::nullopt;
+  }
+  const std::optional<std::string> text = csv_of_spreadsheet(*bytes, error);
+  std::optional<Table> table = text ? table_of_text(*text, {"", ','}, findings) : std::nullopt;
+  if (table) {
+    table->has_raw_numbers = true;
+  }
+  return table;
 }
