@@ -17,7 +17,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS tzdata)
 # What pages of the documentation use; the shells and editors that there are find their files.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS
-    "bash-completion, lighttpd | httpd-cgi, parallel, vim, xmltv-util")
+    "bash-completion, gnumeric, lighttpd | httpd-cgi, parallel, vim, xmltv-util")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "It reads the schedule file of a playout channel (a day, a week, a month, a
 year or an endless span), repairs overlaps and gaps, adds what the media files
@@ -26,6 +26,7 @@ programme-guide page, as JSON, or as a listing for Rovi or Gracenote: by hand,
 from scripts, or as a CGI program behind a web server. A second program,
 nv8x_schedule_check, finds what a schedule file says that will not air, or not
 as it was meant, and tells what airs at a time and why. A third, tv_grab_nv8x,
-prints an XMLTV guide of many channels for media centres.")
+prints an XMLTV guide of many channels for media centres. A fourth,
+nv8x_schedule_import, makes schedule files of spreadsheets, and back.")
 
 include(CPack)

@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "grab/guide_config.hpp"
-#include "station/replaced_file.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/known_zone.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <new>
 
-#include "station/replaced_file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/run_limits.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
 

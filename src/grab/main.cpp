@@ -14,10 +14,10 @@
 #include "grab/grab_options.hpp"
 #include "grab/guide.hpp"
 #include "grab/guide_config.hpp"
-#include "station/replaced_file.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/output.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "import/cell_date.hpp"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <vector>
 
@@ -196,11 +196,4 @@ CellDate day_after(const CellDate& date) {
 int weekday_of(const CellDate& date) {
   const int64_t days = days_from_civil(date.year.value_or(0), date.month.value_or(1), date.day);
   return static_cast<int>(((days + 4) % 7 + 7) % 7);  // 1970-01-01: Thursday
-}
-
-std::string iso_date(const CellDate& date) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", date.year.value_or(0),
-                date.month.value_or(1), date.day);
-  return text.data();
 }

@@ -33,6 +33,3 @@ CellDate day_after(const CellDate& date);
 
 /// The weekday of a date that has all parts (0 is Sunday).
 int weekday_of(const CellDate& date);
-
-/// The date in the form that all programs read the same: "2026-03-05".
-std::string iso_date(const CellDate& date);

@@ -83,14 +83,14 @@ constexpr std::array<ImportOption, 17> options = {{
     {{"aired", nullptr, "with --export, what airs in the unit of the report time"},
      set_flag<&ImportCommand::aired>},
     {{"columns", "LIST",
-      "headers of columns that are not known, such as\n"
+      "headers of columns that are not known; such as\n"
       "item=Datei,start=Beginn",
       Offer::nothing, Use::repeated},
      take_columns},
     {{"dates", "ORDER", "the order of the numbers in dates", Offer::words, Use::once,
       "DMY MDY YMD"},
      take_dates},
-    {{"encoding", "NAME", "the table's encoding (UTF-8), such as Windows-1252"}, take_encoding},
+    {{"encoding", "NAME", "encoding of the table (UTF-8), such as Windows-1252"}, take_encoding},
     {{"export", "SCHEDULE", "print the table of a schedule instead", Offer::files},
      set_text<&ImportCommand::schedule>},
     {{"format", "FORMAT", "print findings as text (the default) or json", Offer::words, Use::once,
