@@ -50,16 +50,17 @@ std::optional<int> clock_of_number(std::string_view text, double number, const N
     return clock_of_fraction(number);
   }
   if (is_whole) {
-    problem = text.size() <= 2 ? quoted(text) + " could be an hour or a number of seconds; write " +
-                                     quoted(std::string(text) + ":00") + " if it is the hour"
-                               : "";
+    problem = text.size() <= 2
+                  ? quoted_cell(text) + " could be an hour or a number of seconds; write " +
+                        quoted(std::string(text) + ":00") + " if it is the hour"
+                  : "";
     return std::nullopt;
   }
   if (number < 1 && text.front() == '0' && text[1] != '0') {
     const bool could_be_clock = form.has_point_clocks && !form.are_raw && text[1] == '.' &&
                                 read_clock("0:" + std::string(text.substr(2)));
     if (could_be_clock) {
-      problem = quoted(text) + " could be a clock or a fraction of a day; write " +
+      problem = quoted_cell(text) + " could be a clock or a fraction of a day; write " +
                 quoted("00:" + std::string(text.substr(2))) + " if it is the clock";
       return std::nullopt;
     }
@@ -67,7 +68,7 @@ std::optional<int> clock_of_number(std::string_view text, double number, const N
   }
   if (form.are_raw) {
     problem =
-        quoted(text) + " is a number and not a time of the spreadsheet; write it with a colon";
+        quoted_cell(text) + " is a number and not a time of the spreadsheet; write it with a colon";
     return std::nullopt;
   }
   return std::nullopt;
@@ -208,7 +209,7 @@ std::optional<double> read_cell_duration(std::string_view text, int unit, const 
   if (const std::optional<double> number = read_cell_number(folded)) {
     const bool is_part_of_day = *number < 1 || (form.are_raw && !are_all_digits(folded));
     if (unit == 0 && !is_part_of_day) {
-      problem = quoted(text) + " has no unit; write " + quoted(folded + " min") + " or " +
+      problem = quoted_cell(text) + " has no unit; write " + quoted(folded + " min") + " or " +
                 quoted(folded + " s");
       return std::nullopt;
     }

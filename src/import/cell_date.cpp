@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "import/folded_word.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/calendar_names.hpp"
 #include "platform/time/civil_date.hpp"
@@ -85,7 +86,7 @@ std::optional<CellDate> date_of_parts(std::string_view text, const std::vector<D
   for (const OrderName& candidate : order_names) {
     const auto date = date_in_order(numbers, candidate.order);
     if (date && found && *date != *found) {
-      problem = quoted(text) + " could be " + date_text(*found) + " or " + date_text(*date) +
+      problem = quoted_cell(text) + " could be " + date_text(*found) + " or " + date_text(*date) +
                 "; say which with --dates " + std::string(name) + " or --dates " +
                 std::string(candidate.name);
       return std::nullopt;

@@ -13,6 +13,10 @@ bool is_word_byte(char c) {
   return (c >= 'a' && c <= 'z') || c == '\'' || static_cast<unsigned char>(c) >= 0x80;
 }
 
+bool is_gap_between_words(char c) {
+  return std::string_view(" \t,;/+&").find(c) != std::string_view::npos;
+}
+
 /// Goes through the text of a cell. The functions remove what they recognise from its front.
 /// Otherwise they leave it unchanged.
 class DayParser {
@@ -25,7 +29,7 @@ class DayParser {
     while (!rest_.empty()) {
       if (!take_term()) {
         if (problem_.empty()) {
-          problem_ = quoted(rest_) + " is not understood";
+          problem_ = quoted_cell(rest_) + " is not understood";
         }
         return std::nullopt;
       }
@@ -48,7 +52,7 @@ class DayParser {
       return true;
     }
     if (before != rest_ && problem_.empty()) {
-      problem_ = quoted(text_) + " is no range of days";
+      problem_ = quoted_cell(text_) + " is no range of days";
     }
     if (!problem_.empty()) {
       return false;
@@ -123,18 +127,20 @@ class DayParser {
     return true;
   }
 
-  /// "daily", "every day", "am Wochenende".
+  /// "daily", "every day", "am Wochenende". The longest phrase that is known counts.
   bool take_group(DayTerm& term) {
-    for (size_t end = rest_.size(); end > 0; end = rest_.find_last_of(" ,;/+&", end - 1)) {
-      const auto days = find_weekday_group(folded_word(rest_.substr(0, end)));
+    constexpr size_t longest = 32;  // of all phrases; cells may be much longer
+    const std::string_view begin = rest_.substr(0, longest);
+    for (size_t end = begin.size(); end > 0;) {
+      const bool is_whole = end == rest_.size() || is_gap_between_words(rest_[end]);
+      const auto days =
+          is_whole ? find_weekday_group(folded_word(begin.substr(0, end))) : std::nullopt;
       if (days) {
         term.weekdays = *days;
         rest_.remove_prefix(end);
         return true;
       }
-      if (rest_.find_last_of(" ,;/+&", end - 1) == std::string_view::npos) {
-        break;
-      }
+      --end;
     }
     return false;
   }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "check/finding.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/syntax/utf_8.hpp"
 
@@ -73,4 +74,16 @@ bool is_listed_word(std::string_view word, std::string_view words) {
     words.remove_prefix(one.size() < words.size() ? one.size() + 1 : words.size());
   }
   return false;
+}
+
+std::string quoted_cell(std::string_view cell) {
+  constexpr size_t most = 80;
+  if (cell.size() <= most) {
+    return quoted(cell);
+  }
+  std::string_view begin = cell.substr(0, most);
+  while ((static_cast<unsigned char>(cell[begin.size()]) & 0xc0U) == 0x80) {
+    begin.remove_suffix(1);  // a character stays whole
+  }
+  return quoted(std::string(begin) + "...");
 }

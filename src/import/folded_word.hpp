@@ -12,3 +12,6 @@ std::string folded_letters(std::string_view text);
 
 /// Whether `word` is one of `words`, which are separated by commas.
 bool is_listed_word(std::string_view word, std::string_view words);
+
+/// The beginning of a cell in single quotes, as a message shows it. Cells may be very long.
+std::string quoted_cell(std::string_view cell);

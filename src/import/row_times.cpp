@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "import/folded_word.hpp"
 #include "platform/syntax/text.hpp"
 
 namespace {
@@ -117,7 +118,8 @@ class RowReader {
     if (const auto clock = read_cell_clock(text, rules_.numbers, problem)) {
       return CellTime{{}, *clock};
     }
-    if (!problem.empty()) {
+    constexpr size_t longest = 200;  // longer cells hold something else
+    if (!problem.empty() || text.size() > longest) {
       return std::nullopt;
     }
     for (size_t at = text.find_first_of(" \tT,"); at != std::string_view::npos;
@@ -164,7 +166,7 @@ class RowReader {
     }
     const bool is_ambiguous = !problem.empty();
     return add(is_ambiguous ? FindingKind::ambiguous : FindingKind::bad_time, column,
-               is_ambiguous ? problem : "invalid time " + quoted(text));
+               is_ambiguous ? problem : "invalid time " + quoted_cell(text));
   }
 
   bool read_end(RowTimes& times) {
@@ -185,7 +187,7 @@ class RowReader {
     if (!length || *length > longest_duration) {
       add(problem.empty() ? FindingKind::bad_duration : FindingKind::ambiguous,
           TableColumn::duration,
-          problem.empty() ? "invalid duration " + quoted(duration) : problem);
+          problem.empty() ? "invalid duration " + quoted_cell(duration) : problem);
       return false;
     }
     if (!has_end) {  // beside an end, a duration says nothing more

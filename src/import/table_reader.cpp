@@ -60,7 +60,7 @@ class TableReader {
     const std::optional<RowKind> kind = find_row_kind(cell(row, TableColumn::kind));
     if (!kind) {
       add(FindingKind::unknown_kind, row, TableColumn::kind,
-          "unknown kind " + quoted(cell(row, TableColumn::kind)) +
+          "unknown kind " + quoted_cell(cell(row, TableColumn::kind)) +
               "; a row is an item, block, default, global default or type");
       return;
     }
@@ -146,7 +146,7 @@ class TableReader {
     const std::string_view text = cell(row, TableColumn::item_duration);
     if (!text.empty() && item_duration_text(rules_, row).empty()) {
       add(FindingKind::bad_duration, row, TableColumn::item_duration,
-          "invalid duration " + quoted(text));
+          "invalid duration " + quoted_cell(text));
     }
   }
 
@@ -185,7 +185,7 @@ class TableReader {
       if (!has_name && !strip_blanks(cells[i]).empty()) {
         findings_.push_back({FindingKind::unused_cell,
                              {row, static_cast<int64_t>(i) + 1},
-                             "the column has no name, so " + quoted(cells[i]) + " is not used",
+                             "the column has no name, so " + quoted_cell(cells[i]) + " is not used",
                              {}});
         return;
       }
