@@ -13,6 +13,22 @@ bool is_utf_16(std::string_view content) {
   return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
 }
 
+/// Whether the text is a table and no schedule: its first line has cells, and nothing opens a
+/// section.
+bool is_table(std::string_view content) {
+  if (content.starts_with(byte_order_mark)) {
+    content.remove_prefix(byte_order_mark.size());
+  }
+  const std::string_view text =
+      content.substr(std::min(content.find_first_not_of("\r\n ,;\t"), content.size()));
+  const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+  const bool has_cells = std::ranges::any_of(std::string_view(",;\t"), [line](char separator) {
+    return std::ranges::count(line, separator) >= 2;
+  });
+  return has_cells && !line.starts_with('#') && !line.starts_with('*') &&
+         line.find('=') == std::string_view::npos && content.find('{') == std::string_view::npos;
+}
+
 /// Whether lines end with carriage returns alone, as on old systems.
 bool has_old_line_ends(std::string_view content) {
   const bool has_line_feed = content.find('\n') != std::string_view::npos;
@@ -56,13 +72,18 @@ void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& fo
 }  // namespace
 
 bool is_hopeless(std::string_view content) {
-  return is_utf_16(content) || has_old_line_ends(content);
+  return is_utf_16(content) || is_table(content) || has_old_line_ends(content);
 }
 
 void check_bytes(std::string_view content, FileFindings& found) {
   if (is_utf_16(content)) {
     found.add(FindingKind::utf_16, {},
               "the file is UTF-16, which cannot be read; save it as UTF-8");
+    return;
+  }
+  if (is_table(content)) {
+    found.add(FindingKind::table, {},
+              "the file is a table; nv8x_schedule_import makes a schedule of it");
     return;
   }
   if (has_old_line_ends(content)) {

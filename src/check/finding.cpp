@@ -18,6 +18,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::link, "link", Severity::error},
     {FindingKind::byte_order_mark, "byte-order-mark", Severity::error},
     {FindingKind::utf_16, "utf-16", Severity::error},
+    {FindingKind::table, "table", Severity::error},
     {FindingKind::carriage_return, "carriage-return", Severity::error},
     {FindingKind::nul_byte, "nul-byte", Severity::error},
     {FindingKind::long_line, "long-line", Severity::error},

@@ -16,6 +16,7 @@ enum class FindingKind {
   link,
   byte_order_mark,
   utf_16,
+  table,
   carriage_return,
   nul_byte,
   long_line,
