@@ -62,15 +62,10 @@ bool read_for_table(Schedule& schedule, const std::string& path, std::string& er
   return true;
 }
 
-std::optional<std::string> table_of_airing(Schedule& schedule, const std::string& path,
-                                           char separator, time_t report_time, std::string& error) {
-  for (const char* failure :
-       {complete_schedule(schedule), place_schedule(schedule, report_time, path)}) {
-    if (failure != nullptr) {
-      error = failure;
-      return std::nullopt;
-    }
-  }
+std::string table_of_airing(Schedule& schedule, const std::string& path, char separator,
+                            time_t report_time) {
+  complete_schedule(schedule);
+  place_schedule(schedule, report_time, path);
   TableText table(aired_columns, separator);
   UnitClock clock(schedule);
   walk_items(

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <ctime>
-#include <optional>
 #include <string>
 
 #include "schedule/schedule.hpp"
@@ -10,6 +9,6 @@
 bool read_for_table(Schedule& schedule, const std::string& path, std::string& error);
 
 /// The table of what airs in the unit of the report time (calendar time), after all passes. `path`
-/// is that of the schedule. Nothing, with `error`, when a pass fails.
-std::optional<std::string> table_of_airing(Schedule& schedule, const std::string& path,
-                                           char separator, time_t report_time, std::string& error);
+/// is that of the schedule.
+std::string table_of_airing(Schedule& schedule, const std::string& path, char separator,
+                            time_t report_time);

@@ -70,9 +70,8 @@ int run_export(const ImportCommand& command) {
     }
     return write_result(command, table);
   }
-  const auto table =
-      table_of_airing(schedule, command.schedule, separator, command.report_time, error);
-  return table ? write_result(command, *table) : report_failure(command.schedule, error);
+  return write_result(command,
+                      table_of_airing(schedule, command.schedule, separator, command.report_time));
 }
 
 int run_import(const ImportCommand& command) {

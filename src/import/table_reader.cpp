@@ -125,9 +125,7 @@ class TableReader {
       return;
     }
     if (!times->has_end() && kind == RowKind::item) {
-      for (const uint32_t day : times->days) {
-        open_.push_back({row, uint64_t{day} * seconds_per_day + times->start, 0});
-      }
+      keep_open(row, *times);
       return;
     }
     if (!times->has_end()) {
@@ -139,6 +137,19 @@ class TableReader {
       if (!place_section(rules_, row, *times, day, sections, findings_)) {
         return;
       }
+    }
+  }
+
+  /// The item's end is known when all rows are read.
+  void keep_open(int64_t row, const RowTimes& times) {
+    for (const uint32_t day : times.days) {
+      const uint64_t start = uint64_t{day} * seconds_per_day + times.start;
+      if (start >= rules_.days.type->unit_length) {
+        add(FindingKind::outside_unit, row, TableColumn::start,
+            "the row lies outside a " + std::string(rules_.days.type->text) + " schedule");
+        return;
+      }
+      open_.push_back({row, start, 0});
     }
   }
 
