@@ -15,11 +15,11 @@
 
 namespace {
 
-constexpr const char* program = "nv8x_schedule_import: ";
+constexpr const char* program_begin = "nv8x_schedule_import: ";
 
 /// Allocates no memory. May be called in a signal handler.
 void print_failure(const char* message) {
-  for (const char* text : {program, message, "\n"}) {
+  for (const char* text : {program_begin, message, "\n"}) {
     write_fully(STDERR_FILENO, text);
   }
 }
@@ -37,7 +37,7 @@ void print_failure(const char* message) {
   alarm(time_to_write);
   static_assert(watchdog_seconds == 60, "the message says so");
   remove_draft();
-  write_fully(STDERR_FILENO, program);
+  write_fully(STDERR_FILENO, program_begin);
   write_fully(STDERR_FILENO, "Time limit of 60 s reached");
   if (const Activity* activity = current_activity()) {
     for (const char* text : {" while ", activity->doing(), " ", activity->file()}) {

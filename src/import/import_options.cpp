@@ -79,7 +79,7 @@ bool take_template(ImportCommand& command, const char* value) {
   return is_type_with_unit(value) || refuse_value("unknown type", value);
 }
 
-constexpr std::array<ImportOption, 17> options = {{
+constexpr std::array<ImportOption, 17> import_options = {{
     {{"aired", nullptr, "with --export, what airs in the unit of the report time"},
      set_flag<&ImportCommand::aired>},
     {{"columns", "LIST",
@@ -146,7 +146,7 @@ CellDate local_date_of(time_t t) {
 
 ProgramInfo import_program() {
   return {.name = "nv8x_schedule_import",
-          .options = options_of(options),
+          .options = options_of(import_options),
           .operands = Offer::files,
           .version = NV8X_VERSION,
           .about = about,
@@ -158,7 +158,9 @@ std::optional<ImportCommand> parse_import_command(int argc, char** argv, int& st
   ImportCommand command;
   const auto tables = parse_command_line(
       program, argc, argv,
-      [&](size_t place, const char* value) { return options.at(place).take(command, value); },
+      [&](size_t place, const char* value) {
+        return import_options.at(place).take(command, value);
+      },
       status);
   if (!tables) {
     return std::nullopt;

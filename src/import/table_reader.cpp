@@ -243,7 +243,7 @@ const ScheduleType* find_table_type(const Table& table, const TableHeader& heade
     }
     findings.push_back({FindingKind::unknown_type,
                         place,
-                        "unknown type " + quoted(name) + did_you_mean(name, names),
+                        "unknown type " + quoted_cell(name) + did_you_mean(name, names),
                         {}});
     return nullptr;
   }
