@@ -5,7 +5,7 @@ include(GNUInstallDirs)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check tv_grab_nv8x)
+install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check tv_grab_nv8x nv8x_schedule_publish)
 install(PROGRAMS guide/render-guide TYPE BIN)
 # Both /usr/lib and /usr/local/lib are where systemd looks.
 install(FILES guide/nv8x-guide@.service guide/nv8x-guide@.timer guide/nv8x-guide@.path

@@ -14,8 +14,8 @@
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
 #include "fuzz/whole_run_input.hpp"
-#include "grab/channel_programmes.hpp"
 #include "platform/system/clock.hpp"
+#include "station/channel_programmes.hpp"
 
 namespace {
 
@@ -60,7 +60,7 @@ void run_target(std::string_view input) {
   set_whole_run_zone(parts.zone);
   const GuideSpan span{.days = number_of(parts, 0, 0, most_days, 2),
                        .offset = number_of(parts, 1, -most_days, most_days, 0)};
-  GuideChannel channel;
+  StationChannel channel;
   channel.id = "a.example";
   channel.schedule = "channel.schedule";
   channel.previous = number_of(parts, 2, 0, 1, 0) == 1;

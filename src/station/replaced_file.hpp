@@ -5,20 +5,23 @@
 
 #include "platform/system/file.hpp"
 
+/// A draft has the name of the file, this, and six characters.
+inline constexpr const char* draft_mark = ".draft-";
+
 /// The permissions of the new file: 644, or those of the old file.
 enum class NewMode { readable, as_before };
 
 /// A file that is written as a draft beside the old one. When it is complete and on the disk, it
 /// replaces the old file at once. If the path is a device or a pipe, it is written to directly. If
 /// the path is a link, the file that it points to is replaced. A link to a missing file, and a file
-/// without read permission, are not replaced. Only one GuideFile exists at a time.
-class GuideFile {
+/// without read permission, are not replaced. Only one ReplacedFile exists at a time.
+class ReplacedFile {
  public:
   /// Not open on failure, with errno set.
-  GuideFile(const std::string& path, NewMode mode);
-  GuideFile(const GuideFile&) = delete;
-  GuideFile& operator=(const GuideFile&) = delete;
-  ~GuideFile();
+  ReplacedFile(const std::string& path, NewMode mode);
+  ReplacedFile(const ReplacedFile&) = delete;
+  ReplacedFile& operator=(const ReplacedFile&) = delete;
+  ~ReplacedFile();
 
   bool is_open() const { return file_.is_open(); }
   /// Whether it is a draft that will replace a file. False if it is written to directly.

@@ -1,15 +1,17 @@
-#include "grab/early_end.hpp"
+#include "station/early_end.hpp"
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 
-#include "grab/guide_file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/run_limits.hpp"
+#include "station/replaced_file.hpp"
 
 namespace {
+
+const char* program_name = "";
 
 /// The signal already has its default action again.
 void end_by_signal(int signal) {
@@ -21,13 +23,13 @@ void end_by_signal(int signal) {
 /// changed.
 [[noreturn]] void end_run_without_memory() {
   remove_draft();
-  std::fprintf(stderr, "tv_grab_nv8x: Out of memory\n");
-  std::_Exit(EXIT_FAILURE);
+  std::fprintf(stderr, "%s: Out of memory\n", program_name);
+  std::_Exit(failure_status());
 }
 
 void report_failure(const char* message) {
   remove_draft();
-  std::fprintf(stderr, "tv_grab_nv8x: %s\n", message);
+  std::fprintf(stderr, "%s: %s\n", program_name, message);
 }
 
 bool is_ignored(int signal) {
@@ -37,8 +39,9 @@ bool is_ignored(int signal) {
 
 }  // namespace
 
-void prepare_for_early_end() {
-  set_failure_reporter(report_failure);
+void prepare_for_early_end(const char* program, int status) {
+  program_name = program;
+  set_failure_reporter(report_failure, status);
   std::set_new_handler(end_run_without_memory);
   limit_memory();
   for (const int signal : {SIGCHLD, SIGALRM}) {

@@ -1,18 +1,16 @@
-#include "grab/channel_process.hpp"
+#include "station/channel_process.hpp"
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <new>
-#include <string>
+#include <string_view>
 #include <vector>
 
-#include "grab/programme.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
@@ -25,24 +23,14 @@ const ChannelWork* work_at_hand = nullptr;
 /// The texts that were already printed, in order. There are only a few different ones.
 std::vector<std::string> warnings;
 
-void print_message(const char* text) {
-  std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", work_at_hand->channel.id.c_str(), text);
-}
-
 [[noreturn]] void end_with(ChannelEnd end) {
   _exit(static_cast<int>(end));
 }
 
 void print_kept_warnings() {
   for (const std::string& text : warnings) {
-    print_message(text.c_str());
+    print_channel_message(text.c_str());
   }
-}
-
-[[noreturn]] void fail_channel(const std::string& reason) {
-  print_kept_warnings();
-  print_message(reason.c_str());
-  end_with(ChannelEnd::failed);
 }
 
 /// If a schedule cannot be read to its end, the channel has failed.
@@ -64,7 +52,7 @@ void take_warning(Warning kind, std::string_view text) {
 void end_lacking(const char* message) {
   if (work_at_hand->attempt == Attempt::last) {
     print_kept_warnings();
-    print_message(message);
+    print_channel_message(message);
   }
   end_with(ChannelEnd::lacking);
 }
@@ -74,11 +62,11 @@ void end_lacking(const char* message) {
   if (work_at_hand->attempt == Attempt::first) {
     end_with(ChannelEnd::lacking);
   }
-  print_message("Out of memory");
+  print_channel_message("Out of memory");
   end_with(ChannelEnd::failed);
 }
 
-void enter_channel(const GuideChannel& channel) {
+void enter_channel(const StationChannel& channel) {
   setenv("TZ", channel.zone.c_str(), 1);
   tzset();
   if (!settle_local_zone()) {
@@ -90,50 +78,38 @@ void enter_channel(const GuideChannel& channel) {
   }
 }
 
-void write_or_end(int fd, std::string_view text) {
-  if (!write_fully(fd, text)) {
-    end_lacking(std::strerror(errno));
-  }
-}
-
-void write_programmes(const std::vector<Programme>& programmes, const GuideChannel& channel,
-                      int fd) {
-  constexpr size_t large = 1024UL * 1024;
-  ProgrammesHead head{programmes.size(), 0};
-  const std::string language = clean_text(channel.language);
-  std::string out(sizeof(head), '\0');
-  for (const Programme& programme : programmes) {
-    append_programme(out, programme, channel.id, language);
-    if (out.size() > large) {
-      write_or_end(fd, out);
-      head.bytes += out.size();
-      out.clear();
-    }
-  }
-  write_or_end(fd, out);
-  head.bytes += out.size() - sizeof(head);
-  std::array<char, sizeof(head)> bytes{};
-  std::memcpy(bytes.data(), &head, sizeof(head));
-  if (lseek(fd, 0, SEEK_SET) != 0) {
-    end_lacking(std::strerror(errno));
-  }
-  write_or_end(fd, {bytes.data(), bytes.size()});
-}
-
 }  // namespace
 
-void work_on_channel(const ChannelWork& work, const FileDescriptor& file) {
+void work_on_channel(const ChannelWork& work, const ChannelTask& task, int file) {
   work_at_hand = &work;
   set_failure_reporter(end_lacking);
   set_warning_reporter(take_warning);
   std::set_new_handler(end_channel_without_memory);
   enter_channel(work.channel);
-  std::string error;
-  const auto programmes = programmes_of_channel(work.channel, work.span, work.now, error);
-  if (!programmes) {
-    fail_channel(error);
-  }
-  write_programmes(*programmes, work.channel, file.get());
+  task(work, file);
   print_kept_warnings();
   end_with(ChannelEnd::done);
+}
+
+void print_channel_message(const char* text) {
+  std::fprintf(stderr, "%s: %s: %s\n", work_at_hand->program, work_at_hand->channel.id.c_str(),
+               text);
+}
+
+void fail_channel(const std::string& reason) {
+  print_kept_warnings();
+  print_channel_message(reason.c_str());
+  end_with(ChannelEnd::failed);
+}
+
+void write_channel_file(int file, std::string_view text) {
+  if (!write_fully(file, text)) {
+    end_lacking(std::strerror(errno));
+  }
+}
+
+void seek_channel_file(int file, long offset) {
+  if (lseek(file, offset, SEEK_SET) != offset) {
+    end_lacking(std::strerror(errno));
+  }
 }

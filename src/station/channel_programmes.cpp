@@ -1,8 +1,6 @@
-#include "grab/channel_programmes.hpp"
+#include "station/channel_programmes.hpp"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <limits>
 #include <map>
 #include <memory>
@@ -10,15 +8,12 @@
 
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
-#include "platform/system/file.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
-#include "schedule/complete_schedule.hpp"
-#include "schedule/rendermgr.hpp"
-#include "schedule/schedule_reader.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
+#include "station/channel_schedule.hpp"
 
 namespace {
 
@@ -122,43 +117,37 @@ void settle_stops(std::vector<Programme>& programmes) {
   }
 }
 
-std::optional<std::string> schedule_path_of(const GuideChannel& channel, std::string& error) {
-  if (!channel.schedule.empty()) {
-    return channel.schedule;
-  }
-  std::optional<std::string> path = read_rendermgr(channel.rendermgr);
-  if (!path) {
-    fail_run_for_shortage("'%s' cannot be read: %s", channel.rendermgr.c_str());
-  }
-  if (!path || path->empty()) {
-    error = "'" + channel.rendermgr + "' names no schedule";
-    return std::nullopt;
-  }
-  return path;
-}
-
-/// Reads and completes the schedule. False, with the reason, when that is not possible.
-bool read_whole_schedule(Schedule& schedule, const std::string& path, std::string& error) {
-  if (look_at(path) == FileState::link) {
-    error = "'" + path + "' is a link; name the file that it leads to";
-    return false;
-  }
-  if (!read_schedule_file(schedule, path.c_str(), Links::refused)) {
-    fail_run_for_shortage("'%s' cannot be read: %s", path.c_str());
-    error = "'" + path + "' cannot be read: " + std::strerror(errno);
-    return false;
-  }
-  if (schedule.unit_length == 0) {
-    error = "'" + path + "' is of a type without unit";
-    return false;
-  }
-  complete_schedule(schedule);
-  return true;
-}
-
 }  // namespace
 
-std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& channel,
+GuideTimes times_of_span(const GuideSpan& span, time_t now) {
+  const time_t begin = start_of_day_after(now, span.offset);
+  return {begin, start_of_day_after(begin, span.days)};
+}
+
+std::vector<Programme> programmes_of_schedule(Schedule& schedule, const std::string& path,
+                                              const GuideTimes& times, bool with_previous) {
+  // The programme on air when the span begins has started in this unit or at the seam before it.
+  time_t cursor = unit_of(schedule.type, times.begin - 1).start;
+  UnitWalk walk(schedule, path);
+  std::vector<Programme> programmes;
+  while (cursor <= times.end) {
+    std::vector<Programme> found;
+    // A unit that begins when the span ends may hold the second part of a cut programme.
+    const time_t unit_end = walk.add_unit(cursor, std::max(times.end, cursor + 1), found);
+    append_unit(programmes, std::move(found), cursor);
+    cursor = unit_end + 1;
+  }
+  cancel_watchdog();
+  settle_stops(programmes);
+  std::erase_if(programmes, [&](const Programme& programme) {
+    const bool is_before = programme.start < times.begin;
+    return programme.start >= times.end || !has_four_digit_year(programme.start) ||
+           (is_before && (!with_previous || programme.stop <= times.begin));
+  });
+  return programmes;
+}
+
+std::optional<std::vector<Programme>> programmes_of_channel(const StationChannel& channel,
                                                             const GuideSpan& span, time_t now,
                                                             std::string& error) {
   const std::optional<std::string> path = schedule_path_of(channel, error);
@@ -168,30 +157,9 @@ std::optional<std::vector<Programme>> programmes_of_channel(const GuideChannel& 
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   // Not on the stack: if the stack cannot grow because memory is short, the process would end
   // without a message.
-  const auto record = std::make_unique<Schedule>();
-  Schedule& schedule = *record;
-  if (!read_whole_schedule(schedule, *path, error)) {
+  const auto schedule = std::make_unique<Schedule>();
+  if (!read_channel_schedule(*schedule, *path, error)) {
     return std::nullopt;
   }
-  const time_t begin = start_of_day_after(now, span.offset);
-  const time_t end = start_of_day_after(begin, span.days);
-  // The programme on air when the span begins has started in this unit or at the seam before it.
-  time_t cursor = unit_of(schedule.type, begin - 1).start;
-  UnitWalk walk(schedule, *path);
-  std::vector<Programme> programmes;
-  while (cursor <= end) {
-    std::vector<Programme> found;
-    // A unit that begins when the span ends may hold the second part of a cut programme.
-    const time_t unit_end = walk.add_unit(cursor, std::max(end, cursor + 1), found);
-    append_unit(programmes, std::move(found), cursor);
-    cursor = unit_end + 1;
-  }
-  cancel_watchdog();
-  settle_stops(programmes);
-  std::erase_if(programmes, [&](const Programme& programme) {
-    const bool is_before = programme.start < begin;
-    return programme.start >= end || !has_four_digit_year(programme.start) ||
-           (is_before && (!channel.previous || programme.stop <= begin));
-  });
-  return programmes;
+  return programmes_of_schedule(*schedule, *path, times_of_span(span, now), channel.previous);
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <ctime>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,27 +27,8 @@ struct ProgrammeTexts {
   std::string rating;
 };
 
-/// One programme of a channel's guide.
-struct Programme {
-  time_t start;  ///< calendar time
-  time_t stop;   ///< -1: not known
-  std::string path;
-  std::string label;
-  std::string event_id;
-  bool fills_unit;  ///< the only programme of its unit
-  ProgrammeTexts texts;
-};
-
 /// The texts of an item from its metadata set, which may be null.
 ProgrammeTexts texts_of_item(const ScheduleItem& item, const MetadataSet& set);
-
-/// Whether the time's local year has four digits. XMLTV has no room for more.
-bool has_four_digit_year(time_t t);
-
-/// Appends the programme as an XMLTV element, with times in the local zone. The stop is left out
-/// when it is not known, lies before the start or has a year of five digits.
-void append_programme(std::string& out, const Programme& programme, const std::string& channel,
-                      const std::string& language);
 
 /// Makes the text valid for XML. Bytes that are not UTF-8 (RFC 3629) are read as Windows-1252.
 /// Characters that XML 1.0 does not allow become blanks. A run of blanks becomes one blank, and

@@ -1,4 +1,4 @@
-#include "grab/guide_file.hpp"
+#include "station/replaced_file.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -52,7 +52,7 @@ bool is_replaceable(const std::string& path, struct stat& old) {
 
 }  // namespace
 
-GuideFile::GuideFile(const std::string& path, NewMode mode) : path_(path) {
+ReplacedFile::ReplacedFile(const std::string& path, NewMode mode) : path_(path) {
   struct stat old = {};
   if (!is_replaceable(path, old)) {
     return;
@@ -75,9 +75,9 @@ GuideFile::GuideFile(const std::string& path, NewMode mode) : path_(path) {
   open_draft(is_there && mode == NewMode::as_before ? old.st_mode & permissions : readable);
 }
 
-void GuideFile::open_draft(mode_t mode) {
+void ReplacedFile::open_draft(mode_t mode) {
   const SignalsHeldBack held_back;
-  std::string draft = path_ + ".XXXXXX";
+  std::string draft = path_ + draft_mark + "XXXXXX";
   file_.reset(mkostemp(draft.data(), O_CLOEXEC));
   if (!file_.is_open()) {
     return;
@@ -93,15 +93,15 @@ void GuideFile::open_draft(mode_t mode) {
   }
 }
 
-GuideFile::~GuideFile() {
+ReplacedFile::~ReplacedFile() {
   remove_draft();
 }
 
-bool GuideFile::write(std::string_view text) {
+bool ReplacedFile::write(std::string_view text) {
   return write_fully(file_.get(), text);
 }
 
-bool GuideFile::publish() {
+bool ReplacedFile::publish() {
   if (!draft_.empty()) {
     if (fsync(file_.get()) != 0 || std::rename(draft_.c_str(), path_.c_str()) != 0) {
       return false;
