@@ -55,8 +55,7 @@ class PageMaker {
   PageMaker(const ChannelWork& work, int file, const PagesAsked& asked)
       : work_(work), channel_(work.channel), file_(file), asked_(asked) {}
 
-  /// The guards that need no schedule. False when they end the work.
-  bool pass_first_guards() {
+  void load() {
     std::string error;
     const auto path = schedule_path_of(channel_, error);
     if (!path) {
@@ -64,15 +63,20 @@ class PageMaker {
     }
     path_ = *path;
     before_ = fingerprint_of_file(path_);
+    if (!read_channel_schedule(*schedule_, path_, error)) {
+      fail_channel(error);
+    }
+  }
+
+  /// The guards that count nothing. False when they end the work.
+  bool pass_first_guards() {
     return pass(complaint_about_zone(channel_)) &&
            pass(complaint_of_checker(path_, channel_.check, work_.now));
   }
 
-  void load() {
-    std::string error;
-    if (!read_channel_schedule(*schedule_, path_, error)) {
-      fail_channel(error);
-    }
+  /// Makes the programmes of the guide, and places the schedule in the unit of the present.
+  void place() {
+    arm_watchdog();
     for (const std::string& format : channel_.formats) {
       if (format == xmltv_format) {
         const ScheduleItems prepared_items = schedule_->schedule;
@@ -179,8 +183,9 @@ void make_pages(const ChannelWork& work, int file, const PagesAsked& asked) {
   begin_channel_file(file);
   send_output_to(file);
   PageMaker maker(work, file, asked);
+  maker.load();
   if (maker.pass_first_guards()) {
-    maker.load();
+    maker.place();
     if (maker.pass_counts()) {
       maker.make_all();
     }

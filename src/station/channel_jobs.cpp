@@ -48,7 +48,9 @@ bool await_end(ChannelJob& job) {
 
 void read_messages(ChannelJob& job, const char* program) {
   if (lseek(job.messages.get(), 0, SEEK_SET) == 0) {
-    job.said = read_content(job.messages.get()).value_or("");
+    job.said = read_content(job.messages.get())
+                   .value_or(std::string(program) + ": " + job.channel->id +
+                             ": what it said cannot be read: " + std::strerror(errno) + "\n");
   }
   if (job.signal != 0) {
     job.said += std::string(program) + ": " + job.channel->id +

@@ -3,17 +3,14 @@
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <memory>
 #include <utility>
 
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
-#include "platform/system/messages.hpp"
 #include "platform/time/calendar.hpp"
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "schedule/watchdog.hpp"
-#include "station/channel_schedule.hpp"
 
 namespace {
 
@@ -145,21 +142,4 @@ std::vector<Programme> programmes_of_schedule(Schedule& schedule, const std::str
            (is_before && (!with_previous || programme.stop <= times.begin));
   });
   return programmes;
-}
-
-std::optional<std::vector<Programme>> programmes_of_channel(const StationChannel& channel,
-                                                            const GuideSpan& span, time_t now,
-                                                            std::string& error) {
-  const std::optional<std::string> path = schedule_path_of(channel, error);
-  if (!path) {
-    return std::nullopt;
-  }
-  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
-  // Not on the stack: if the stack cannot grow because memory is short, the process would end
-  // without a message.
-  const auto schedule = std::make_unique<Schedule>();
-  if (!read_channel_schedule(*schedule, *path, error)) {
-    return std::nullopt;
-  }
-  return programmes_of_schedule(*schedule, *path, times_of_span(span, now), channel.previous);
 }

@@ -2,12 +2,15 @@
 
 #include <fcntl.h>
 
+#include <cerrno>
+#include <cstring>
 #include <memory>
 
 #include "check/schedule_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"
+#include "platform/system/messages.hpp"
 #include "platform/time/known_zone.hpp"
 #include "schedule/schedule_time.hpp"
 #include "station/channel_schedule.hpp"
@@ -42,7 +45,7 @@ std::string complaint_of_checker(const std::string& path, CheckLevel level, time
   FileFindings found;
   const CheckOptions options{.media = false, .report_time = now};
   if (!check_schedule_file(path, options, found)) {
-    return {};  // reading it will fail too, and say why
+    return "the checker: " + line_of(path, found.findings.front());
   }
   const Finding* first = nullptr;
   size_t number = 0;
@@ -99,8 +102,14 @@ std::optional<uint64_t> count_announced_at(const std::string& path, time_t t) {
 
 std::optional<uint64_t> fingerprint_of_file(const std::string& path) {
   const FileDescriptor file = open_regular_file(AT_FDCWD, path.c_str(), Links::refused);
-  const auto content = file.is_open() ? read_content(file.get()) : std::nullopt;
+  if (!file.is_open()) {
+    fail_run_for_shortage("'%s' cannot be read: %s", path.c_str());
+    return std::nullopt;
+  }
+  const auto content = read_content(file.get());
   if (!content) {
+    print_warning(Warning::cut_short, "WARNING: Schedule file %s, cannot be read further, %s\n",
+                  path.c_str(), std::strerror(errno));
     return std::nullopt;
   }
   Fingerprint fingerprint;

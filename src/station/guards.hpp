@@ -31,7 +31,7 @@ uint64_t count_announced(const Schedule& schedule);
 std::optional<uint64_t> count_announced_at(const std::string& path, time_t t);
 
 /// A number that another content of the file almost certainly changes. Nothing when the file cannot
-/// be read.
+/// be opened. A read error is a warning that the file is cut short (messages.hpp).
 std::optional<uint64_t> fingerprint_of_file(const std::string& path);
 
 /// The reason when the file is not as it was.
