@@ -86,9 +86,7 @@ class PageMaker {
         arm_watchdog();
       }
     }
-    if (const char* message = place_schedule(*schedule_, work_.now, path_)) {
-      fail_channel(message);
-    }
+    place_schedule(*schedule_, work_.now, path_);
   }
 
   /// The guards that count items. False when they end the work.

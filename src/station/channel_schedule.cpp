@@ -38,7 +38,5 @@ bool read_channel_schedule(Schedule& schedule, const std::string& path, std::str
     error = "'" + path + "' is of a type without unit";
     return false;
   }
-  const char* const failed_pass = complete_schedule(schedule);
-  error = failed_pass != nullptr ? failed_pass : "";
-  return failed_pass == nullptr;
+  return complete_schedule(schedule, error);
 }
