@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <limits>
 
 #include "station/channel_jobs.hpp"
 #include "station/xmltv_guide.hpp"
@@ -27,7 +28,8 @@ bool StationGuide::add_old(const StationChannel& channel, bool is_asked) {
   }
   is_lacking_ = is_lacking_ || is_asked;
   channels_.push_back(&channel);
-  const auto count = old_.copy_ahead(channel.id, now_, programmes_.get());
+  const time_t from = is_asked ? now_ : std::numeric_limits<time_t>::min();
+  const auto count = old_.copy_ahead(channel.id, from, programmes_.get());
   count_ += count.value_or(0);
   return count.has_value();
 }
@@ -46,8 +48,8 @@ PageRow StationGuide::publish(const std::string& error) {
   const auto write = [&](int file) {
     ChannelPart all;
     const off_t bytes = lseek(programmes_.get(), 0, SEEK_END);
-    all.bytes = bytes > 0 ? static_cast<uint64_t>(bytes) : 0;
-    return write_fully(file, guide_head(channels_)) && copy_part(programmes_.get(), all, file) &&
+    all.bytes = static_cast<uint64_t>(bytes);
+    return bytes >= 0 && write_fully(file, guide_head(channels_)) && copy_part(programmes_.get(), all, file) &&
            write_fully(file, guide_foot);
   };
   row.outcome = folder_.publish(station_guide_page, write, row.reason);

@@ -16,7 +16,7 @@
 inline constexpr const char* station_guide_page = "station.xmltv";
 
 /// The XMLTV guide of all channels in one web folder. A channel that is refused or failed keeps its
-/// programmes of the old guide, as far as they lie ahead. So does one that the run is not about.
+/// programmes of the old guide, as far as they lie ahead. One that the run is not about keeps all.
 class StationGuide {
  public:
   /// Reads the old guide in the folder.
