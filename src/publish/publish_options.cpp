@@ -36,7 +36,7 @@ struct PublishOption {
 };
 
 constexpr std::array<PublishOption, 8> options = {{
-    {{"config", "FILE", "the station's configuration (/etc/nv8x/station.conf)", Offer::files},
+    {{"config", "FILE", "the configuration of the station (/etc/nv8x/station.conf)", Offer::files},
      set_text<&PublishCommand::config_file>},
     {{"jobs", "N", "channels worked on at a time (as many as processors)"}, take_jobs},
     {{"force", nullptr, "publish even what the guards refuse"}, set_flag<&PublishCommand::force>},

@@ -49,8 +49,8 @@ PageRow StationGuide::publish(const std::string& error) {
     ChannelPart all;
     const off_t bytes = lseek(programmes_.get(), 0, SEEK_END);
     all.bytes = static_cast<uint64_t>(bytes);
-    return bytes >= 0 && write_fully(file, guide_head(channels_)) && copy_part(programmes_.get(), all, file) &&
-           write_fully(file, guide_foot);
+    return bytes >= 0 && write_fully(file, guide_head(channels_)) &&
+           copy_part(programmes_.get(), all, file) && write_fully(file, guide_foot);
   };
   row.outcome = folder_.publish(station_guide_page, write, row.reason);
   return row;
