@@ -29,7 +29,7 @@ volatile std::sig_atomic_t is_begun = 0;
 
 [[noreturn]] void fail_output(int error) {
   if (output_file != STDOUT_FILENO) {
-    fail_run("Unable to write %s", std::strerror(error));
+    fail_run("Unable to write a document: %s", std::strerror(error));
   }
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
   // The rest of the buffer could not be written either.
