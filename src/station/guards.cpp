@@ -2,9 +2,11 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 #include "check/schedule_check.hpp"
 #include "metadata/item_metadata.hpp"
@@ -25,10 +27,25 @@ bool counts(const Finding& finding, CheckLevel level) {
          (level == CheckLevel::warnings && severity == Severity::warning);
 }
 
-/// The finding as the checker prints it, without its notes.
+/// The finding as the checker prints it, without its notes. A name in the file may have any length,
+/// so the middle of a long line is left out.
 std::string line_of(const std::string& file, const Finding& finding) {
-  const std::string text = text_of({file, {finding}}, 1);
-  return text.substr(0, text.find('\n'));
+  constexpr size_t most_at_each_end = 200;
+  std::string text = text_of({file, {finding}}, 1);
+  text.resize(std::min(text.size(), text.find('\n')));
+  if (text.size() > 2 * most_at_each_end) {
+    const auto continues_character = [&](size_t place) {
+      return (static_cast<unsigned char>(text[place]) & 0xc0U) == 0x80;
+    };
+    size_t begin = most_at_each_end;
+    size_t end = text.size() - most_at_each_end;
+    for (; continues_character(begin); --begin) {
+    }
+    for (; end < text.size() && continues_character(end); ++end) {
+    }
+    text.replace(begin, end - begin, " ... ");
+  }
+  return text;
 }
 
 }  // namespace
@@ -106,15 +123,20 @@ std::optional<uint64_t> fingerprint_of_file(const std::string& path) {
     fail_run_for_shortage("'%s' cannot be read: %s", path.c_str());
     return std::nullopt;
   }
-  const auto content = read_content(file.get());
-  if (!content) {
-    print_warning(Warning::cut_short, "WARNING: Schedule file %s, cannot be read further, %s\n",
-                  path.c_str(), std::strerror(errno));
-    return std::nullopt;
-  }
   Fingerprint fingerprint;
-  fingerprint.add(*content);
-  return fingerprint.value();
+  std::string buffer(64UL * 1024, '\0');
+  for (;;) {
+    const auto length = read_some(file.get(), buffer.data(), buffer.size());
+    if (!length) {
+      print_warning(Warning::cut_short, "WARNING: Schedule file %s, cannot be read further, %s\n",
+                    path.c_str(), std::strerror(errno));
+      return std::nullopt;
+    }
+    if (*length == 0) {
+      return fingerprint.value();
+    }
+    fingerprint.add(std::string_view(buffer).substr(0, *length));
+  }
 }
 
 std::string complaint_about_change(const std::string& path, std::optional<uint64_t> before) {
