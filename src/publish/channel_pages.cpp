@@ -9,6 +9,7 @@
 #include "metadata/place_schedule.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
+#include "publish/station_index.hpp"
 #include "publish/well_formed.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/watchdog.hpp"
@@ -16,6 +17,7 @@
 #include "station/channel_report.hpp"
 #include "station/channel_schedule.hpp"
 #include "station/guards.hpp"
+#include "station/now_and_next.hpp"
 #include "station/xmltv_guide.hpp"
 #include "writers/formats.hpp"
 
@@ -24,16 +26,17 @@ namespace {
 struct PageFormat {
   std::string_view name;
   const char* page_end;  ///< of the page's name, behind the channel's id
+  const char* label;     ///< of a link to it
   void (*print)(Schedule& schedule, time_t window_start, time_t window_end);  ///< null: the guide
 };
 
 constexpr std::array<PageFormat, 6> formats = {{
-    {"html", ".html", print_to_html},
-    {"xml", ".xml", print_to_xml},
-    {"json", ".json", print_to_json},
-    {"rovi", "-rovi.csv", print_to_rovi},
-    {"gracenote", "-gracenote.csv", print_to_gracenote},
-    {xmltv_format, ".xmltv", nullptr},
+    {"html", ".html", "Programme guide", print_to_html},
+    {"xml", ".xml", "XML", print_to_xml},
+    {"json", ".json", "JSON", print_to_json},
+    {"rovi", "-rovi.csv", "Rovi listing", print_to_rovi},
+    {"gracenote", "-gracenote.csv", "Gracenote listing", print_to_gracenote},
+    {xmltv_format, ".xmltv", "XMLTV guide for media centres", nullptr},
 }};
 
 const PageFormat& format_of(std::string_view name) {
@@ -102,6 +105,7 @@ class PageMaker {
     for (const std::string& format : channel_.formats) {
       make_page(format_of(format));
     }
+    make_now();
     pass(complaint_about_change(path_, before_));
   }
 
@@ -157,6 +161,16 @@ class PageMaker {
     report_.parts.push_back(std::move(part));
   }
 
+  void make_now() {
+    arm_watchdog();
+    ChannelPart part = begin_channel_part(file_, now_part);
+    write_channel_file(file_,
+                       now_html(now_and_next(*schedule_, path_, work_.now), channel_, work_.now));
+    end_channel_part(file_, part);
+    cancel_watchdog();
+    report_.parts.push_back(std::move(part));
+  }
+
   const ChannelWork& work_;
   const StationChannel& channel_;
   int file_;
@@ -172,6 +186,10 @@ class PageMaker {
 
 std::string page_name(const std::string& channel, const std::string& format) {
   return channel + format_of(format).page_end;
+}
+
+std::string page_label(std::string_view format) {
+  return format_of(format).label;
 }
 
 void make_pages(const ChannelWork& work, int file, const PagesAsked& asked) {

@@ -10,8 +10,10 @@
 #include "platform/syntax/nearest_word.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/output.hpp"
+#include "publish/answer_request.hpp"
 #include "publish/check_config.hpp"
 #include "publish/page_report.hpp"
+#include "publish/path_unit.hpp"
 #include "publish/publish_options.hpp"
 #include "publish/publish_run.hpp"
 #include "station/early_end.hpp"
@@ -70,12 +72,21 @@ int main(int argc, char** argv) {
   if (!command) {
     return status;
   }
+  if (command->cgi) {
+    const char* const query = std::getenv("QUERY_STRING");
+    return answer_request(command->config_file, query != nullptr ? query : "");
+  }
   const auto channels = read_station_config(publisher, command->config_file);
   const bool is_usable = channels && print_page_mistakes(command->config_file, *channels);
   if (command->check_config) {
     return channels && print_machine_mistakes(command->config_file, *channels) && is_usable
                ? EXIT_SUCCESS
                : could_not_begin;
+  }
+  if (command->print_path_unit && channels) {
+    print_output(path_unit_of(*channels));
+    finish_output();
+    return EXIT_SUCCESS;
   }
   const auto asked = is_usable ? asked_channels(*command, *channels) : std::nullopt;
   return asked ? publish(*command, *channels, *asked) : could_not_begin;

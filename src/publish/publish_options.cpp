@@ -35,7 +35,7 @@ struct PublishOption {
   bool (*take)(PublishCommand& command, const char* value) = nullptr;
 };
 
-constexpr std::array<PublishOption, 8> options = {{
+constexpr std::array<PublishOption, 10> options = {{
     {{"config", "FILE", "the configuration of the station (/etc/nv8x/station.conf)", Offer::files},
      set_text<&PublishCommand::config_file>},
     {{"jobs", "N", "channels worked on at a time (as many as processors)"}, take_jobs},
@@ -45,6 +45,10 @@ constexpr std::array<PublishOption, 8> options = {{
     {{"json", nullptr, "print a report on each page as JSON"}, set_flag<&PublishCommand::json>},
     {{"check-config", nullptr, "only check the configuration, and print all mistakes"},
      set_flag<&PublishCommand::check_config>},
+    {{"print-path-unit", nullptr, "print a unit of systemd that watches the schedules"},
+     set_flag<&PublishCommand::print_path_unit>},
+    {{"cgi", nullptr, "answer a web server; QUERY_STRING has channel=ID and format=NAME"},
+     set_flag<&PublishCommand::cgi>},
     {{"help", nullptr, "print this and exit", Offer::nothing, Use::alone}},
     {{"version", nullptr, "print the version and exit", Offer::nothing, Use::alone}},
 }};
@@ -74,5 +78,9 @@ std::optional<PublishCommand> parse_publish_command(int argc, char** argv, int& 
     return std::nullopt;
   }
   command.only = *std::move(channels);
+  if ((command.cgi || command.print_path_unit) && !command.only.empty()) {
+    status = refuse_command_line(publish_program(), "this option takes no channel");
+    return std::nullopt;
+  }
   return command;
 }

@@ -15,10 +15,12 @@ inline constexpr int could_not_begin = 2;
 
 struct PublishCommand {
   std::string config_file = station_config_path;
-  int jobs = 1;                   ///< maximum number of channels in work at the same time
-  bool force = false;             ///< publish what the guards refuse
-  bool dry_run = false;           ///< write nothing
-  bool json = false;              ///< print a report on standard output
+  int jobs = 1;          ///< maximum number of channels in work at the same time
+  bool force = false;    ///< publish what the guards refuse
+  bool dry_run = false;  ///< write nothing
+  bool json = false;     ///< print a report on standard output
+  bool cgi = false;      ///< answer a web server
+  bool print_path_unit = false;
   bool check_config = false;      ///< only tell the mistakes of the configuration
   std::vector<std::string> only;  ///< ids of the channels; empty: all
 };

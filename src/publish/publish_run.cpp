@@ -14,6 +14,7 @@
 #include "platform/syntax/text.hpp"
 #include "publish/channel_pages.hpp"
 #include "publish/station_guide.hpp"
+#include "publish/station_index.hpp"
 #include "station/channel_jobs.hpp"
 #include "station/channel_report.hpp"
 #include "station/xmltv_guide.hpp"
@@ -26,9 +27,10 @@ bool has_format(const StationChannel& channel, std::string_view format) {
 
 /// A web folder, with the guide of its channels. There is no guide if none of them has the format.
 struct Site {
-  Site(const std::string& path, bool is_dry_run) : folder(path, is_dry_run) {}
+  Site(const std::string& path, bool is_dry_run) : folder(path, is_dry_run), index(folder) {}
 
   WebFolder folder;
+  StationIndex index;
   std::unique_ptr<StationGuide> guide;
   std::string guide_error;
 };
@@ -98,7 +100,7 @@ class PublishRun {
   }
 
   void prepare_site(const std::string& path, Site& site) {
-    std::set<std::string> pages = {station_guide_page, state_file};
+    std::set<std::string> pages = {station_guide_page, station_index_page, state_file};
     bool has_guide = false;
     for (const StationChannel* channel : asked_) {
       if (real_path(channel->web_folder) == path) {
@@ -137,6 +139,7 @@ class PublishRun {
   /// None of the channel's pages is published.
   void take_all(const StationChannel& channel, Outcome outcome, const std::string& reason,
                 std::optional<uint64_t> items) {
+    site_of(channel).index.set_now(channel, {});
     std::vector<PageRow> rows;
     for (const std::string& format : channel.formats) {
       rows.push_back({channel.id, format, outcome, reason, items, 0});
@@ -177,7 +180,11 @@ class PublishRun {
   void take_pages(const StationChannel& channel, int file, const ChannelReport& report) {
     std::vector<PageRow> rows;
     for (const ChannelPart& part : report.parts) {
-      rows.push_back(take_page(channel, file, part));
+      if (part.name == now_part) {
+        site_of(channel).index.set_now(channel, text_of_part(file, part).value_or(""));
+      } else {
+        rows.push_back(take_page(channel, file, part));
+      }
     }
     WebFolder& folder = site_of(channel).folder;
     if (report.items &&
@@ -251,6 +258,10 @@ class PublishRun {
   /// Publishes the guides and writes the states.
   void finish_sites(std::string& error) {
     add_others_before(nullptr);
+    std::map<std::string, std::vector<const StationChannel*>> channels;  // by web folder
+    for (const StationChannel& channel : all_) {
+      channels[real_path(channel.web_folder)].push_back(&channel);
+    }
     for (const auto& [path, site] : sites_) {
       if (!site->folder.error().empty()) {
         continue;
@@ -259,11 +270,17 @@ class PublishRun {
         rows_.push_back(site->guide->publish(site->guide_error));
         print_if_bad(station_guide_page, rows_.back());
       }
+      publish_index(channels.at(path), *site);
       std::string reason;
       if (!site->folder.finish(reason)) {
         error = "'" + path + "/" + state_file + "', the counts for the next run: " + reason;
       }
     }
+  }
+
+  void publish_index(const std::vector<const StationChannel*>& channels, Site& site) {
+    rows_.push_back(site.index.publish(channels));
+    print_if_bad(station_index_page, rows_.back());
   }
 
   const PublishCommand& command_;

@@ -98,6 +98,12 @@ std::string text_of_report(const ChannelReport& report) {
   return text;
 }
 
+std::optional<std::string> text_at(int file, uint64_t offset, uint64_t bytes) {
+  std::string text(bytes, '\0');
+  const auto length = read_fully_at(file, text.data(), text.size(), static_cast<long>(offset));
+  return length == text.size() ? std::optional(std::move(text)) : std::nullopt;
+}
+
 std::optional<ChannelReport> report_of_text(std::string_view text) {
   FieldReader fields(text);
   ChannelReport report;
@@ -159,13 +165,13 @@ std::optional<ChannelReport> read_channel_report(int file) {
       place.bytes != static_cast<uint64_t>(end) - place.offset) {
     return std::nullopt;
   }
-  std::string text(place.bytes, '\0');
-  if (read_fully_at(file, text.data(), text.size(), static_cast<long>(place.offset)) !=
-      text.size()) {
-    return std::nullopt;
-  }
-  errno = EIO;
-  return report_of_text(text);
+  const auto text = text_at(file, place.offset, place.bytes);
+  errno = text ? EIO : errno;
+  return text ? report_of_text(*text) : std::nullopt;
+}
+
+std::optional<std::string> text_of_part(int file, const ChannelPart& part) {
+  return text_at(file, part.offset, part.bytes);
 }
 
 bool copy_part(int from, const ChannelPart& part, int to) {

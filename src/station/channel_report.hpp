@@ -38,5 +38,8 @@ void write_channel_report(int file, const ChannelReport& report);
 /// Nothing, with errno set, when the file cannot be read or the report is not whole.
 std::optional<ChannelReport> read_channel_report(int file);
 
+/// The text of a part. Nothing, with errno set, when it cannot be read.
+std::optional<std::string> text_of_part(int file, const ChannelPart& part);
+
 /// Copies the text of a part. False, with errno set, when that fails.
 bool copy_part(int from, const ChannelPart& part, int to);
