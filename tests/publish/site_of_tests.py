@@ -11,6 +11,7 @@ NOW = 1772733600  # 5 March 2026, 18:00 UTC
 PREFIX = "nv8x_schedule_publish: "
 STATE = ".nv8x-publish.state"
 LOCK = ".nv8x-publish.lock"
+INDEX = "index.html"
 TIME_LIMIT = 120  # seconds
 
 failures = []
@@ -77,9 +78,9 @@ class Site:
         return process.returncode, out.decode(), err.decode()
 
     def pages(self):
-        """The pages by name."""
+        """The pages by name, without that of the station."""
         return {path.name: path.read_bytes() for path in self.web.iterdir()
-                if path.name not in (STATE, LOCK) and path.is_file()}
+                if path.name not in (STATE, LOCK, INDEX) and path.is_file()}
 
     def expect(self, what, arguments, status, said="", **more):
         """One run with this status and these words, and nothing on standard output."""
