@@ -56,7 +56,12 @@ class PublishRun {
  public:
   PublishRun(const PublishCommand& command, const std::vector<StationChannel>& all,
              const std::vector<const StationChannel*>& asked, time_t now)
-      : command_(command), all_(all), asked_(asked), now_(now), progress_(asked.size()) {}
+      : command_(command), all_(all), asked_(asked), now_(now), progress_(asked.size()) {
+    for (const StationChannel& channel : all) {
+      std::string& path = real_paths_[channel.web_folder];
+      path = path.empty() ? real_path(channel.web_folder) : path;
+    }
+  }
 
   std::vector<PageRow> publish_all(std::string& error) {
     open_sites();
@@ -81,10 +86,15 @@ class PublishRun {
   }
 
  private:
+  /// A process works in its channel's folder, where a relative path means another folder.
+  const std::string& real_path_of(const StationChannel& channel) const {
+    return real_paths_.at(channel.web_folder);
+  }
+
   void open_sites() {
     std::set<std::string> paths;  // in one order, so that two runs do not wait for each other
     for (const StationChannel* channel : asked_) {
-      paths.insert(real_path(channel->web_folder));
+      paths.insert(real_path_of(*channel));
     }
     for (const std::string& path : paths) {
       Site& site =
@@ -103,7 +113,7 @@ class PublishRun {
     std::set<std::string> pages = {station_guide_page, station_index_page, state_file};
     bool has_guide = false;
     for (const StationChannel* channel : asked_) {
-      if (real_path(channel->web_folder) == path) {
+      if (real_path_of(*channel) == path) {
         for (const std::string& format : channel->formats) {
           pages.insert(page_name(channel->id, format));
         }
@@ -118,7 +128,7 @@ class PublishRun {
     }
   }
 
-  Site& site_of(const StationChannel& channel) { return *sites_.at(real_path(channel.web_folder)); }
+  Site& site_of(const StationChannel& channel) { return *sites_.at(real_path_of(channel)); }
 
   PagesAsked asked_of(const ChannelWork& work) {
     const PublishState& state = site_of(work.channel).folder.state();
@@ -245,7 +255,7 @@ class PublishRun {
   void add_others_before(const StationChannel* channel) {
     for (; next_ < all_.size() && &all_[next_] != channel; ++next_) {
       const StationChannel& other = all_[next_];
-      const auto site = sites_.find(real_path(other.web_folder));
+      const auto site = sites_.find(real_path_of(other));
       const bool is_asked = std::ranges::find(asked_, &other) != asked_.end();
       if (!is_asked && site != sites_.end() && site->second->guide &&
           has_format(other, xmltv_format) && !site->second->guide->add_old(other, false)) {
@@ -260,7 +270,7 @@ class PublishRun {
     add_others_before(nullptr);
     std::map<std::string, std::vector<const StationChannel*>> channels;  // by web folder
     for (const StationChannel& channel : all_) {
-      channels[real_path(channel.web_folder)].push_back(&channel);
+      channels[real_path_of(channel)].push_back(&channel);
     }
     for (const auto& [path, site] : sites_) {
       if (!site->folder.error().empty()) {
@@ -288,6 +298,7 @@ class PublishRun {
   const std::vector<const StationChannel*>& asked_;
   time_t now_;
   Progress progress_;
+  std::map<std::string, std::string> real_paths_;       ///< of web folders as configured
   std::map<std::string, std::unique_ptr<Site>> sites_;  ///< by path without links
   size_t next_ = 0;                                     ///< in `all_`: not yet in a guide
   std::vector<PageRow> rows_;
