@@ -26,6 +26,8 @@ programme-guide page, as JSON, or as a listing for Rovi or Gracenote: by hand,
 from scripts, or as a CGI program behind a web server. A second program,
 nv8x_schedule_check, finds what a schedule file says that will not air, or not
 as it was meant, and tells what airs at a time and why. A third, tv_grab_nv8x,
-prints an XMLTV guide of many channels for media centres.")
+prints an XMLTV guide of many channels for media centres. A fourth,
+nv8x_schedule_publish, publishes all pages of a station into a web folder, and
+keeps the old pages where the new ones would be poor.")
 
 include(CPack)

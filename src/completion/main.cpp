@@ -8,6 +8,7 @@
 #include "completion/shells.hpp"
 #include "driver/options.hpp"
 #include "grab/grab_options.hpp"
+#include "publish/publish_options.hpp"
 
 namespace fs = std::filesystem;
 
@@ -50,7 +51,8 @@ void print_options(const ProgramInfo& program) {
 // of its value, the allowed values if they are limited, and what it does. The last field is empty
 // for an option that is not offered.
 int main(int argc, char** argv) {
-  const std::array<ProgramInfo, 3> programs = {printer_program(), check_program(), grab_program()};
+  const std::array<ProgramInfo, 4> programs = {printer_program(), check_program(), grab_program(),
+                                               publish_program()};
   for (const ProgramInfo& program : programs) {
     if (argc == 1) {
       print_options(program);
