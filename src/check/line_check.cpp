@@ -3,6 +3,7 @@
 #include <string>
 
 #include "check/line_checks.hpp"
+#include "check/line_fix.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/activity.hpp"
 #include "schedule/schedule_reader.hpp"
@@ -52,11 +53,24 @@ void check_unused_name(LineChecks& checks, const SchedulePart& part) {
     checks.found.add(FindingKind::text_behind_brace,
                      {part.line, part.column + static_cast<int64_t>(brace) + 1},
                      "text after the '{' keeps this line from beginning a section; put the "
-                     "text on a line of its own");
+                     "text on a line of its own",
+                     {},
+                     {line_with(part, text.substr(brace),
+                                "{\n  " + std::string(strip_blanks(text.substr(brace + 1))))});
     checks.is_in_lost_section = true;
     return;
   }
+  if (is_line_of_table(text) && section_kind_of_name(text) == SectionKind::unknown) {
+    if (part.line != checks.table_line + 1) {
+      checks.found.findings.push_back(finding_for_table(place_of(part)));
+    }
+    checks.table_line = part.line;
+    return;
+  }
   checks.found.findings.push_back(finding_for_unused_name(part));
+  if (section_kind_of_name(text) != SectionKind::unknown || meant_section(text) == "") {
+    checks.name_without_brace = text;
+  }
   if (checks.found.findings.back().kind == FindingKind::unknown_type) {
     checks.is_type_misspelt = true;
   }
@@ -68,20 +82,28 @@ void enter_section(LineChecks& checks, const SchedulePart& part, const PartEffec
   if (part.section == SectionKind::defaults) {
     begin_defaults(checks, part, effect);
   } else if (part.section == SectionKind::unknown && !part.is_rest) {
-    checks.found.add(FindingKind::unknown_section, checks.section_place,
-                     "unknown section " + quoted(part.name) + "; it is skipped" +
-                         did_you_mean_section(part.name));
+    checks.found.findings.push_back(finding_for_unknown_section(part));
   } else if (part.section != SectionKind::unknown) {
     begin_section(checks, part);
+  }
+  if (part.text == "{" && !checks.name_without_brace.empty()) {
+    take_brace_of_line_before(checks.found.findings.back(), checks.name_without_brace, part);
+    checks.is_section_broken =
+        section_kind_of_name(checks.name_without_brace) != SectionKind::unknown;
   }
 }
 
 void check_closing(LineChecks& checks, const SchedulePart& part) {
   const std::string_view behind = strip_blanks(part.text.substr(1));
   if (!behind.empty() && behind.front() != '#' && !checks.is_section_broken) {
-    checks.found.add(FindingKind::text_behind_brace, {part.line, part.column + 1},
-                     quoted(behind) + " after a '}' is not read; put it on a line of its own");
     checks.is_in_lost_section = opens_section(behind);
+    const std::string meant =
+        checks.is_in_lost_section ? "}\n" + std::string(behind) : "} # " + std::string(behind);
+    checks.found.add(
+        FindingKind::text_behind_brace, {part.line, part.column + 1},
+        quoted(behind) + " after a '}' is not read; " +
+            (checks.is_in_lost_section ? "put it on a line of its own" : "write " + quoted(meant)),
+        {}, {line_with(part, part.text, meant)});
   }
 }
 
@@ -101,6 +123,9 @@ void leave_section(LineChecks& checks, const SchedulePart& part, const PartEffec
 }
 
 void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
+  if (part.kind != PartKind::section_begin && part.kind != PartKind::comment) {
+    checks.name_without_brace = {};
+  }
   switch (part.kind) {
     case PartKind::comment:
       break;
@@ -140,7 +165,7 @@ void finish(LineChecks& checks) {
   if (!starts_with_mark(checks)) {
     finish_type_check(checks);
   }
-  finish_value_check(checks);
+  finish_time_check(checks);
   finish_defaults_check(checks);
 }
 
