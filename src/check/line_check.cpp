@@ -4,6 +4,7 @@
 
 #include "check/line_checks.hpp"
 #include "check/line_fix.hpp"
+#include "check/odd_characters.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/activity.hpp"
 #include "schedule/schedule_reader.hpp"
@@ -34,6 +35,20 @@ void check_line_of_section(LineChecks& checks, const SchedulePart& part, const P
   }
 }
 
+/// Whether a text has only characters that cannot be seen.
+bool is_invisible(std::string_view text) {
+  return strip_blanks(with_plain_characters(text)).empty();
+}
+
+void report_invisible_characters(LineChecks& checks, const SchedulePart& part, size_t brace) {
+  const std::string_view behind = part.text.substr(brace + 1);
+  checks.found.add(FindingKind::text_behind_brace,
+                   {part.line, part.column + static_cast<int64_t>(brace) + 1},
+                   quoted(behind) + " behind the " + quoted(part.text.substr(brace, 1)) +
+                       " cannot be seen; remove it",
+                   {}, {line_with(part, behind, "")});
+}
+
 void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   if (part.line == 1 && starts_with_mark(checks)) {
     return;
@@ -50,6 +65,11 @@ void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   const size_t brace = text.find('{');
   if (brace != std::string_view::npos &&
       section_kind_of_name(strip_blanks(text.substr(0, brace))) != SectionKind::unknown) {
+    checks.is_in_lost_section = true;
+    if (is_invisible(text.substr(brace + 1))) {
+      report_invisible_characters(checks, part, brace);
+      return;
+    }
     checks.found.add(FindingKind::text_behind_brace,
                      {part.line, part.column + static_cast<int64_t>(brace) + 1},
                      "text after the '{' keeps this line from beginning a section; put the "
@@ -57,7 +77,6 @@ void check_unused_name(LineChecks& checks, const SchedulePart& part) {
                      {},
                      {line_with(part, text.substr(brace),
                                 "{\n  " + std::string(strip_blanks(text.substr(brace + 1))))});
-    checks.is_in_lost_section = true;
     return;
   }
   if (is_line_of_table(text) && section_kind_of_name(text) == SectionKind::unknown) {
@@ -95,16 +114,21 @@ void enter_section(LineChecks& checks, const SchedulePart& part, const PartEffec
 
 void check_closing(LineChecks& checks, const SchedulePart& part) {
   const std::string_view behind = strip_blanks(part.text.substr(1));
-  if (!behind.empty() && behind.front() != '#' && !checks.is_section_broken) {
-    checks.is_in_lost_section = opens_section(behind);
-    const std::string meant =
-        checks.is_in_lost_section ? "}\n" + std::string(behind) : "} # " + std::string(behind);
-    checks.found.add(
-        FindingKind::text_behind_brace, {part.line, part.column + 1},
-        quoted(behind) + " after a '}' is not read; " +
-            (checks.is_in_lost_section ? "put it on a line of its own" : "write " + quoted(meant)),
-        {}, {line_with(part, part.text, meant)});
+  if (behind.empty() || behind.front() == '#' || checks.is_section_broken) {
+    return;
   }
+  if (is_invisible(behind)) {
+    report_invisible_characters(checks, part, 0);
+    return;
+  }
+  checks.is_in_lost_section = opens_section(behind);
+  const std::string meant =
+      checks.is_in_lost_section ? "}\n" + std::string(behind) : "} # " + std::string(behind);
+  checks.found.add(
+      FindingKind::text_behind_brace, {part.line, part.column + 1},
+      quoted(behind) + " after a '}' is not read; " +
+          (checks.is_in_lost_section ? "put it on a line of its own" : "write " + quoted(meant)),
+      {}, {line_with(part, part.text, meant)});
 }
 
 void leave_section(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/line_fix.hpp"
+#include "check/odd_characters.hpp"
 #include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/syntax/text.hpp"
@@ -71,8 +72,8 @@ Finding finding_for_table(Place place) {
 }
 
 std::optional<std::string> meant_section(std::string_view name) {
-  const std::string lower = lower_case(name);
-  if (std::ranges::find(words_for_items, lower) != words_for_items.end()) {
+  const std::string lower = lower_case(strip_blanks(with_plain_characters(name)));
+  if (lower.empty() || std::ranges::find(words_for_items, lower) != words_for_items.end()) {
     return "";
   }
   if (lower == "block") {

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr size_t usual_keys = 4;  // of an item: memory for these is reserved at once
+
 std::vector<std::string_view> key_names(SectionKind kind) {
   std::vector<std::string_view> names;
   for (const SectionKey& key : section_keys(kind)) {
@@ -82,7 +84,8 @@ LineFix line_with_comment_before(const SchedulePart& part) {
 /// "start == Mon 18:00": the second sign belongs to the value.
 void check_second_equals(LineChecks& checks, const SchedulePart& part) {
   const size_t at = part.text.find('=') + 1;
-  if (part.text.substr(at).starts_with('=')) {
+  // A label may be decorated: "label === News ===".
+  if (part.text.substr(at).starts_with('=') && !part.text.substr(at).starts_with("==")) {
     checks.found.add(FindingKind::double_equals,
                      {part.line, part.column + static_cast<int64_t>(at)},
                      "the second '=' is part of the value; write one", {},
@@ -155,6 +158,7 @@ void keep_section(LineChecks& checks, SectionKind kind) {
 void begin_section(LineChecks& checks, const SchedulePart& part) {
   checks.section = {};
   checks.section.place = place_of(part);
+  checks.section.values.reserve(usual_keys);
   checks.misspelt.clear();
   checks.empty_values.clear();
 }

@@ -14,17 +14,18 @@ bool has_doubtful_time(const WrittenSchedule& written, const WrittenSection& sec
          written.doubtful_times.contains(section.place_of(ScheduleKey::end).line);
 }
 
-void check_span(const WrittenSchedule& written, const WrittenSection& section,
-                const std::string& what, const ScheduleType& type, FileFindings& found) {
+void check_span(const WrittenSchedule& written, const WrittenSection& section, const char* what,
+                const ScheduleType& type, FileFindings& found) {
   if (section.is_broken) {
     return;
   }
   const auto start = section.start;
   const auto end = section.end;
-  const std::string unit = "the schedule's " + unit_text(type);
+  const auto subject = [&] { return "the " + std::string(what); };
+  const auto unit = [&] { return "the schedule's " + unit_text(type); };
   if (type.unit_length > 0 && start >= type.unit_length) {
     found.add(FindingKind::outside_unit, section.place_of(ScheduleKey::start),
-              "the " + what + " starts outside " + unit);
+              subject() + " starts outside " + unit());
   } else if (as_signed(start) >= as_signed(end)) {
     if (has_doubtful_time(written, section)) {
       return;
@@ -33,11 +34,11 @@ void check_span(const WrittenSchedule& written, const WrittenSection& section,
     const char* fault =
         start == end ? " ends at the same time as it starts" : " ends before it starts";
     found.add(start == end ? FindingKind::no_length : FindingKind::reversed,
-              section.place_of(ScheduleKey::end), "the " + what + fault + advice.text, {},
+              section.place_of(ScheduleKey::end), subject() + fault + advice.text, {},
               std::move(advice.fix));
   } else if (type.unit_length > 0 && end > type.unit_length) {
     found.add(FindingKind::outside_unit, section.place_of(ScheduleKey::end),
-              "the " + what + " ends after " + unit);
+              subject() + " ends after " + unit());
   }
 }
 
@@ -55,30 +56,20 @@ void check_members(const WrittenSections& items, const WrittenSection& block, Fi
   }
 }
 
-/// A block without members may have any items.
-void check_membership(const WrittenSchedule& written, FileFindings& found) {
-  std::map<std::string, bool> has_members;
-  for (const auto& [start, number] : written.blocks.by_start) {
-    has_members[written.blocks.all[number].text_of(ScheduleKey::block)] = false;
+/// By the name of a block: whether an item is a member of it.
+using Membership = std::map<std::string, bool>;
+
+void check_block_of_item(const WrittenSection& item, Membership& has_members, FileFindings& found) {
+  const WrittenValue* block = item.value_of(ScheduleKey::block);
+  if (block == nullptr) {
+    return;
   }
-  for (const auto& [start, number] : written.items.by_start) {
-    const WrittenSection& item = written.items.all[number];
-    const std::string name = item.text_of(ScheduleKey::block);
-    if (name.empty()) {
-      continue;
-    }
-    if (has_members.contains(name)) {
-      has_members[name] = true;
-    } else {
-      found.add(FindingKind::unknown_block, item.place_of(ScheduleKey::block),
-                "no schedule block is called " + quoted(name));
-    }
-  }
-  for (const auto& [start, number] : written.blocks.by_start) {
-    const WrittenSection& block = written.blocks.all[number];
-    if (has_members[block.text_of(ScheduleKey::block)]) {
-      check_members(written.items, block, found);
-    }
+  const auto known = has_members.find(std::string(block->text));
+  if (known != has_members.end()) {
+    known->second = true;
+  } else {
+    found.add(FindingKind::unknown_block, block->place,
+              "no schedule block is called " + quoted(block->text));
   }
 }
 
@@ -86,11 +77,23 @@ void check_membership(const WrittenSchedule& written, FileFindings& found) {
 
 void check_sections(const WrittenSchedule& written, FileFindings& found) {
   const ScheduleType& type = *find_schedule_type(written.schedule.type);
-  for (const auto& [start, number] : written.items.by_start) {
-    check_span(written, written.items.all[number], "programme", type, found);
-  }
+  Membership has_members;
   for (const auto& [start, number] : written.blocks.by_start) {
-    check_span(written, written.blocks.all[number], "block", type, found);
+    const WrittenSection& block = written.blocks.all[number];
+    check_span(written, block, "block", type, found);
+    has_members[block.text_of(ScheduleKey::block)] = false;
   }
-  check_membership(written, found);
+  // Large schedules have many items. So they are walked through once.
+  for (const auto& [start, number] : written.items.by_start) {
+    const WrittenSection& item = written.items.all[number];
+    check_span(written, item, "programme", type, found);
+    check_block_of_item(item, has_members, found);
+  }
+  // A block without members may have any items.
+  for (const auto& [start, number] : written.blocks.by_start) {
+    const WrittenSection& block = written.blocks.all[number];
+    if (has_members[block.text_of(ScheduleKey::block)]) {
+      check_members(written.items, block, found);
+    }
+  }
 }

@@ -109,14 +109,24 @@ bool has_parts_of_day(const LineChecks& checks) {
   });
 }
 
+/// Whether the number is an hour, and as seconds would not fit to the clock of the other time.
+bool is_meant_as_hour(const BareNumber& number, const ScheduleType& type) {
+  if (number.other.empty() || is_bare_number(number.other) || !is_hour_of_day(number.value.text)) {
+    return false;
+  }
+  const uint64_t other = position_of(number.other, type).value_or(0);
+  const auto hour = static_cast<uint64_t>(std::atoi(std::string(number.value.text).c_str()));
+  return is_end(number.value) ? hour <= other : hour * 3600 < other;
+}
+
 /// The clock that the number was probably meant as. Empty for seconds.
-std::string meant_clock(const BareNumber& number, bool has_clocks, bool has_parts) {
+std::string meant_clock(const LineChecks& checks, const BareNumber& number, bool has_clocks,
+                        bool has_parts) {
   const std::string_view text = number.value.text;
   if (has_parts && is_part_of_day(text)) {
     return clock_of_part(text);
   }
-  const bool is_other_a_clock = !number.other.empty() && !is_bare_number(number.other);
-  if (looks_like_clock(text, has_clocks) || (is_other_a_clock && is_hour_of_day(text))) {
+  if (looks_like_clock(text, has_clocks) || is_meant_as_hour(number, type_of(checks))) {
     return clock_of(text);
   }
   return {};
@@ -160,14 +170,14 @@ void finish_time_check(LineChecks& checks) {
   const bool has_parts = has_parts_of_day(checks);
   const bool are_seconds =
       !checks.has_clocks && std::ranges::any_of(checks.bare_numbers, [&](const BareNumber& number) {
-        return number.value.text != "0" && meant_clock(number, false, has_parts).empty();
+        return number.value.text != "0" && meant_clock(checks, number, false, has_parts).empty();
       });
   if (are_seconds) {
     return;
   }
   const ScheduleType& type = type_of(checks);
   for (const BareNumber& number : checks.bare_numbers) {
-    const std::string clock = meant_clock(number, checks.has_clocks, has_parts);
+    const std::string clock = meant_clock(checks, number, checks.has_clocks, has_parts);
     if (clock.empty()) {
       continue;
     }
