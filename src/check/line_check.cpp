@@ -49,6 +49,21 @@ void report_invisible_characters(LineChecks& checks, const SchedulePart& part, s
                    {}, {line_with(part, behind, "")});
 }
 
+/// Text behind the brace keeps the line from beginning a section.
+void lose_section(LineChecks& checks, const SchedulePart& part, size_t brace) {
+  const std::string_view behind = part.text.substr(brace + 1);
+  checks.is_in_lost_section = true;
+  if (is_invisible(behind)) {
+    report_invisible_characters(checks, part, brace);
+    return;
+  }
+  checks.found.add(
+      FindingKind::text_behind_brace, {part.line, part.column + static_cast<int64_t>(brace) + 1},
+      "text after the '{' keeps this line from beginning a section; put the "
+      "text on a line of its own",
+      {}, {line_with(part, part.text.substr(brace), "{\n  " + std::string(strip_blanks(behind)))});
+}
+
 void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   if (part.line == 1 && starts_with_mark(checks)) {
     return;
@@ -65,18 +80,7 @@ void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   const size_t brace = text.find('{');
   if (brace != std::string_view::npos &&
       section_kind_of_name(strip_blanks(text.substr(0, brace))) != SectionKind::unknown) {
-    checks.is_in_lost_section = true;
-    if (is_invisible(text.substr(brace + 1))) {
-      report_invisible_characters(checks, part, brace);
-      return;
-    }
-    checks.found.add(FindingKind::text_behind_brace,
-                     {part.line, part.column + static_cast<int64_t>(brace) + 1},
-                     "text after the '{' keeps this line from beginning a section; put the "
-                     "text on a line of its own",
-                     {},
-                     {line_with(part, text.substr(brace),
-                                "{\n  " + std::string(strip_blanks(text.substr(brace + 1))))});
+    lose_section(checks, part, brace);
     return;
   }
   if (is_line_of_table(text) && section_kind_of_name(text) == SectionKind::unknown) {

@@ -151,9 +151,10 @@ std::optional<uint64_t> seconds_of_long_night(std::string_view clock) {
   return static_cast<uint64_t>(hour * 3600 + rest->minute * 60 + rest->second);
 }
 
-/// Advice on numbers of a clock or a date that are too large.
-std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vector<TimeWord>& words,
-                                          const ScheduleType& type) {
+/// Advice on numbers of a clock that are too large.
+std::optional<TimeAdvice> advise_on_clock_range(std::string_view text,
+                                                const std::vector<TimeWord>& words,
+                                                const ScheduleType& type) {
   for (const TimeWord& word : words) {
     const std::string at_midnight = with_word_replaced(text, word, "00:00");
     if (word.text.find(':') == std::string_view::npos || word.text.ends_with(':') ||
@@ -177,6 +178,13 @@ std::optional<TimeAdvice> advise_on_range(std::string_view text, const std::vect
     }
     return advice;
   }
+  return std::nullopt;
+}
+
+/// Advice on numbers of a date that are too large.
+std::optional<TimeAdvice> advise_on_date_range(std::string_view text,
+                                               const std::vector<TimeWord>& words,
+                                               const ScheduleType& type) {
   const std::string lower = lower_case(text);
   TimeText rest = skip_blanks(lower);
   const std::optional<WrittenDate> date = take_date(rest);
@@ -309,8 +317,9 @@ TimeAdvice advise_on_invalid_time(std::string_view text, const ScheduleType& typ
   for (const auto& found :
        {advise_on_comment(text), advise_on_odd_characters(text), advise_on_several(text, type),
         advise_on_name(text, words), advise_on_separator(text), advise_on_clock(text, words),
-        advise_on_range(text, words, type), advise_on_word(text, words, type),
-        advise_on_misspelt_name(text, words), advise_by_guess(text, type)}) {
+        advise_on_clock_range(text, words, type), advise_on_date_range(text, words, type),
+        advise_on_word(text, words, type), advise_on_misspelt_name(text, words),
+        advise_by_guess(text, type)}) {
     if (found) {
       return *found;
     }

@@ -19,8 +19,8 @@
 namespace {
 
 /// Words around a time that say nothing.
-constexpr std::array<std::string_view, 12> empty_words = {
-    "uhr", "h", "hrs", "hours", "o'clock", "at", "on", "the", "um", "am.", "den", "kl."};
+constexpr std::array<std::string_view, 11> empty_words = {
+    "uhr", "h", "hrs", "hours", "o'clock", "at", "on", "the", "um", "den", "kl."};
 
 /// The numbers of a text like "05.03.2026". The separator is the same throughout.
 struct Numbers {
