@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "check/odd_characters.hpp"
 #include "platform/syntax/json_text.hpp"
 #include "platform/syntax/utf_8.hpp"
 
@@ -35,6 +36,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::unknown_name, "unknown-name", Severity::error},
     {FindingKind::no_key, "no-key", Severity::error},
     {FindingKind::colon, "colon", Severity::error},
+    {FindingKind::double_equals, "double-equals", Severity::error},
     {FindingKind::letter_case, "letter-case", Severity::error},
     {FindingKind::repeated_key, "repeated-key", Severity::error},
     {FindingKind::bad_time, "bad-time", Severity::error},
@@ -137,6 +139,15 @@ void append_finding(std::string& out, std::string_view file, const Finding& find
     out += '}';
     separator = ", ";
   }
+  out += "], \"fix\": [";
+  separator = "";
+  for (const LineFix& fix : finding.fix) {
+    out += separator;
+    out += "{\"line\": " + std::to_string(fix.line) + ", ";
+    append_member(out, "text", fix.text);
+    out += '}';
+    separator = ", ";
+  }
   out += "]}";
 }
 
@@ -150,8 +161,9 @@ const FindingInfo& info_of(FindingKind kind) {
   return infos.at(static_cast<size_t>(kind));
 }
 
-void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes) {
-  findings.push_back({kind, place, std::move(text), std::move(notes)});
+void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes,
+                       std::vector<LineFix> fix) {
+  findings.push_back({kind, place, std::move(text), std::move(notes), std::move(fix)});
 }
 
 void sort_findings(FileFindings& file) {
@@ -214,5 +226,5 @@ std::string escaped(std::string_view text) {
 }
 
 std::string quoted(std::string_view text) {
-  return "'" + escaped(text) + "'";
+  return "'" + escaped(with_odd_characters_shown(text)) + "'";
 }

@@ -34,6 +34,7 @@ enum class FindingKind {
   unknown_name,
   no_key,
   colon,
+  double_equals,
   letter_case,
   repeated_key,
   bad_time,
@@ -92,11 +93,18 @@ struct Note {
   std::string text;
 };
 
+/// What to write in place of a line of the file: no, one or several lines.
+struct LineFix {
+  int64_t line = 1;
+  std::string text;
+};
+
 struct Finding {
   FindingKind kind;
   Place place;
   std::string text;
   std::vector<Note> notes = {};
+  std::vector<LineFix> fix = {};  ///< the advice in the text, made to the file; may be empty
 };
 
 /// What was found in one file.
@@ -104,7 +112,8 @@ struct FileFindings {
   std::string file;
   std::vector<Finding> findings = {};
 
-  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {});
+  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {},
+           std::vector<LineFix> fix = {});
 };
 
 /// Sorts the findings by place. Of several with the same place, kind and text, the first stays.
@@ -121,7 +130,8 @@ std::string json_of(std::span<const FileFindings> files);
 /// \xHH.
 std::string escaped(std::string_view text);
 
-/// The escaped text in single quotes.
+/// The escaped text in single quotes. Characters that cannot be seen, and letters that look like
+/// those of another script, become \uHHHH.
 std::string quoted(std::string_view text);
 
 // For users of the library. No program calls what stands below.

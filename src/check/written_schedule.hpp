@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,4 +76,6 @@ struct WrittenSchedule {
   WrittenSections blocks = {};
   /// Of default items, each with the first place that names it.
   std::map<std::string, Place> default_paths = {};
+  /// Lines of times that have a finding although the reader took them.
+  std::set<int64_t> doubtful_times = {};
 };

@@ -133,8 +133,8 @@ TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
       "4:1 colon: the item is dropped: a ':' does not give 'start' a value; write '='\n"
       "5:1 letter-case: the item is dropped: 'End' has no effect; write 'end'\n"
       "7:1 missing: the item is dropped: it has no 'end'\n"
-      "7:1 missing: the item is dropped: it has no 'item'\n"
-      "7:1 missing: the item is dropped: it has no 'start'\n");
+      "7:1 missing: the item is dropped: it has no 'start'\n"
+      "8:1 missing: the item is dropped: its 'item' has no value\n");
 }
 
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
@@ -163,13 +163,15 @@ TEST(SectionCheck, FindsSectionsThatStartTogether) {
 }
 
 TEST(ValueCheck, LooksAtEachValueByItsKey) {
-  EXPECT_EQ(findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
-                        "block = c & \x01\nitem duration = 5s\n}\n"),
-            "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00\n"
-            "6:11 markup: '&amp;' is one character in the XML document only; all other documents "
-            "show it as written\n"
-            "7:13 control-character: a control character makes the XML document ill-formed\n"
-            "8:17 bad-number: invalid number of seconds '5s'\n");
+  EXPECT_EQ(
+      findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
+                  "block = c & \x01\nitem duration = 5s\n}\n"),
+      "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00; write two items, "
+      "from '01:00' to '24:00' and from '00:00' to '01:00'\n"
+      "6:11 markup: '&amp;' is one character in the XML document only; all other documents "
+      "show it as written\n"
+      "7:13 control-character: a control character makes the XML document ill-formed\n"
+      "8:17 bad-number: invalid number of seconds '5s'\n");
   EXPECT_EQ(
       findings_in("*daily\nschedule block {\nblock = b\nstart = 1:00\nend = 2:00\n"
                   "announce = item\n}\n"),
@@ -209,7 +211,7 @@ TEST(LineCheck, FindsBracesOutOfPlace) {
   EXPECT_EQ(findings_in("*daily\nfoo {\n} # x\nfoo {\n}x\n"),
             "2:1 unknown-section: unknown section 'foo'; it is skipped\n"
             "4:1 unknown-section: unknown section 'foo'; it is skipped\n"
-            "5:2 text-behind-brace: 'x' after a '}' is not read; put it on a line of its own\n");
+            "5:2 text-behind-brace: 'x' after a '}' is not read; write '} # x'\n");
 }
 
 TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {
