@@ -25,6 +25,9 @@ void read_and_check_lines(WrittenSchedule& written, bool with_media, FileFinding
 /// Checks the starts and ends of items and blocks, and which items are members of a block.
 void check_sections(const WrittenSchedule& written, FileFindings& found);
 
+/// Finds items and blocks on days that some months or years lack.
+void check_dates(const WrittenSchedule& written, FileFindings& found);
+
 /// Finds items that start when clocks are changed, in the unit of the report time (calendar time)
 /// and in the next two units. The schedule must have a unit.
 void check_clock_changes(const WrittenSchedule& written, time_t report_time, FileFindings& found);

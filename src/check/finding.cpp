@@ -21,6 +21,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::nul_byte, "nul-byte", Severity::error},
     {FindingKind::long_line, "long-line", Severity::error},
     {FindingKind::not_utf_8, "not-utf-8", Severity::warning},
+    {FindingKind::no_programmes, "no-programmes", Severity::error},
     {FindingKind::unclosed_section, "unclosed-section", Severity::error},
     {FindingKind::text_behind_brace, "text-behind-brace", Severity::error},
     {FindingKind::stray_brace, "stray-brace", Severity::error},

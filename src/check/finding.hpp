@@ -20,6 +20,7 @@ enum class FindingKind {
   nul_byte,
   long_line,
   not_utf_8,
+  no_programmes,
   unclosed_section,
   text_behind_brace,
   stray_brace,

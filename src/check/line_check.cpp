@@ -101,6 +101,8 @@ void leave_section(LineChecks& checks, const SchedulePart& part, const PartEffec
 }
 
 void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
+  const bool is_type = part.kind == PartKind::type && effect.is_used;
+  checks.has_content = checks.has_content || (part.kind != PartKind::comment && !is_type);
   switch (part.kind) {
     case PartKind::comment:
       break;
@@ -137,6 +139,10 @@ void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& 
 }
 
 void finish(LineChecks& checks) {
+  if (!checks.has_content) {
+    checks.found.add(FindingKind::no_programmes, {},
+                     "nothing airs: the file holds no programmes and no default items");
+  }
   if (!starts_with_mark(checks)) {
     finish_type_check(checks);
   }

@@ -18,7 +18,8 @@
 struct LineChecks {
   WrittenSchedule& written;
   FileFindings& found;
-  bool with_media;  ///< look whether files exist, where that matters
+  bool with_media;           ///< look whether files exist, where that matters
+  bool has_content = false;  ///< some line is neither a comment nor a type that is used
 
   // The type.
   std::optional<Place> type_place = {};     ///< where it comes from, if it is known

@@ -17,6 +17,7 @@ void check_content(ScheduleSource source, const CheckOptions& options, FileFindi
   WrittenSchedule written{.content = std::move(source.content)};
   read_and_check_lines(written, options.media, found);
   check_sections(written, found);
+  check_dates(written, found);
   if (written.schedule.unit_length > 0) {
     check_clock_changes(written, options.report_time, found);
   }
