@@ -28,6 +28,15 @@ void check_sections(const WrittenSchedule& written, FileFindings& found);
 /// Finds items and blocks on days that some months or years lack.
 void check_dates(const WrittenSchedule& written, FileFindings& found);
 
+/// Finds times without a weekday, day, month or year that most times of the file have.
+void check_missing_parts(const WrittenSchedule& written, time_t report_time, FileFindings& found);
+
+/// Finds items from "12:00 am" that were probably to start at noon, and marks them.
+void check_noon(WrittenSchedule& written, FileFindings& found);
+
+/// Finds dates such as 5/3/2026, which may have been written with the day first.
+void check_month_first(const WrittenSchedule& written, FileFindings& found);
+
 /// Finds items that start when clocks are changed, in the unit of the report time (calendar time)
 /// and in the next two units. The schedule must have a unit.
 void check_clock_changes(const WrittenSchedule& written, time_t report_time, FileFindings& found);

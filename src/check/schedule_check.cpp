@@ -18,6 +18,9 @@ void check_content(ScheduleSource source, const CheckOptions& options, FileFindi
   read_and_check_lines(written, options.media, found);
   check_sections(written, found);
   check_dates(written, found);
+  check_missing_parts(written, options.report_time, found);
+  check_noon(written, found);
+  check_month_first(written, found);
   if (written.schedule.unit_length > 0) {
     check_clock_changes(written, options.report_time, found);
   }
