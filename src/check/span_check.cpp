@@ -51,6 +51,10 @@ void check_span(const WrittenSection& section, const std::string& what, const Sc
   } else if (type.unit_length > 0 && end > type.unit_length) {
     found.add(FindingKind::outside_unit, section.place_of(ScheduleKey::end),
               "the " + what + " ends after " + unit);
+  } else if (start + 1 == type.unit_length) {
+    found.add(FindingKind::last_second, section.place_of(ScheduleKey::start),
+              "the " + what + " starts in the last second of " + unit +
+                  ", and no document shows it; start it a second earlier");
   }
 }
 
