@@ -49,7 +49,7 @@ struct CheckOption {
   bool (*take)(CheckCommand& command, const char* value) = nullptr;
 };
 
-constexpr std::array<CheckOption, 10> options = {{
+constexpr std::array<CheckOption, 11> options = {{
     {{"channel", "N", "check the schedule of channel N too", Offer::channels, Use::repeated},
      take_channel},
     {{"explain", "WHEN",
@@ -61,6 +61,13 @@ constexpr std::array<CheckOption, 10> options = {{
      [](CheckCommand& command, const char* value) {
        command.json = std::string_view(value) == "json";
        return command.json || std::string_view(value) == "text" || refuse("unknown format", value);
+     }},
+    {{"formats", "LIST",
+      "documents that the station makes; some of html,xml,\njson,xmltv (the "
+      "default),rovi,gracenote",
+      Offer::words, Use::once, "html,xml,json,xmltv html,xml,json,xmltv,rovi,gracenote"},
+     [](CheckCommand& command, const char* value) {
+       return read_made_formats(value, command.options.formats) || refuse("unknown format", value);
      }},
     {{"max", "N", "print at most N findings of a file (100)"},
      [](CheckCommand& command, const char* value) {

@@ -75,6 +75,8 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::empty_time, "empty-time", Severity::warning},
     {FindingKind::wraparound, "wraparound", Severity::warning},
     {FindingKind::not_announced, "not-announced", Severity::warning},
+    {FindingKind::listed_end, "listed-end", Severity::warning},
+    {FindingKind::listed_title, "listed-title", Severity::warning},
     {FindingKind::markup, "markup", Severity::warning},
     {FindingKind::control_character, "control-character", Severity::warning},
     {FindingKind::unknown_zone, "unknown-zone", Severity::error},

@@ -74,6 +74,8 @@ enum class FindingKind {
   empty_time,
   wraparound,
   not_announced,
+  listed_end,
+  listed_title,
   markup,
   control_character,
   unknown_zone,

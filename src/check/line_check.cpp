@@ -159,11 +159,13 @@ bool is_checked(const SchedulePart& part) {
 
 }  // namespace
 
-void read_and_check_lines(WrittenSchedule& written, bool with_media, FileFindings& found) {
+void read_and_check_lines(WrittenSchedule& written, const CheckOptions& options,
+                          FileFindings& found) {
   const Activity activity("reading", found.file.c_str());
   ScheduleFile parts(written.content);
   ScheduleBuilder builder(written.schedule);
-  LineChecks checks{.written = written, .found = found, .with_media = with_media};
+  LineChecks checks{
+      .written = written, .found = found, .with_media = options.media, .formats = options.formats};
   for (SchedulePart part; parts.next(part);) {
     const PartEffect effect = builder.add_part(part);
     if (is_checked(part)) {

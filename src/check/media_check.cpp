@@ -23,19 +23,25 @@ struct KnownFile {
   bool is_readable = false;
   bool is_schedule = false;
   ItemMetadata metadata = {};
+  bool has_title = false;  ///< for the listings; or it is reported that it has none
 };
 
 class MediaCheck {
  public:
-  MediaCheck(FileId id, FileFindings& found) : found_(found), schedules_{.above = {id}} {}
+  MediaCheck(FileId id, const MadeFormats& formats, FileFindings& found)
+      : formats_(formats), found_(found), schedules_{.above = {id}} {}
 
   bool check(const WrittenSchedule& written) {
+    const ScheduleType& type = *find_schedule_type(written.schedule.type);
     for (const auto& [start, number] : written.items.by_start) {
       const WrittenSection& item = written.items.all[number];
-      const KnownFile& file =
+      KnownFile& file =
           check_file(item.text_of(ScheduleKey::item), item.place_of(ScheduleKey::item));
       if (file.is_readable && !file.is_schedule) {
         check_announced(item, file.metadata);
+      }
+      if (formats_.has_listing() && !file.is_schedule) {
+        check_listed(item, type, file);
       }
     }
     for (const auto& [path, place] : written.default_paths) {
@@ -47,7 +53,7 @@ class MediaCheck {
 
  private:
   /// Each problem is reported once, at the first place that names the file.
-  const KnownFile& check_file(const std::string& path, Place place) {
+  KnownFile& check_file(const std::string& path, Place place) {
     const auto [known, is_new] = known_.try_emplace(path);
     if (is_new) {
       known->second = check_new_file(path, place);
@@ -79,19 +85,39 @@ class MediaCheck {
     ScheduleItem item;
     item.item = path;
     const OpenedMetadata opened = open_item_metadata(item);
-    check_metadata(path, opened.set, place, found_);
+    check_metadata(path, opened.set, place, formats_, found_);
     const bool is_schedule = is_schedule_file(opened.set);
     if (is_schedule) {
       check_named_schedule(path, {status.st_dev, status.st_ino}, place, schedules_, found_);
     }
-    return {true, is_schedule, extract_item_metadata(opened.set)};
+    return {true, is_schedule, extract_item_metadata(opened.set), has_listed_title(opened.set)};
   }
 
-  void check_announced(const WrittenSection& section, const ItemMetadata& metadata) {
+  static ScheduleItem item_of(const WrittenSection& section) {
     ScheduleItem item;
     item.item = section.text_of(ScheduleKey::item);
     item.label = section.text_of(ScheduleKey::label);
     item.event_id = section.text_of(ScheduleKey::event_id);
+    return item;
+  }
+
+  /// What the listings make of the item.
+  void check_listed(const WrittenSection& section, const ScheduleType& type, KnownFile& file) {
+    const ScheduleItem item = item_of(section);
+    if (derive_announce(file.metadata, item) < 1) {
+      return;
+    }
+    check_listed_end(section, type, found_);
+    if (file.is_readable && !file.has_title && !item.label.empty()) {
+      found_.add(FindingKind::listed_title, section.place_of(ScheduleKey::label),
+                 "the listings do not show labels, but titles, and the metadata of " +
+                     quoted(item.item) + " have none: they show the file's name");
+      file.has_title = true;
+    }
+  }
+
+  void check_announced(const WrittenSection& section, const ItemMetadata& metadata) {
+    const ScheduleItem item = item_of(section);
     if (derive_announce(metadata, item) > 0) {
       return;
     }
@@ -109,6 +135,7 @@ class MediaCheck {
     }
   }
 
+  const MadeFormats& formats_;
   FileFindings& found_;
   std::map<std::string, KnownFile> known_;  ///< by path
   NamedSchedules schedules_;
@@ -130,6 +157,7 @@ void check_path(const std::string& path, Place place, bool with_media, FileFindi
   }
 }
 
-bool check_media(const WrittenSchedule& written, FileId id, FileFindings& found) {
-  return MediaCheck(id, found).check(written);
+bool check_media(const WrittenSchedule& written, FileId id, const MadeFormats& formats,
+                 FileFindings& found) {
+  return MediaCheck(id, formats, found).check(written);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 #include "check/schedule_source.hpp"
 #include "platform/metadata_handles.hpp"
 
@@ -23,9 +24,13 @@ void check_path(const std::string& path, Place place, bool with_media, FileFindi
 std::string_view reference_at(std::string_view text);
 
 /// Checks whether the metadata of the file fits into the XML document, which escapes only the
-/// values of metadata, and never control characters. Each problem is reported once for each file.
+/// values of metadata, and never control characters, and whether it is UTF-8, as JSON needs it
+/// too. Each problem is reported once for each file.
 void check_metadata(const std::string& path, const MetadataSet& set, Place place,
-                    FileFindings& found);
+                    const MadeFormats& formats, FileFindings& found);
+
+/// Whether the listings find a title in the metadata. They do not show labels.
+bool has_listed_title(const MetadataSet& set);
 
 /// What is known of the schedules that schedules name.
 struct NamedSchedules {

@@ -5,10 +5,12 @@
 #include <string>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 
 struct CheckOptions {
   bool media = true;       ///< look at the media files too
   time_t report_time = 0;  ///< calendar time
+  MadeFormats formats = {};
 };
 
 /// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False

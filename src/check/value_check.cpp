@@ -61,6 +61,12 @@ void check_markup(LineChecks& checks, const WrittenValue& value) {
     return;
   }
   const std::string_view reference = reference_at(value.text.substr(mark));
+  const MadeFormats& formats = checks.formats;
+  const bool is_harmful =
+      reference.empty() ? formats.xml : formats.html || formats.json || formats.xmltv;
+  if (!is_harmful) {
+    return;
+  }
   checks.found.add(FindingKind::markup, place_within(value, mark),
                    reference.empty()
                        ? quoted(value.text.substr(mark, 1)) +
@@ -73,7 +79,7 @@ void check_markup(LineChecks& checks, const WrittenValue& value) {
 void check_control_characters(LineChecks& checks, const WrittenValue& value) {
   const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
   const auto* found = std::ranges::find_if(value.text, is_control);
-  if (found != value.text.end()) {
+  if (found != value.text.end() && checks.formats.xml) {
     checks.found.add(FindingKind::control_character,
                      place_within(value, static_cast<size_t>(found - value.text.begin())),
                      "a control character makes the XML document ill-formed");
