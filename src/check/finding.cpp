@@ -26,6 +26,8 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::text_behind_brace, "text-behind-brace", Severity::error},
     {FindingKind::stray_brace, "stray-brace", Severity::error},
     {FindingKind::comment_behind_value, "comment-behind-value", Severity::error},
+    {FindingKind::comment_in_label, "comment-in-label", Severity::warning},
+    {FindingKind::odd_path, "odd-path", Severity::error},
     {FindingKind::no_type, "no-type", Severity::error},
     {FindingKind::unknown_type, "unknown-type", Severity::error},
     {FindingKind::second_type, "second-type", Severity::error},

@@ -25,6 +25,8 @@ enum class FindingKind {
   text_behind_brace,
   stray_brace,
   comment_behind_value,
+  comment_in_label,
+  odd_path,
   no_type,
   unknown_type,
   second_type,

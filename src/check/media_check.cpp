@@ -65,13 +65,7 @@ class MediaCheck {
     arm_watchdog();  // each file has its own time limit: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
-      const bool is_missing = errno == ENOENT || errno == ENOTDIR;
-      if (is_missing && comment_behind_path(path) != std::string::npos) {
-        return {};  // the comment already has its finding
-      }
-      found_.add(is_missing ? FindingKind::missing_media : FindingKind::unreadable_media, place,
-                 quoted(path) +
-                     (is_missing ? " does not exist" : ": " + std::string(std::strerror(errno))));
+      report_no_file(path, place, errno);
       return {};
     }
     if (!S_ISREG(status.st_mode)) {
@@ -91,6 +85,17 @@ class MediaCheck {
       check_named_schedule(path, {status.st_dev, status.st_ino}, place, schedules_, found_);
     }
     return {true, is_schedule, extract_item_metadata(opened.set), has_listed_title(opened.set)};
+  }
+
+  void report_no_file(const std::string& path, Place place, int error) {
+    if (error != ENOENT && error != ENOTDIR) {
+      found_.add(FindingKind::unreadable_media, place, quoted(path) + ": " + std::strerror(error));
+    } else if (!complaint_about_path(path)) {  // which has its finding already
+      const std::string real = path_in_other_case(path, folder_names_);
+      found_.add(FindingKind::missing_media, place,
+                 quoted(path) + " does not exist" +
+                     (real.empty() ? "" : "; write " + quoted(real) + ", the name of the file"));
+    }
   }
 
   static ScheduleItem item_of(const WrittenSection& section) {
@@ -139,23 +144,10 @@ class MediaCheck {
   FileFindings& found_;
   std::map<std::string, KnownFile> known_;  ///< by path
   NamedSchedules schedules_;
+  FolderNames folder_names_;
 };
 
 }  // namespace
-
-size_t comment_behind_path(std::string_view path) {
-  return path.find(" # ");
-}
-
-void check_path(const std::string& path, Place place, bool with_media, FileFindings& found) {
-  const size_t mark = comment_behind_path(path);
-  if (mark != std::string::npos && !(with_media && access(path.c_str(), F_OK) == 0)) {
-    found.add(
-        FindingKind::comment_behind_value,
-        {place.line, place.column + static_cast<int64_t>(mark) + 1},
-        "a comment after a path becomes part of the path; put the comment on a line of its own");
-  }
-}
 
 bool check_media(const WrittenSchedule& written, FileId id, const MadeFormats& formats,
                  FileFindings& found) {

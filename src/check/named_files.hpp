@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,12 +14,25 @@
 
 // The files that a schedule names: their paths, their metadata, and schedules among them.
 
-/// Where a comment seems to begin inside a path, or npos. Some files really have such names.
-size_t comment_behind_path(std::string_view path);
+/// Why a path is probably not the one of a file.
+struct PathComplaint {
+  FindingKind kind;
+  size_t offset;  ///< in the path
+  std::string text;
+};
 
-/// Reports such a comment in the path at that place. With `with_media`, a path that exists is not
-/// reported.
+/// What seems wrong with the path: a comment, quotes, the form of another system. Some files really
+/// have such names.
+std::optional<PathComplaint> complaint_about_path(std::string_view path);
+
+/// Reports such a path at that place. With `with_media`, a path that exists is not reported.
 void check_path(const std::string& path, Place place, bool with_media, FileFindings& found);
+
+/// The names in folders that were looked at, by the folder's path and the name in lower case.
+using FolderNames = std::map<std::string, std::map<std::string, std::string>>;
+
+/// The path of a file that differs from the path only in the case of its letters, or nothing.
+std::string path_in_other_case(const std::string& path, FolderNames& known);
 
 /// The XML reference, such as "&amp;", at the start of the text, or nothing.
 std::string_view reference_at(std::string_view text);

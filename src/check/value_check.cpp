@@ -55,6 +55,18 @@ void check_announce(LineChecks& checks, const WrittenValue& value) {
   }
 }
 
+/// A '#' before a number belongs to the label: "Part # 2".
+void check_comment_in_label(LineChecks& checks, const WrittenValue& value) {
+  const size_t mark = value.text.find(" # ");
+  const bool is_number =
+      mark != std::string_view::npos && value.text.find_first_of("0123456789", mark) == mark + 3;
+  if (mark != std::string_view::npos && !is_number) {
+    checks.found.add(FindingKind::comment_in_label, place_within(value, mark + 1),
+                     "a comment after a label becomes part of the label; put the comment on a line "
+                     "of its own");
+  }
+}
+
 void check_markup(LineChecks& checks, const WrittenValue& value) {
   const size_t mark = value.text.find_first_of("&<");
   if (mark == std::string_view::npos) {
@@ -98,6 +110,7 @@ void check_values(LineChecks& checks, const WrittenSection& section) {
     } else if (key == ScheduleKey::announce) {
       check_announce(checks, value);
     } else if (key == ScheduleKey::label) {
+      check_comment_in_label(checks, value);
       check_markup(checks, value);
       check_control_characters(checks, value);
     } else if (key == ScheduleKey::block) {
