@@ -68,7 +68,8 @@ size_t find_no_utf_8(std::string_view text) {
   return std::string_view::npos;
 }
 
-void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& found) {
+void check_bytes_of_line(std::string_view line, int64_t number, bool is_utf_8_needed,
+                         FileFindings& found) {
   const auto add = [&](FindingKind kind, size_t offset, std::string text) {
     found.add(kind, {number, static_cast<int64_t>(offset) + 1}, std::move(text));
   };
@@ -86,7 +87,8 @@ void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& fo
         "a line of " + std::to_string(line.size()) +
             " bytes: the part after the first 1023 bytes is read as further lines");
   }
-  if (const size_t at = find_no_utf_8(line); at != std::string_view::npos) {
+  if (const size_t at = is_utf_8_needed ? find_no_utf_8(line) : std::string_view::npos;
+      at != std::string_view::npos) {
     add(FindingKind::not_utf_8, at, "not valid UTF-8; the documents show these bytes unchanged");
   }
 }
@@ -97,7 +99,7 @@ bool is_hopeless(std::string_view content) {
   return is_utf_16(content) || has_old_line_ends(content);
 }
 
-void check_bytes(std::string_view content, FileFindings& found) {
+void check_bytes(std::string_view content, const MadeFormats& formats, FileFindings& found) {
   if (is_utf_16(content)) {
     found.add(FindingKind::utf_16, {},
               "the file is UTF-16, which cannot be read; save it as UTF-8");
@@ -119,7 +121,7 @@ void check_bytes(std::string_view content, FileFindings& found) {
   int64_t number = 0;
   for (std::string_view rest = content; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
-    check_bytes_of_line(line, ++number, found);
+    check_bytes_of_line(line, ++number, formats.xml || formats.json, found);
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   }
 }

@@ -154,6 +154,8 @@ void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& 
   if (part.kind != PartKind::section_begin && part.kind != PartKind::comment) {
     checks.name_without_brace = {};
   }
+  const bool is_type = part.kind == PartKind::type && effect.is_used;
+  checks.has_content = checks.has_content || (part.kind != PartKind::comment && !is_type);
   switch (part.kind) {
     case PartKind::comment:
       break;
@@ -190,6 +192,10 @@ void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& 
 }
 
 void finish(LineChecks& checks) {
+  if (!checks.has_content) {
+    checks.found.add(FindingKind::no_programmes, {},
+                     "nothing airs: the file holds no programmes and no default items");
+  }
   if (!starts_with_mark(checks)) {
     finish_type_check(checks);
   }
@@ -206,11 +212,13 @@ bool is_checked(const SchedulePart& part) {
 
 }  // namespace
 
-void read_and_check_lines(WrittenSchedule& written, bool with_media, FileFindings& found) {
+void read_and_check_lines(WrittenSchedule& written, const CheckOptions& options,
+                          FileFindings& found) {
   const Activity activity("reading", found.file.c_str());
   ScheduleFile parts(written.content);
   ScheduleBuilder builder(written.schedule);
-  LineChecks checks{.written = written, .found = found, .with_media = with_media};
+  LineChecks checks{
+      .written = written, .found = found, .with_media = options.media, .formats = options.formats};
   for (SchedulePart part; parts.next(part);) {
     const PartEffect effect = builder.add_part(part);
     if (is_checked(part)) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 #include "check/written_schedule.hpp"
 #include "schedule/schedule_reader.hpp"
 
@@ -25,6 +26,8 @@ struct LineChecks {
   WrittenSchedule& written;
   FileFindings& found;
   bool with_media;  ///< look whether files exist, where that matters
+  MadeFormats formats;
+  bool has_content = false;  ///< some line is neither a comment nor a type that is used
 
   // The type.
   std::optional<Place> type_place = {};     ///< where it comes from, if it is known

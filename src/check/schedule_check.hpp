@@ -3,12 +3,15 @@
 #include <ctime>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 
 struct CheckOptions {
   bool media = true;       ///< look at the media files too
   time_t report_time = 0;  ///< calendar time
+  MadeFormats formats = {};
 };
 
 /// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False
@@ -23,3 +26,6 @@ void check_zone(FileFindings& found);
 /// or the file cannot be read; `error` says why.
 std::optional<std::string> explain_moment(const std::string& file, const std::string& moment,
                                           const CheckOptions& options, std::string& error);
+
+/// The story of a moment as a JSON object: the file, the moment, and each line's name and text.
+std::string json_of_story(const std::string& file, std::string_view story);

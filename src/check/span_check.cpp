@@ -39,6 +39,10 @@ void check_span(const WrittenSchedule& written, const WrittenSection& section, c
   } else if (type.unit_length > 0 && end > type.unit_length) {
     found.add(FindingKind::outside_unit, section.place_of(ScheduleKey::end),
               subject() + " ends after " + unit());
+  } else if (start + 1 == type.unit_length) {
+    found.add(FindingKind::last_second, section.place_of(ScheduleKey::start),
+              subject() + " starts in the last second of " + unit() +
+                  ", and no document shows it; start it a second earlier");
   }
 }
 

@@ -43,12 +43,30 @@ void check_announce(LineChecks& checks, const WrittenValue& value) {
   }
 }
 
+/// A '#' before a number belongs to the label: "Part # 2".
+void check_comment_in_label(LineChecks& checks, const WrittenValue& value) {
+  const size_t mark = value.text.find(" # ");
+  const bool is_number =
+      mark != std::string_view::npos && value.text.find_first_of("0123456789", mark) == mark + 3;
+  if (mark != std::string_view::npos && !is_number) {
+    checks.found.add(FindingKind::comment_in_label, place_within(value, mark + 1),
+                     "a comment after a label becomes part of the label; put the comment on a line "
+                     "of its own");
+  }
+}
+
 void check_markup(LineChecks& checks, const WrittenValue& value) {
   const size_t mark = value.text.find_first_of("&<");
   if (mark == std::string_view::npos) {
     return;
   }
   const std::string_view reference = reference_at(value.text.substr(mark));
+  const MadeFormats& formats = checks.formats;
+  const bool is_harmful =
+      reference.empty() ? formats.xml : formats.html || formats.json || formats.xmltv;
+  if (!is_harmful) {
+    return;
+  }
   checks.found.add(FindingKind::markup, place_within(value, mark),
                    reference.empty()
                        ? quoted(value.text.substr(mark, 1)) +
@@ -61,7 +79,7 @@ void check_markup(LineChecks& checks, const WrittenValue& value) {
 void check_control_characters(LineChecks& checks, const WrittenValue& value) {
   const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
   const auto* found = std::ranges::find_if(value.text, is_control);
-  if (found != value.text.end()) {
+  if (found != value.text.end() && checks.formats.xml) {
     checks.found.add(FindingKind::control_character,
                      place_within(value, static_cast<size_t>(found - value.text.begin())),
                      "a control character makes the XML document ill-formed");
@@ -80,6 +98,7 @@ void check_values(LineChecks& checks, const WrittenSection& section) {
     } else if (key == ScheduleKey::announce) {
       check_announce(checks, value);
     } else if (key == ScheduleKey::label) {
+      check_comment_in_label(checks, value);
       check_markup(checks, value);
       check_control_characters(checks, value);
     } else if (key == ScheduleKey::block) {

@@ -38,7 +38,8 @@ struct WrittenSection {
   std::vector<WrittenValue> values;  ///< one for each key
   uint64_t start = no_time;          ///< schedule seconds, as read
   uint64_t end = no_time;
-  bool is_broken = false;  ///< it runs into the next one and gets no more findings
+  bool is_broken = false;      ///< it runs into the next one and gets no more findings
+  bool is_noon_meant = false;  ///< it starts at "12:00 am" and was probably to start at noon
 
   /// The value of the key, or null.
   const WrittenValue* value_of(ScheduleKey key) const {

@@ -33,7 +33,7 @@ std::string text_of(FileFindings file) {
 std::string findings_in(const std::string& content) {
   WrittenSchedule written{.content = content};
   FileFindings found{.file = "f"};
-  read_and_check_lines(written, false, found);
+  read_and_check_lines(written, {.media = false}, found);
   return text_of(found);
 }
 
@@ -141,7 +141,7 @@ TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
   WrittenSchedule written{.content =
                               "*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n"};
   FileFindings found{.file = "f"};
-  read_and_check_lines(written, false, found);
+  read_and_check_lines(written, {.media = false}, found);
   EXPECT_EQ(text_of(found),
             "3:2 repeated-key: a later line sets 'item' again; this line has no effect\n  4:2 the "
             "later line is here\n");
@@ -198,7 +198,19 @@ TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
   EXPECT_EQ(text_of(found),
             "3:22 comment-behind-value: a comment after a path becomes part of the path; put the "
             "comment on a line of its own\n");
-  EXPECT_EQ(comment_behind_path("a # b # c"), 1U);
+  const auto complaint = complaint_about_path("a # b # c");
+  ASSERT_TRUE(complaint);
+  EXPECT_EQ(complaint->offset, 2U);
+}
+
+TEST(MadeFormats, AreThoseOfTheList) {
+  MadeFormats formats;
+  EXPECT_FALSE(formats.has_listing());
+  ASSERT_TRUE(read_made_formats("html,gracenote", formats));
+  EXPECT_TRUE(formats.html && formats.gracenote && formats.has_listing());
+  EXPECT_FALSE(formats.xml || formats.json || formats.xmltv || formats.rovi);
+  EXPECT_FALSE(read_made_formats("", formats));
+  EXPECT_FALSE(read_made_formats("html,", formats));
 }
 
 TEST(LineCheck, FindsBracesOutOfPlace) {
