@@ -6,7 +6,8 @@ set(debian ${CMAKE_CURRENT_LIST_DIR}/../packaging/debian)
 
 execute_process(COMMAND strip --remove-section=.comment --remove-section=.note
                         ${root}/bin/nv8x_schedule_to_xml ${root}/bin/nv8x_schedule_check
-                        ${root}/bin/nv8x_schedule_import ${root}/bin/tv_grab_nv8x
+                         ${root}/bin/nv8x_schedule_import ${root}/bin/tv_grab_nv8x
+                         ${root}/bin/nv8x_schedule_publish
                 COMMAND_ERROR_IS_FATAL ANY)
 
 file(RENAME ${documentation}/CHANGELOG.md ${documentation}/changelog)

@@ -5,13 +5,13 @@ include(GNUInstallDirs)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check nv8x_schedule_import tv_grab_nv8x)
-install(PROGRAMS guide/render-guide TYPE BIN)
+install(TARGETS nv8x_schedule_to_xml nv8x_schedule_check nv8x_schedule_import tv_grab_nv8x
+                nv8x_schedule_publish)
 # Both /usr/lib and /usr/local/lib are where systemd looks.
-install(FILES guide/nv8x-guide@.service guide/nv8x-guide@.timer guide/nv8x-guide@.path
+install(FILES systemd/nv8x-publish.service systemd/nv8x-publish.timer
         DESTINATION lib/systemd/system)
 install(FILES man/nv8x_schedule_to_xml.1 man/nv8x_schedule_check.1
-              man/nv8x_schedule_import.1 man/tv_grab_nv8x.1 man/render-guide.1
+              man/nv8x_schedule_import.1 man/tv_grab_nv8x.1 man/nv8x_schedule_publish.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES man/nv8x_schedule.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
 install(DIRECTORY ${PROJECT_BINARY_DIR}/completion/bash/

@@ -11,7 +11,7 @@ find "$documentation" -name '*.md' -exec \
     -e '/^<!-- installed$/,/^-->$/{/^<!-- installed$/d;/^-->$/d}' {} +
 [ "$prefix" != /usr ] || exit 0
 # Files of ours, by their names. Media files are left alone.
-ours='((bin|lib|share)/[[:alnum:]/._-]*(nv8x|render-guide))'
+ours='((bin|lib|share)/[[:alnum:]/._-]*(nv8x))'
 grep -rIlE "/usr/$ours" "$documentation" "$manual" | while IFS= read -r file; do
   sed -i -E "s#(^|[^[:alnum:]])/usr/$ours#\1$prefix/\2#g" "$file"
 done

@@ -27,6 +27,8 @@ from scripts, or as a CGI program behind a web server. A second program,
 nv8x_schedule_check, finds what a schedule file says that will not air, or not
 as it was meant, and tells what airs at a time and why. A third, tv_grab_nv8x,
 prints an XMLTV guide of many channels for media centres. A fourth,
-nv8x_schedule_import, makes schedule files of spreadsheets, and back.")
+nv8x_schedule_import, makes schedule files of spreadsheets, and back. A fifth,
+nv8x_schedule_publish, publishes all pages of a station into a web folder, and
+keeps the old pages where the new ones would be poor.")
 
 include(CPack)

@@ -1,6 +1,8 @@
 #include "check/checks.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "platform/syntax/schedule_file.hpp"
@@ -9,8 +11,26 @@
 
 namespace {
 
+/// Whether the file begins as UTF-16 without a byte order mark: every other byte is NUL.
+bool is_unmarked_utf_16(std::string_view content) {
+  constexpr size_t checked = 8;
+  if (content.size() < checked) {
+    return false;
+  }
+  const auto are_nul = [&](size_t first) {
+    for (size_t i = first; i < checked; i += 2) {
+      if ((content[i] == '\0') == (content[i ^ 1U] == '\0') || content[i] != '\0') {
+        return false;
+      }
+    }
+    return true;
+  };
+  return are_nul(0) || are_nul(1);
+}
+
 bool is_utf_16(std::string_view content) {
-  return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
+  return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff") ||
+         is_unmarked_utf_16(content);
 }
 
 /// Whether the text is a table and no schedule: its first line has cells, and nothing opens a
@@ -36,8 +56,26 @@ bool has_old_line_ends(std::string_view content) {
   return !has_line_feed && content.find('\r') != std::string_view::npos;
 }
 
+/// Whether no byte has its highest bit set.
+bool is_ascii(std::string_view text) {
+  constexpr uint64_t highest_bits = 0x8080808080808080;
+  uint64_t bits = 0;
+  for (; text.size() >= sizeof bits; text.remove_prefix(sizeof bits)) {
+    uint64_t bytes = 0;
+    std::memcpy(&bytes, text.data(), sizeof bytes);
+    bits |= bytes;
+  }
+  for (const char c : text) {
+    bits |= static_cast<unsigned char>(c);
+  }
+  return (bits & highest_bits) == 0;
+}
+
 /// The first byte that is not valid UTF-8, or npos.
 size_t find_no_utf_8(std::string_view text) {
+  if (is_ascii(text)) {
+    return std::string_view::npos;
+  }
   for (std::string_view rest = text; !rest.empty();) {
     if (!take_utf_8(rest)) {
       return text.size() - rest.size();
@@ -46,7 +84,8 @@ size_t find_no_utf_8(std::string_view text) {
   return std::string_view::npos;
 }
 
-void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& found) {
+void check_bytes_of_line(std::string_view line, int64_t number, bool is_utf_8_needed,
+                         FileFindings& found) {
   const auto add = [&](FindingKind kind, size_t offset, std::string text) {
     found.add(kind, {number, static_cast<int64_t>(offset) + 1}, std::move(text));
   };
@@ -64,7 +103,8 @@ void check_bytes_of_line(std::string_view line, int64_t number, FileFindings& fo
         "a line of " + std::to_string(line.size()) +
             " bytes: the part after the first 1023 bytes is read as further lines");
   }
-  if (const size_t at = find_no_utf_8(line); at != std::string_view::npos) {
+  if (const size_t at = is_utf_8_needed ? find_no_utf_8(line) : std::string_view::npos;
+      at != std::string_view::npos) {
     add(FindingKind::not_utf_8, at, "not valid UTF-8; the documents show these bytes unchanged");
   }
 }
@@ -75,7 +115,7 @@ bool is_hopeless(std::string_view content) {
   return is_utf_16(content) || is_table(content) || has_old_line_ends(content);
 }
 
-void check_bytes(std::string_view content, FileFindings& found) {
+void check_bytes(std::string_view content, const MadeFormats& formats, FileFindings& found) {
   if (is_utf_16(content)) {
     found.add(FindingKind::utf_16, {},
               "the file is UTF-16, which cannot be read; save it as UTF-8");
@@ -94,12 +134,15 @@ void check_bytes(std::string_view content, FileFindings& found) {
   }
   if (content.starts_with(byte_order_mark)) {
     found.add(FindingKind::byte_order_mark, {},
-              "the byte order mark makes the first line an unknown line; save the file without it");
+              "the byte order mark makes the first line an unknown line; save the file without it",
+              {},
+              {{1, std::string(content.substr(byte_order_mark.size(),
+                                              content.find('\n') - byte_order_mark.size()))}});
   }
   int64_t number = 0;
   for (std::string_view rest = content; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
-    check_bytes_of_line(line, ++number, found);
+    check_bytes_of_line(line, ++number, formats.xml || formats.json, found);
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   }
 }

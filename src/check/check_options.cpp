@@ -47,9 +47,10 @@ struct CheckOption {
   OptionInfo info;
   /// Prints a message and returns false if the value is wrong.
   bool (*take)(CheckCommand& command, const char* value) = nullptr;
+  bool is_of_findings = false;  ///< it cannot be given with --explain
 };
 
-constexpr std::array<CheckOption, 10> options = {{
+constexpr std::array<CheckOption, 11> options = {{
     {{"channel", "N", "check the schedule of channel N too", Offer::channels, Use::repeated},
      take_channel},
     {{"explain", "WHEN",
@@ -62,19 +63,29 @@ constexpr std::array<CheckOption, 10> options = {{
        command.json = std::string_view(value) == "json";
        return command.json || std::string_view(value) == "text" || refuse("unknown format", value);
      }},
+    {{"formats", "LIST",
+      "documents that the station makes; some of html,xml,\njson,xmltv (the "
+      "default),rovi,gracenote",
+      Offer::words, Use::once, "html,xml,json,xmltv html,xml,json,xmltv,rovi,gracenote"},
+     [](CheckCommand& command, const char* value) {
+       return read_made_formats(value, command.options.formats) || refuse("unknown format", value);
+     },
+     true},
     {{"max", "N", "print at most N findings of a file (100)"},
      [](CheckCommand& command, const char* value) {
        return parse_whole_number(value, command.max_findings) || refuse("invalid number", value);
-     }},
+     },
+     true},
     {{"no-media", nullptr, "do not look at media files"},
      [](CheckCommand& command, const char*) {
        command.options.media = false;
        return true;
-     }},
+     },
+     true},
     {{"rendermgr", "FILE", "check the schedule that a render-manager file names too", Offer::files,
       Use::repeated},
      [](CheckCommand& command, const char* value) { return take_rendermgr(command, value); }},
-    {{"strict", nullptr, "count warnings as errors"}, set_flag<&CheckCommand::strict>},
+    {{"strict", nullptr, "count warnings as errors"}, set_flag<&CheckCommand::strict>, true},
     {{"time", "SECONDS", "the report time, in seconds since 1970"},
      [](CheckCommand& command, const char* value) {
        return parse_whole_number(value, command.options.report_time) ||
@@ -100,7 +111,13 @@ std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& stat
   CheckCommand command;
   const auto files = parse_command_line(
       program, argc, argv,
-      [&](size_t place, const char* value) { return options.at(place).take(command, value); },
+      [&](size_t place, const char* value) {
+        const CheckOption& option = options.at(place);
+        if (option.is_of_findings) {
+          command.of_findings = option.info.name;
+        }
+        return option.take(command, value);
+      },
       status);
   if (!files) {
     return std::nullopt;
@@ -108,6 +125,11 @@ std::optional<CheckCommand> parse_check_command(int argc, char** argv, int& stat
   command.files.insert(command.files.end(), files->begin(), files->end());
   if (command.files.empty()) {
     status = refuse_command_line(program, "no file is given");
+    return std::nullopt;
+  }
+  if (command.moment && command.of_findings != nullptr) {
+    status =
+        refuse_command_line(program, std::string("--explain ignores --") + command.of_findings);
     return std::nullopt;
   }
   if (command.options.report_time == 0) {

@@ -14,6 +14,7 @@ struct CheckCommand {
   bool strict = false;                ///< warnings set the exit status too
   size_t max_findings = 100;          ///< maximum of findings printed for each file
   std::optional<std::string> moment;  ///< of --explain
+  const char* of_findings = nullptr;  ///< an option that is given and is only about findings
   std::vector<std::string> files;
 };
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "check/line_fix.hpp"
 #include "check/named_files.hpp"
 #include "check/position_text.hpp"
 #include "platform/syntax/text.hpp"
@@ -14,7 +15,12 @@ Finding finding_for_unusable_line(const SchedulePart& part) {
   const bool has_colon = part.text.find('=') == std::string_view::npos &&
                          part.text.find(':') != std::string_view::npos;
   if (has_colon) {
-    return {FindingKind::colon, place_of(part), "a ':' does not give a value; write '='"};
+    const std::string_view colon = part.text.substr(part.text.find(':'), 1);
+    return {FindingKind::colon,
+            place_of(part),
+            "a ':' does not give a value; write '='",
+            {},
+            {line_with(part, colon, " =")}};
   }
   return {FindingKind::no_key, place_of(part),
           quoted(part.text) + " does not set the default of a day; write 'day = path'"};
@@ -133,8 +139,11 @@ Finding finding_for_unused_default(const SchedulePart& part, std::string_view sc
   }
   const std::string lower = lower_case(part.name);
   if (default_slot_of_key(schedule_type, lower)) {
-    return {FindingKind::letter_case, place,
-            quoted(part.name) + " has no effect; write " + quoted(lower)};
+    return {FindingKind::letter_case,
+            place,
+            quoted(part.name) + " has no effect; write " + quoted(lower),
+            {},
+            {line_with(part, part.name, lower)}};
   }
   if (const ScheduleType* type = other_type_with_key(part.name, schedule_type)) {
     return {FindingKind::default_key, place,

@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "check/odd_characters.hpp"
 #include "check/table_finding.hpp"
 #include "platform/syntax/json_text.hpp"
 #include "platform/syntax/utf_8.hpp"
@@ -23,10 +24,13 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::nul_byte, "nul-byte", Severity::error},
     {FindingKind::long_line, "long-line", Severity::error},
     {FindingKind::not_utf_8, "not-utf-8", Severity::warning},
+    {FindingKind::no_programmes, "no-programmes", Severity::error},
     {FindingKind::unclosed_section, "unclosed-section", Severity::error},
     {FindingKind::text_behind_brace, "text-behind-brace", Severity::error},
     {FindingKind::stray_brace, "stray-brace", Severity::error},
     {FindingKind::comment_behind_value, "comment-behind-value", Severity::error},
+    {FindingKind::comment_in_label, "comment-in-label", Severity::warning},
+    {FindingKind::odd_path, "odd-path", Severity::error},
     {FindingKind::no_type, "no-type", Severity::error},
     {FindingKind::unknown_type, "unknown-type", Severity::error},
     {FindingKind::second_type, "second-type", Severity::error},
@@ -37,6 +41,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::unknown_name, "unknown-name", Severity::error},
     {FindingKind::no_key, "no-key", Severity::error},
     {FindingKind::colon, "colon", Severity::error},
+    {FindingKind::double_equals, "double-equals", Severity::error},
     {FindingKind::letter_case, "letter-case", Severity::error},
     {FindingKind::repeated_key, "repeated-key", Severity::error},
     {FindingKind::bad_time, "bad-time", Severity::error},
@@ -45,6 +50,9 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::needless_date, "needless-date", Severity::warning},
     {FindingKind::out_of_range, "out-of-range", Severity::error},
     {FindingKind::bad_number, "bad-number", Severity::error},
+    {FindingKind::incomplete_time, "incomplete-time", Severity::warning},
+    {FindingKind::month_first, "month-first", Severity::warning},
+    {FindingKind::noon, "noon", Severity::warning},
     {FindingKind::no_such_date, "no-such-date", Severity::warning},
     {FindingKind::skipped_hour, "skipped-hour", Severity::warning},
     {FindingKind::repeated_hour, "repeated-hour", Severity::warning},
@@ -54,6 +62,7 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::same_start, "same-start", Severity::error},
     {FindingKind::overlap, "overlap", Severity::warning},
     {FindingKind::outside_unit, "outside-unit", Severity::error},
+    {FindingKind::last_second, "last-second", Severity::warning},
     {FindingKind::block_cuts, "block-cuts", Severity::warning},
     {FindingKind::unknown_announce, "unknown-announce", Severity::warning},
     {FindingKind::no_member, "no-member", Severity::warning},
@@ -69,8 +78,11 @@ constexpr auto infos = std::to_array<FindingInfo>({
     {FindingKind::bad_schedule, "bad-schedule", Severity::error},
     {FindingKind::circular, "circular", Severity::error},
     {FindingKind::too_deep, "too-deep", Severity::error},
+    {FindingKind::empty_time, "empty-time", Severity::warning},
     {FindingKind::wraparound, "wraparound", Severity::warning},
     {FindingKind::not_announced, "not-announced", Severity::warning},
+    {FindingKind::listed_end, "listed-end", Severity::warning},
+    {FindingKind::listed_title, "listed-title", Severity::warning},
     {FindingKind::markup, "markup", Severity::warning},
     {FindingKind::control_character, "control-character", Severity::warning},
     {FindingKind::unknown_zone, "unknown-zone", Severity::error},
@@ -139,6 +151,15 @@ void append_finding(std::string& out, std::string_view file, const Finding& find
     out += '}';
     separator = ", ";
   }
+  out += "], \"fix\": [";
+  separator = "";
+  for (const LineFix& fix : finding.fix) {
+    out += separator;
+    out += "{\"line\": " + std::to_string(fix.line) + ", ";
+    append_member(out, "text", fix.text);
+    out += '}';
+    separator = ", ";
+  }
   out += "]}";
 }
 
@@ -153,8 +174,9 @@ const FindingInfo& info_of(FindingKind kind) {
   return place < infos.size() ? infos.at(place) : table_finding_infos()[place - infos.size()];
 }
 
-void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes) {
-  findings.push_back({kind, place, std::move(text), std::move(notes)});
+void FileFindings::add(FindingKind kind, Place place, std::string text, std::vector<Note> notes,
+                       std::vector<LineFix> fix) {
+  findings.push_back({kind, place, std::move(text), std::move(notes), std::move(fix)});
 }
 
 void sort_findings(FileFindings& file) {
@@ -217,5 +239,5 @@ std::string escaped(std::string_view text) {
 }
 
 std::string quoted(std::string_view text) {
-  return "'" + escaped(text) + "'";
+  return "'" + escaped(with_odd_characters_shown(text)) + "'";
 }

@@ -21,10 +21,13 @@ enum class FindingKind {
   nul_byte,
   long_line,
   not_utf_8,
+  no_programmes,
   unclosed_section,
   text_behind_brace,
   stray_brace,
   comment_behind_value,
+  comment_in_label,
+  odd_path,
   no_type,
   unknown_type,
   second_type,
@@ -35,6 +38,7 @@ enum class FindingKind {
   unknown_name,
   no_key,
   colon,
+  double_equals,
   letter_case,
   repeated_key,
   bad_time,
@@ -43,6 +47,9 @@ enum class FindingKind {
   needless_date,
   out_of_range,
   bad_number,
+  incomplete_time,
+  month_first,
+  noon,
   no_such_date,
   skipped_hour,
   repeated_hour,
@@ -52,6 +59,7 @@ enum class FindingKind {
   same_start,
   overlap,
   outside_unit,
+  last_second,
   block_cuts,
   unknown_announce,
   no_member,
@@ -67,8 +75,11 @@ enum class FindingKind {
   bad_schedule,
   circular,
   too_deep,
+  empty_time,
   wraparound,
   not_announced,
+  listed_end,
+  listed_title,
   markup,
   control_character,
   unknown_zone,
@@ -109,11 +120,18 @@ struct Note {
   std::string text;
 };
 
+/// What to write in place of a line of the file: no, one or several lines.
+struct LineFix {
+  int64_t line = 1;
+  std::string text;
+};
+
 struct Finding {
   FindingKind kind;
   Place place;
   std::string text;
   std::vector<Note> notes = {};
+  std::vector<LineFix> fix = {};  ///< the advice in the text, made to the file; may be empty
 };
 
 /// What was found in one file.
@@ -121,7 +139,8 @@ struct FileFindings {
   std::string file;
   std::vector<Finding> findings = {};
 
-  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {});
+  void add(FindingKind kind, Place place, std::string text, std::vector<Note> notes = {},
+           std::vector<LineFix> fix = {});
 };
 
 /// Sorts the findings by place. Of several with the same place, kind and text, the first stays.
@@ -138,7 +157,8 @@ std::string json_of(std::span<const FileFindings> files);
 /// \xHH.
 std::string escaped(std::string_view text);
 
-/// The escaped text in single quotes.
+/// The escaped text in single quotes. Characters that cannot be seen, and letters that look like
+/// those of another script, become \uHHHH.
 std::string quoted(std::string_view text);
 
 // For users of the library. No program calls what stands below.

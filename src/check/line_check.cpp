@@ -3,6 +3,8 @@
 #include <string>
 
 #include "check/line_checks.hpp"
+#include "check/line_fix.hpp"
+#include "check/odd_characters.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/system/activity.hpp"
 #include "schedule/schedule_reader.hpp"
@@ -33,6 +35,35 @@ void check_line_of_section(LineChecks& checks, const SchedulePart& part, const P
   }
 }
 
+/// Whether a text has only characters that cannot be seen.
+bool is_invisible(std::string_view text) {
+  return strip_blanks(with_plain_characters(text)).empty();
+}
+
+void report_invisible_characters(LineChecks& checks, const SchedulePart& part, size_t brace) {
+  const std::string_view behind = part.text.substr(brace + 1);
+  checks.found.add(FindingKind::text_behind_brace,
+                   {part.line, part.column + static_cast<int64_t>(brace) + 1},
+                   quoted(behind) + " behind the " + quoted(part.text.substr(brace, 1)) +
+                       " cannot be seen; remove it",
+                   {}, {line_with(part, behind, "")});
+}
+
+/// Text behind the brace keeps the line from beginning a section.
+void lose_section(LineChecks& checks, const SchedulePart& part, size_t brace) {
+  const std::string_view behind = part.text.substr(brace + 1);
+  checks.is_in_lost_section = true;
+  if (is_invisible(behind)) {
+    report_invisible_characters(checks, part, brace);
+    return;
+  }
+  checks.found.add(
+      FindingKind::text_behind_brace, {part.line, part.column + static_cast<int64_t>(brace) + 1},
+      "text after the '{' keeps this line from beginning a section; put the "
+      "text on a line of its own",
+      {}, {line_with(part, part.text.substr(brace), "{\n  " + std::string(strip_blanks(behind)))});
+}
+
 void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   if (part.line == 1 && starts_with_mark(checks)) {
     return;
@@ -49,14 +80,20 @@ void check_unused_name(LineChecks& checks, const SchedulePart& part) {
   const size_t brace = text.find('{');
   if (brace != std::string_view::npos &&
       section_kind_of_name(strip_blanks(text.substr(0, brace))) != SectionKind::unknown) {
-    checks.found.add(FindingKind::text_behind_brace,
-                     {part.line, part.column + static_cast<int64_t>(brace) + 1},
-                     "text after the '{' keeps this line from beginning a section; put the "
-                     "text on a line of its own");
-    checks.is_in_lost_section = true;
+    lose_section(checks, part, brace);
+    return;
+  }
+  if (is_line_of_table(text) && section_kind_of_name(text) == SectionKind::unknown) {
+    if (part.line != checks.table_line + 1) {
+      checks.found.findings.push_back(finding_for_table(place_of(part)));
+    }
+    checks.table_line = part.line;
     return;
   }
   checks.found.findings.push_back(finding_for_unused_name(part));
+  if (section_kind_of_name(text) != SectionKind::unknown || meant_section(text) == "") {
+    checks.name_without_brace = text;
+  }
   if (checks.found.findings.back().kind == FindingKind::unknown_type) {
     checks.is_type_misspelt = true;
   }
@@ -68,21 +105,34 @@ void enter_section(LineChecks& checks, const SchedulePart& part, const PartEffec
   if (part.section == SectionKind::defaults) {
     begin_defaults(checks, part, effect);
   } else if (part.section == SectionKind::unknown && !part.is_rest) {
-    checks.found.add(FindingKind::unknown_section, checks.section_place,
-                     "unknown section " + quoted(part.name) + "; it is skipped" +
-                         did_you_mean_section(part.name));
+    checks.found.findings.push_back(finding_for_unknown_section(part));
   } else if (part.section != SectionKind::unknown) {
     begin_section(checks, part);
+  }
+  if (part.text == "{" && !checks.name_without_brace.empty()) {
+    take_brace_of_line_before(checks.found.findings.back(), checks.name_without_brace, part);
+    checks.is_section_broken =
+        section_kind_of_name(checks.name_without_brace) != SectionKind::unknown;
   }
 }
 
 void check_closing(LineChecks& checks, const SchedulePart& part) {
   const std::string_view behind = strip_blanks(part.text.substr(1));
-  if (!behind.empty() && behind.front() != '#' && !checks.is_section_broken) {
-    checks.found.add(FindingKind::text_behind_brace, {part.line, part.column + 1},
-                     quoted(behind) + " after a '}' is not read; put it on a line of its own");
-    checks.is_in_lost_section = opens_section(behind);
+  if (behind.empty() || behind.front() == '#' || checks.is_section_broken) {
+    return;
   }
+  if (is_invisible(behind)) {
+    report_invisible_characters(checks, part, 0);
+    return;
+  }
+  checks.is_in_lost_section = opens_section(behind);
+  const std::string meant =
+      checks.is_in_lost_section ? "}\n" + std::string(behind) : "} # " + std::string(behind);
+  checks.found.add(
+      FindingKind::text_behind_brace, {part.line, part.column + 1},
+      quoted(behind) + " after a '}' is not read; " +
+          (checks.is_in_lost_section ? "put it on a line of its own" : "write " + quoted(meant)),
+      {}, {line_with(part, part.text, meant)});
 }
 
 void leave_section(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
@@ -101,6 +151,11 @@ void leave_section(LineChecks& checks, const SchedulePart& part, const PartEffec
 }
 
 void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& effect) {
+  if (part.kind != PartKind::section_begin && part.kind != PartKind::comment) {
+    checks.name_without_brace = {};
+  }
+  const bool is_type = part.kind == PartKind::type && effect.is_used;
+  checks.has_content = checks.has_content || (part.kind != PartKind::comment && !is_type);
   switch (part.kind) {
     case PartKind::comment:
       break;
@@ -137,10 +192,14 @@ void check_part(LineChecks& checks, const SchedulePart& part, const PartEffect& 
 }
 
 void finish(LineChecks& checks) {
+  if (!checks.has_content) {
+    checks.found.add(FindingKind::no_programmes, {},
+                     "nothing airs: the file holds no programmes and no default items");
+  }
   if (!starts_with_mark(checks)) {
     finish_type_check(checks);
   }
-  finish_value_check(checks);
+  finish_time_check(checks);
   finish_defaults_check(checks);
 }
 
@@ -153,11 +212,13 @@ bool is_checked(const SchedulePart& part) {
 
 }  // namespace
 
-void read_and_check_lines(WrittenSchedule& written, bool with_media, FileFindings& found) {
+void read_and_check_lines(WrittenSchedule& written, const CheckOptions& options,
+                          FileFindings& found) {
   const Activity activity("reading", found.file.c_str());
   ScheduleFile parts(written.content);
   ScheduleBuilder builder(written.schedule);
-  LineChecks checks{.written = written, .found = found, .with_media = with_media};
+  LineChecks checks{
+      .written = written, .found = found, .with_media = options.media, .formats = options.formats};
   for (SchedulePart part; parts.next(part);) {
     const PartEffect effect = builder.add_part(part);
     if (is_checked(part)) {

@@ -25,15 +25,21 @@ int explain_all(const CheckCommand& command, const std::string& moment, const Fi
   for (const Finding& finding : zone.findings) {
     std::fprintf(stderr, "nv8x_schedule_check: %s\n", finding.text.c_str());
   }
+  std::string stories;
   for (const std::string& file : command.files) {
     std::string error;
     const auto story = explain_moment(file, moment, command.options, error);
-    if (story) {
+    if (story && command.json) {
+      stories += (stories.empty() ? "" : ",\n ") + json_of_story(file, *story);
+    } else if (story) {
       print_output(*story);
     } else {
       std::fprintf(stderr, "nv8x_schedule_check: %s: %s\n", file.c_str(), error.c_str());
       status = could_not_check;
     }
+  }
+  if (command.json) {
+    print_output("[" + stories + "]\n");
   }
   finish_output();
   return status;

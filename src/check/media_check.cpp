@@ -23,19 +23,25 @@ struct KnownFile {
   bool is_readable = false;
   bool is_schedule = false;
   ItemMetadata metadata = {};
+  bool has_title = false;  ///< for the listings; or it is reported that it has none
 };
 
 class MediaCheck {
  public:
-  MediaCheck(FileId id, FileFindings& found) : found_(found), schedules_{.above = {id}} {}
+  MediaCheck(FileId id, const MadeFormats& formats, FileFindings& found)
+      : formats_(formats), found_(found), schedules_{.above = {id}} {}
 
   bool check(const WrittenSchedule& written) {
+    const ScheduleType& type = *find_schedule_type(written.schedule.type);
     for (const auto& [start, number] : written.items.by_start) {
       const WrittenSection& item = written.items.all[number];
-      const KnownFile& file =
+      KnownFile& file =
           check_file(item.text_of(ScheduleKey::item), item.place_of(ScheduleKey::item));
       if (file.is_readable && !file.is_schedule) {
         check_announced(item, file.metadata);
+      }
+      if (formats_.has_listing() && !file.is_schedule) {
+        check_listed(item, type, file);
       }
     }
     for (const auto& [path, place] : written.default_paths) {
@@ -47,7 +53,7 @@ class MediaCheck {
 
  private:
   /// Each problem is reported once, at the first place that names the file.
-  const KnownFile& check_file(const std::string& path, Place place) {
+  KnownFile& check_file(const std::string& path, Place place) {
     const auto [known, is_new] = known_.try_emplace(path);
     if (is_new) {
       known->second = check_new_file(path, place);
@@ -59,13 +65,7 @@ class MediaCheck {
     arm_watchdog();  // each file has its own time limit: there may be thousands
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0) {
-      const bool is_missing = errno == ENOENT || errno == ENOTDIR;
-      if (is_missing && comment_behind_path(path) != std::string::npos) {
-        return {};  // the comment already has its finding
-      }
-      found_.add(is_missing ? FindingKind::missing_media : FindingKind::unreadable_media, place,
-                 quoted(path) +
-                     (is_missing ? " does not exist" : ": " + std::string(std::strerror(errno))));
+      report_no_file(path, place, errno);
       return {};
     }
     if (!S_ISREG(status.st_mode)) {
@@ -79,19 +79,50 @@ class MediaCheck {
     ScheduleItem item;
     item.item = path;
     const OpenedMetadata opened = open_item_metadata(item);
-    check_metadata(path, opened.set, place, found_);
+    check_metadata(path, opened.set, place, formats_, found_);
     const bool is_schedule = is_schedule_file(opened.set);
     if (is_schedule) {
       check_named_schedule(path, {status.st_dev, status.st_ino}, place, schedules_, found_);
     }
-    return {true, is_schedule, extract_item_metadata(opened.set)};
+    return {true, is_schedule, extract_item_metadata(opened.set), has_listed_title(opened.set)};
   }
 
-  void check_announced(const WrittenSection& section, const ItemMetadata& metadata) {
+  void report_no_file(const std::string& path, Place place, int error) {
+    if (error != ENOENT && error != ENOTDIR) {
+      found_.add(FindingKind::unreadable_media, place, quoted(path) + ": " + std::strerror(error));
+    } else if (!complaint_about_path(path)) {  // which has its finding already
+      const std::string real = path_in_other_case(path, folder_names_);
+      found_.add(FindingKind::missing_media, place,
+                 quoted(path) + " does not exist" +
+                     (real.empty() ? "" : "; write " + quoted(real) + ", the name of the file"));
+    }
+  }
+
+  static ScheduleItem item_of(const WrittenSection& section) {
     ScheduleItem item;
     item.item = section.text_of(ScheduleKey::item);
     item.label = section.text_of(ScheduleKey::label);
     item.event_id = section.text_of(ScheduleKey::event_id);
+    return item;
+  }
+
+  /// What the listings make of the item.
+  void check_listed(const WrittenSection& section, const ScheduleType& type, KnownFile& file) {
+    const ScheduleItem item = item_of(section);
+    if (derive_announce(file.metadata, item) < 1) {
+      return;
+    }
+    check_listed_end(section, type, found_);
+    if (file.is_readable && !file.has_title && !item.label.empty()) {
+      found_.add(FindingKind::listed_title, section.place_of(ScheduleKey::label),
+                 "the listings do not show labels, but titles, and the metadata of " +
+                     quoted(item.item) + " have none: they show the file's name");
+      file.has_title = true;
+    }
+  }
+
+  void check_announced(const WrittenSection& section, const ItemMetadata& metadata) {
+    const ScheduleItem item = item_of(section);
     if (derive_announce(metadata, item) > 0) {
       return;
     }
@@ -109,27 +140,16 @@ class MediaCheck {
     }
   }
 
+  const MadeFormats& formats_;
   FileFindings& found_;
   std::map<std::string, KnownFile> known_;  ///< by path
   NamedSchedules schedules_;
+  FolderNames folder_names_;
 };
 
 }  // namespace
 
-size_t comment_behind_path(std::string_view path) {
-  return path.find(" # ");
-}
-
-void check_path(const std::string& path, Place place, bool with_media, FileFindings& found) {
-  const size_t mark = comment_behind_path(path);
-  if (mark != std::string::npos && !(with_media && access(path.c_str(), F_OK) == 0)) {
-    found.add(
-        FindingKind::comment_behind_value,
-        {place.line, place.column + static_cast<int64_t>(mark) + 1},
-        "a comment after a path becomes part of the path; put the comment on a line of its own");
-  }
-}
-
-bool check_media(const WrittenSchedule& written, FileId id, FileFindings& found) {
-  return MediaCheck(id, found).check(written);
+bool check_media(const WrittenSchedule& written, FileId id, const MadeFormats& formats,
+                 FileFindings& found) {
+  return MediaCheck(id, formats, found).check(written);
 }

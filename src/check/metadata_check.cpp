@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "check/named_files.hpp"
+#include "platform/syntax/utf_8.hpp"
 
 namespace {
 
@@ -28,6 +29,42 @@ bool has_control_character(std::string_view text) {
   });
 }
 
+bool is_utf_8(std::string_view text) {
+  while (!text.empty()) {
+    if (!take_utf_8(text)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// The first entry with each problem: its name, or its text if it has no name.
+struct FaultyEntries {
+  std::optional<std::string> with_markup = {};
+  std::optional<std::string> with_control_character = {};
+  std::optional<std::string> without_utf_8 = {};
+};
+
+void check_entry(const metadata_v4_entry& entry, const char* group, FaultyEntries& faulty) {
+  for (const char* name : {group, entry.name}) {
+    if (!faulty.with_markup && name != nullptr && has_markup(name)) {
+      faulty.with_markup = name;
+    }
+  }
+  for (const char* text : {group, entry.name, static_cast<const char*>(entry.value)}) {
+    if (text == nullptr) {
+      continue;
+    }
+    const char* where = text == group || entry.name == nullptr ? text : entry.name;
+    if (!faulty.with_control_character && has_control_character(text)) {
+      faulty.with_control_character = where;
+    }
+    if (!faulty.without_utf_8 && !is_utf_8(text)) {
+      faulty.without_utf_8 = where;
+    }
+  }
+}
+
 }  // namespace
 
 std::string_view reference_at(std::string_view text) {
@@ -37,30 +74,25 @@ std::string_view reference_at(std::string_view text) {
 }
 
 void check_metadata(const std::string& path, const MetadataSet& set, Place place,
-                    FileFindings& found) {
-  std::optional<std::string> with_markup;
-  std::optional<std::string> with_control_character;
+                    const MadeFormats& formats, FileFindings& found) {
+  FaultyEntries faulty;
   for_each_entry(set, [&](const metadata_v4_entry& entry) {
-    const char* group = group_name(set, entry);
-    for (const char* name : {group, entry.name}) {
-      if (!with_markup && name != nullptr && has_markup(name)) {
-        with_markup = name;
-      }
-    }
-    for (const char* text : {group, entry.name, entry.value}) {
-      if (!with_control_character && text != nullptr && has_control_character(text)) {
-        with_control_character = text == group || entry.name == nullptr ? text : entry.name;
-      }
-    }
+    check_entry(entry, group_name(set, entry), faulty);
   });
-  if (with_markup) {
+  const std::string of_file = " in the metadata of " + quoted(path);
+  if (faulty.with_markup && formats.xml) {
     found.add(FindingKind::markup, place,
-              "the name " + quoted(*with_markup) + " in the metadata of " + quoted(path) +
+              "the name " + quoted(*faulty.with_markup) + of_file +
                   " goes into the XML document unescaped and makes it ill-formed");
   }
-  if (with_control_character) {
+  if (faulty.with_control_character && formats.xml) {
     found.add(FindingKind::control_character, place,
-              "a control character at " + quoted(*with_control_character) + " in the metadata of " +
-                  quoted(path) + " makes the XML document ill-formed");
+              "a control character at " + quoted(*faulty.with_control_character) + of_file +
+                  " makes the XML document ill-formed");
+  }
+  if (faulty.without_utf_8 && (formats.xml || formats.json)) {
+    found.add(FindingKind::not_utf_8, place,
+              "not valid UTF-8 at " + quoted(*faulty.without_utf_8) + of_file +
+                  "; the documents show these bytes unchanged");
   }
 }

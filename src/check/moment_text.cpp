@@ -1,3 +1,4 @@
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,8 +58,9 @@ std::string row_text(const std::vector<Row>& rows, time_t t, bool is_announced) 
   const ListingHorizon horizon(current_time());
   for (const Row& row : rows) {
     if (row.start <= t && t < row.end) {
-      const std::string times =
-          time_or_none(row.start, "%F %R") + " to " + time_or_none(row.end, "%F %R");
+      const std::string times = time_or_none(row.start, "%F %R") + " to " +
+                                time_or_none(row.end, "%F %R") + ", " +
+                                std::to_string((row.end - row.start) / 60) + " minutes";
       return horizon.shows(row) ? "the row of " + times + ", " + quoted(row.title)
                                 : "none: the listing runs from today to 21 days ahead";
     }
@@ -120,6 +122,29 @@ const ScheduleItem* item_at(const Schedule& schedule, time_t t) {
 
 }  // namespace
 
+namespace {
+
+/// What airs at the same date and clock of another year, in an endless schedule.
+std::string other_years(const Schedule& schedule, uint64_t position) {
+  std::string years;
+  const uint64_t own_year = position / seconds_per_year;
+  for (uint64_t year = 0; year < schedule_years; ++year) {
+    const uint64_t there = year * seconds_per_year + position % seconds_per_year;
+    const auto after = schedule.schedule.upper_bound(there);
+    if (year == own_year || after == schedule.schedule.begin()) {
+      continue;
+    }
+    const ScheduleItem& item = std::prev(after)->second;
+    if (!item.is_default && there < item.end) {
+      years += (years.empty() ? "" : ", ") + std::to_string(first_schedule_year + year) + ": " +
+               quoted(item.item);
+    }
+  }
+  return years;
+}
+
+}  // namespace
+
 std::string text_of_moment(const Schedule& schedule, Story& story, time_t t,
                            const std::string& file) {
   const uint64_t position = time_to_schedule_seconds(schedule, t);
@@ -129,6 +154,11 @@ std::string text_of_moment(const Schedule& schedule, Story& story, time_t t,
     append_item(out, *airing, story, schedule, t);
   } else {
     append_line(out, "airs", "nothing that the schedule knows of");
+  }
+  const bool has_years = find_schedule_type(schedule.type)->day_name == DayName::date;
+  const std::string years = has_years ? other_years(schedule, position) : std::string();
+  if (!years.empty()) {
+    append_line(out, "other years", years);
   }
   for (const std::string& lost : story.lost_at(position)) {
     append_line(out, "lost", lost);

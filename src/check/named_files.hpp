@@ -2,30 +2,49 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 #include "check/schedule_source.hpp"
 #include "platform/metadata_handles.hpp"
 
 // The files that a schedule names: their paths, their metadata, and schedules among them.
 
-/// Where a comment seems to begin inside a path, or npos. Some files really have such names.
-size_t comment_behind_path(std::string_view path);
+/// Why a path is probably not the one of a file.
+struct PathComplaint {
+  FindingKind kind;
+  size_t offset;  ///< in the path
+  std::string text;
+};
 
-/// Reports such a comment in the path at that place. With `with_media`, a path that exists is not
-/// reported.
+/// What seems wrong with the path: a comment, quotes, the form of another system. Some files really
+/// have such names.
+std::optional<PathComplaint> complaint_about_path(std::string_view path);
+
+/// Reports such a path at that place. With `with_media`, a path that exists is not reported.
 void check_path(const std::string& path, Place place, bool with_media, FileFindings& found);
+
+/// The names in folders that were looked at, by the folder's path and the name in lower case.
+using FolderNames = std::map<std::string, std::map<std::string, std::string>>;
+
+/// The path of a file that differs from the path only in the case of its letters, or nothing.
+std::string path_in_other_case(const std::string& path, FolderNames& known);
 
 /// The XML reference, such as "&amp;", at the start of the text, or nothing.
 std::string_view reference_at(std::string_view text);
 
 /// Checks whether the metadata of the file fits into the XML document, which escapes only the
-/// values of metadata, and never control characters. Each problem is reported once for each file.
+/// values of metadata, and never control characters, and whether it is UTF-8, as JSON needs it
+/// too. Each problem is reported once for each file.
 void check_metadata(const std::string& path, const MetadataSet& set, Place place,
-                    FileFindings& found);
+                    const MadeFormats& formats, FileFindings& found);
+
+/// Whether the listings find a title in the metadata. They do not show labels.
+bool has_listed_title(const MetadataSet& set);
 
 /// What is known of the schedules that schedules name.
 struct NamedSchedules {

@@ -67,10 +67,8 @@ bool leads_back(const std::string& path, FileId id, NamedSchedules& schedules) {
 
 bool inner_leads_back(const std::string& path, NamedSchedules& schedules) {
   struct stat status = {};
-  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    return false;
-  }
-  return is_schedule_file(path) && leads_back(path, {status.st_dev, status.st_ino}, schedules);
+  return stat(path.c_str(), &status) == 0 && is_schedule_file(path) &&
+         leads_back(path, {status.st_dev, status.st_ino}, schedules);
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ class PassCheck : public PassObserver {
   }
 
   void clipping(const ScheduleItem& item, uint64_t new_end) override {
-    if (const WrittenSection* section = sound_section(item)) {
+    const WrittenSection* section = sound_section(item);
+    if (section != nullptr && !section->is_noon_meant) {
       const WrittenSection& next = *written_.items.at(new_end);
       found_.add(FindingKind::overlap, section->place,
                  cut_text(item, new_end) + "item at line " + std::to_string(next.place.line),

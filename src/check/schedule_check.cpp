@@ -15,13 +15,20 @@ namespace {
 
 void check_content(ScheduleSource source, const CheckOptions& options, FileFindings& found) {
   WrittenSchedule written{.content = std::move(source.content)};
-  read_and_check_lines(written, options.media, found);
+  read_and_check_lines(written, options, found);
   check_sections(written, found);
+  check_dates(written, found);
+  check_missing_parts(written, options.report_time, found);
+  check_noon(written, found);
+  check_month_first(written, found);
   if (written.schedule.unit_length > 0) {
     check_clock_changes(written, options.report_time, found);
   }
+  if (options.formats.has_listing()) {
+    check_listed_ends(written, !options.media, found);
+  }
   check_passes(written, options.report_time, found);
-  if (options.media && check_media(written, source.id, found)) {
+  if (options.media && check_media(written, source.id, options.formats, found)) {
     check_subschedules(written, found);
   }
 }
@@ -47,7 +54,7 @@ void check_schedule_source(ScheduleSource source, const CheckOptions& options,
   // The passes print nothing: the findings say the same, with lines.
   const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
   arm_watchdog();  // not earlier: standard input may take its time
-  check_bytes(source.content, found);
+  check_bytes(source.content, options.formats, found);
   if (!is_hopeless(source.content)) {
     check_content(std::move(source), options, found);
   }

@@ -3,13 +3,16 @@
 #include <ctime>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "check/finding.hpp"
+#include "check/made_formats.hpp"
 #include "check/schedule_source.hpp"
 
 struct CheckOptions {
   bool media = true;       ///< look at the media files too
   time_t report_time = 0;  ///< calendar time
+  MadeFormats formats = {};
 };
 
 /// Checks the schedule file; "-" is standard input. What is wrong with it goes into `found`. False
@@ -28,3 +31,6 @@ std::optional<std::string> explain_moment(const std::string& file, const std::st
 /// The same for a schedule that was read before, or made. Its findings are in `found` under its
 /// path.
 void check_schedule_source(ScheduleSource source, const CheckOptions& options, FileFindings& found);
+
+/// The story of a moment as a JSON object: the file, the moment, and each line's name and text.
+std::string json_of_story(const std::string& file, std::string_view story);

@@ -4,11 +4,14 @@
 #include <string>
 #include <utility>
 
+#include "check/line_fix.hpp"
 #include "check/named_files.hpp"
 #include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/text.hpp"
 
 namespace {
+
+constexpr size_t usual_keys = 4;  // of an item: memory for these is reserved at once
 
 std::vector<std::string_view> key_names(SectionKind kind) {
   std::vector<std::string_view> names;
@@ -18,20 +21,28 @@ std::vector<std::string_view> key_names(SectionKind kind) {
   return names;
 }
 
+std::vector<LineFix> fix_for_name(const SchedulePart& part, std::string_view name,
+                                  std::optional<std::string_view> meant) {
+  return meant ? std::vector{line_with(part, name, *meant)} : std::vector<LineFix>();
+}
+
 void check_unknown_key(LineChecks& checks, const SchedulePart& part, std::string_view name) {
   const std::vector<std::string_view> names = key_names(part.section);
-  if (const auto nearest = nearest_word(name, names)) {
+  const auto nearest = nearest_word(name, names);
+  if (nearest) {
     checks.misspelt.emplace(*nearest, checks.found.findings.size());
   }
   const std::string lower = lower_case(name);
   if (find_section_key(part.section, lower) != nullptr) {
     checks.found.add(FindingKind::letter_case, place_of(part),
-                     quoted(name) + " has no effect; write " + quoted(lower));
+                     quoted(name) + " has no effect; write " + quoted(lower), {},
+                     {line_with(part, name, lower)});
     return;
   }
   const char* owner = part.section == SectionKind::item ? "an item" : "a schedule block";
   checks.found.add(FindingKind::unknown_key, place_of(part),
-                   "unknown key " + quoted(name) + " in " + owner + did_you_mean(name, names));
+                   "unknown key " + quoted(name) + " in " + owner + did_you_mean(name, names), {},
+                   fix_for_name(part, name, nearest));
 }
 
 void check_unusable_line(LineChecks& checks, const SchedulePart& part) {
@@ -39,8 +50,11 @@ void check_unusable_line(LineChecks& checks, const SchedulePart& part) {
   const size_t equals = text.find('=');
   if (equals != std::string_view::npos) {
     const std::string_view name = strip_blanks(text.substr(0, equals));
-    if (find_section_key(part.section, name) == nullptr) {
+    const SectionKey* key = find_section_key(part.section, name);
+    if (key == nullptr) {
       check_unknown_key(checks, part, name);
+    } else {
+      checks.empty_values.emplace(key->name, place_of(part));
     }
     return;
   }
@@ -50,17 +64,44 @@ void check_unusable_line(LineChecks& checks, const SchedulePart& part) {
   if (colon != std::string_view::npos && nearest) {
     checks.misspelt.emplace(*nearest, checks.found.findings.size());
     checks.found.add(FindingKind::colon, place_of(part),
-                     "a ':' does not give " + quoted(before) + " a value; write '='");
+                     "a ':' does not give " + quoted(before) + " a value; write '='", {},
+                     {line_with(part, text.substr(colon, 1),
+                                text.substr(colon + 1).starts_with(' ') ? " =" : " = ")});
   } else {
     checks.found.add(FindingKind::no_key, place_of(part),
                      quoted(text) + " does not set a key; write 'key = value'");
   }
 }
 
+/// The line, and the comment behind its value on a line before it.
+LineFix line_with_comment_before(const SchedulePart& part) {
+  const size_t mark = comment_behind_path(part.value) + 1;
+  LineFix fix = line_with(part, part.value, strip_blanks(part.value.substr(0, mark)));
+  fix.text.insert(0, "  " + std::string(part.value.substr(mark)) + "\n");
+  return fix;
+}
+
+/// "start == Mon 18:00": the second sign belongs to the value.
+void check_second_equals(LineChecks& checks, const SchedulePart& part) {
+  const size_t at = part.text.find('=') + 1;
+  // A label may be decorated: "label === News ===".
+  if (part.text.substr(at).starts_with('=') && !part.text.substr(at).starts_with("==")) {
+    checks.found.add(FindingKind::double_equals,
+                     {part.line, part.column + static_cast<int64_t>(at)},
+                     "the second '=' is part of the value; write one", {},
+                     {line_with(part, part.text.substr(at, 1), "")});
+  }
+}
+
 void take_value(LineChecks& checks, const SchedulePart& part) {
+  check_second_equals(checks, part);
   const WrittenValue value{part.key, part.value, value_place_of(part), part.column};
   if (part.key->key == ScheduleKey::item) {
+    const size_t before = checks.found.findings.size();
     check_path(std::string(part.value), value.place, checks.with_media, checks.found);
+    if (checks.found.findings.size() > before) {
+      checks.found.findings.back().fix.push_back(line_with_comment_before(part));
+    }
   }
   const auto earlier = std::ranges::find(checks.section.values, part.key, &WrittenValue::key);
   if (earlier == checks.section.values.end()) {
@@ -84,6 +125,12 @@ void check_needed_keys(LineChecks& checks, SectionKind kind) {
     const auto misspelt = checks.misspelt.find(key.name);
     if (misspelt != checks.misspelt.end()) {
       checks.found.findings[misspelt->second].text.insert(0, lost);
+      continue;
+    }
+    const auto empty = checks.empty_values.find(key.name);
+    if (empty != checks.empty_values.end()) {
+      checks.found.add(FindingKind::missing, empty->second,
+                       lost + "its " + quoted(key.name) + " has no value");
     } else {
       checks.found.add(FindingKind::missing, checks.section.place,
                        lost + "it has no " + quoted(key.name));
@@ -111,7 +158,9 @@ void keep_section(LineChecks& checks, SectionKind kind) {
 void begin_section(LineChecks& checks, const SchedulePart& part) {
   checks.section = {};
   checks.section.place = place_of(part);
+  checks.section.values.reserve(usual_keys);
   checks.misspelt.clear();
+  checks.empty_values.clear();
 }
 
 void check_section_line(LineChecks& checks, const SchedulePart& part) {

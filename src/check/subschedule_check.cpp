@@ -33,6 +33,7 @@ class SubscheduleCheck : public PassObserver {
     patch_all_subschedules(schedule);
     schedule.observer = nullptr;
     check_filling();
+    check_roots();
     if (is_last_level_reached_) {
       check_what_is_left();
     }
@@ -42,7 +43,7 @@ class SubscheduleCheck : public PassObserver {
     check_filling();
     filling_ = {item.item, item.start, item.end};
     if (root_at(item.start) == nullptr) {
-      roots_[item.start] = {item.end, item.item, place_of(item.item, item.start)};
+      roots_[item.start] = {item.end, item.item, place_of(item.item, item.start), item.is_default};
     }
   }
 
@@ -60,6 +61,7 @@ class SubscheduleCheck : public PassObserver {
     uint64_t end;
     std::string path;
     Place place;
+    bool is_default;
   };
 
   /// The item that a schedule replaces now.
@@ -126,11 +128,53 @@ class SubscheduleCheck : public PassObserver {
     }
   }
 
+  /// An item whose schedule has nothing for its time leaves no trace in any document. For a default
+  /// item this is no fault: it fills what is left.
+  void check_roots() {
+    std::set<int64_t> told_lines;
+    for (const Finding& finding : found_.findings) {
+      if (finding.kind == FindingKind::bad_schedule || finding.kind == FindingKind::wraparound) {
+        told_lines.insert(finding.place.line);
+      }
+    }
+    for (const auto& [start, root] : roots_) {
+      const bool is_told = told_lines.contains(root.place.line);
+      if (!root.is_default && !is_told && start < root.end && airs_nothing(start, root.end)) {
+        check_empty_root(start, root);
+      }
+    }
+  }
+
+  void check_empty_root(uint64_t start, const Root& root) {
+    const uint64_t shift = shift_of(start);
+    if (shift >= seconds_per_day) {
+      return;  // such a date has its finding already
+    }
+    const ScheduleType& type = *find_schedule_type(written_.schedule.type);
+    add(FindingKind::empty_time, root,
+        "nothing airs from " + written_position(start, type) + " to " +
+            written_end(root.end, type) + ": " +
+            (shift == 0 ? "the schedule " + quoted(root.path) +
+                              " has no programme and no default item for that time"
+                        : "a clock change moves this time"));
+  }
+
+  bool airs_nothing(uint64_t start, uint64_t end) const {
+    const auto& items = written_.schedule.schedule;
+    return std::all_of(items.lower_bound(start), items.lower_bound(end),
+                       [](const auto& entry) { return entry.second.item.empty(); });
+  }
+
   /// False for dates such as February 30, which have no time of their own.
-  bool is_of_this_unit(uint64_t position) const {
+  bool is_of_this_unit(uint64_t position) const { return shift_of(position) == 0; }
+
+  /// How far the position is from the one that its time has in this unit: 0 as a rule, a day or
+  /// more for such dates, an hour where the unit begins with a clock change.
+  uint64_t shift_of(uint64_t position) const {
     UnitClock clock(written_.schedule);
     const time_t t = clock.time_of(position);
-    return t != -1 && clock.schedule_seconds_of(t) == position;
+    const uint64_t real = t != -1 ? clock.schedule_seconds_of(t) : no_time;
+    return std::max(real, position) - std::min(real, position);
   }
 
   void check_what_is_left() {

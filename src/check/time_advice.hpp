@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +14,10 @@ struct TimeAdvice {
   FindingKind kind;
   size_t offset;  ///< in the text
   std::string text;
+  std::string time = {};      ///< to write in place of the whole text; empty if unknown
+  std::string end_time = {};  ///< the same for an end, where both are written in one text
+  /// Where a clock of the next day was meant to be, in schedule seconds; perhaps after the unit.
+  std::optional<uint64_t> position = {};
 };
 
 /// What is wrong, or probably not meant, in a written time of a schedule of that type.
@@ -19,9 +25,3 @@ std::vector<TimeAdvice> advise_on_time(std::string_view text, const ScheduleType
 
 /// Whether the text is only a number, which the reader takes as schedule seconds.
 bool is_bare_number(std::string_view text);
-
-/// Whether such a number looks like an hour and minutes: "18.00", or "1800" where `in_figures`.
-bool looks_like_clock(std::string_view number, bool in_figures);
-
-/// Writes a number that looks like a clock as a clock: "18:00".
-std::string clock_of(std::string_view number);

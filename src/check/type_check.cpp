@@ -29,7 +29,11 @@ Finding finding_for_unknown_type(std::string_view text, Place place) {
   } else {
     message += "; the types are daily, weekly, monthly, yearly and endless";
   }
-  return {FindingKind::unknown_type, place, std::move(message)};
+  std::vector<LineFix> fix;
+  if (nearest) {
+    fix.push_back({place.line, "*" + std::string(*nearest)});
+  }
+  return {FindingKind::unknown_type, place, std::move(message), {}, std::move(fix)};
 }
 
 }  // namespace

@@ -4,9 +4,10 @@
 #include <array>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
+#include "check/line_fix.hpp"
 #include "check/named_files.hpp"
-#include "check/time_advice.hpp"
 #include "platform/syntax/nearest_word.hpp"
 
 namespace {
@@ -15,24 +16,6 @@ constexpr std::array<std::string_view, 3> announces = {"block", "items", ""};
 
 Place place_within(const WrittenValue& value, size_t offset) {
   return {value.place.line, value.place.column + static_cast<int64_t>(offset)};
-}
-
-void check_time(LineChecks& checks, const WrittenValue& value) {
-  const ScheduleType* known = find_schedule_type(checks.written.schedule.type);
-  const ScheduleType& type = known != nullptr ? *known : *find_schedule_type(default_schedule_type);
-  if (is_bare_number(value.text)) {
-    checks.bare_numbers.push_back(value);
-    if (std::strtoull(std::string(value.text).c_str(), nullptr, 10) > type.unit_length) {
-      checks.found.add(FindingKind::out_of_range, value.place,
-                       quoted(value.text) + " is out of range: the schedule has " +
-                           std::to_string(type.unit_length) + " seconds");
-    }
-  } else {
-    checks.has_clocks = true;
-  }
-  for (const TimeAdvice& advice : advise_on_time(value.text, type)) {
-    checks.found.add(advice.kind, place_within(value, advice.offset), advice.text);
-  }
 }
 
 void check_number(LineChecks& checks, const WrittenValue& value) {
@@ -47,11 +30,28 @@ void check_number(LineChecks& checks, const WrittenValue& value) {
 
 void check_announce(LineChecks& checks, const WrittenValue& value) {
   if (std::ranges::find(announces, value.text) == announces.end()) {
+    std::vector<LineFix> fix;
+    if (const auto meant = nearest_word(value.text, announces)) {
+      fix.push_back(line_with(checks.written, value, *meant));
+    }
     checks.found.add(FindingKind::unknown_announce, value.place,
                      "unknown value " + quoted(value.text) +
                          ": the block is announced as one item only if no programmes lie "
                          "inside" +
-                         did_you_mean(value.text, announces));
+                         did_you_mean(value.text, announces),
+                     {}, std::move(fix));
+  }
+}
+
+/// A '#' before a number belongs to the label: "Part # 2".
+void check_comment_in_label(LineChecks& checks, const WrittenValue& value) {
+  const size_t mark = value.text.find(" # ");
+  const bool is_number =
+      mark != std::string_view::npos && value.text.find_first_of("0123456789", mark) == mark + 3;
+  if (mark != std::string_view::npos && !is_number) {
+    checks.found.add(FindingKind::comment_in_label, place_within(value, mark + 1),
+                     "a comment after a label becomes part of the label; put the comment on a line "
+                     "of its own");
   }
 }
 
@@ -61,6 +61,12 @@ void check_markup(LineChecks& checks, const WrittenValue& value) {
     return;
   }
   const std::string_view reference = reference_at(value.text.substr(mark));
+  const MadeFormats& formats = checks.formats;
+  const bool is_harmful =
+      reference.empty() ? formats.xml : formats.html || formats.json || formats.xmltv;
+  if (!is_harmful) {
+    return;
+  }
   checks.found.add(FindingKind::markup, place_within(value, mark),
                    reference.empty()
                        ? quoted(value.text.substr(mark, 1)) +
@@ -73,7 +79,7 @@ void check_markup(LineChecks& checks, const WrittenValue& value) {
 void check_control_characters(LineChecks& checks, const WrittenValue& value) {
   const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
   const auto* found = std::ranges::find_if(value.text, is_control);
-  if (found != value.text.end()) {
+  if (found != value.text.end() && checks.formats.xml) {
     checks.found.add(FindingKind::control_character,
                      place_within(value, static_cast<size_t>(found - value.text.begin())),
                      "a control character makes the XML document ill-formed");
@@ -86,38 +92,18 @@ void check_values(LineChecks& checks, const WrittenSection& section) {
   for (const WrittenValue& value : section.values) {
     const ScheduleKey key = value.key->key;
     if (value.key->value_kind == ValueKind::time) {
-      check_time(checks, value);
+      check_time(checks, section, value);
     } else if (value.key->value_kind == ValueKind::number) {
       check_number(checks, value);
     } else if (key == ScheduleKey::announce) {
       check_announce(checks, value);
     } else if (key == ScheduleKey::label) {
+      check_comment_in_label(checks, value);
       check_markup(checks, value);
       check_control_characters(checks, value);
     } else if (key == ScheduleKey::block) {
       // The document shows the name of an announced block in place of a path, and escapes it.
       check_control_characters(checks, value);
-    }
-  }
-}
-
-/// A plain number means schedule seconds, "12.48" as well as "3605.20". It was probably meant as a
-/// clock if the file writes clocks elsewhere, or if every plain number could be a clock; "1800"
-/// only in the first case.
-void finish_value_check(LineChecks& checks) {
-  const bool are_seconds =
-      !checks.has_clocks && std::ranges::any_of(checks.bare_numbers, [](const WrittenValue& value) {
-        return value.text != "0" && !looks_like_clock(value.text, false);
-      });
-  if (are_seconds) {
-    return;
-  }
-  for (const WrittenValue& value : checks.bare_numbers) {
-    if (looks_like_clock(value.text, checks.has_clocks)) {
-      checks.found.add(FindingKind::bare_number, value.place,
-                       quoted(value.text) +
-                           " is read as seconds from the beginning of the unit; write " +
-                           quoted(clock_of(value.text)));
     }
   }
 }

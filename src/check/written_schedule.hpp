@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +38,8 @@ struct WrittenSection {
   std::vector<WrittenValue> values;  ///< one for each key
   uint64_t start = no_time;          ///< schedule seconds, as read
   uint64_t end = no_time;
-  bool is_broken = false;  ///< it runs into the next one and gets no more findings
+  bool is_broken = false;      ///< it runs into the next one and gets no more findings
+  bool is_noon_meant = false;  ///< it starts at "12:00 am" and was probably to start at noon
 
   /// The value of the key, or null.
   const WrittenValue* value_of(ScheduleKey key) const {
@@ -75,4 +77,6 @@ struct WrittenSchedule {
   WrittenSections blocks = {};
   /// Of default items, each with the first place that names it.
   std::map<std::string, Place> default_paths = {};
+  /// Lines of times that have a finding although the reader took them.
+  std::set<int64_t> doubtful_times = {};
 };

@@ -32,12 +32,12 @@ _@PROGRAM@_channels() {
 )";
 
 constexpr const char* bash_guide_channels = R"(
-# The configuration that the line names, or the user's own.
+# The configuration that the line names, or the usual one.
 _@PROGRAM@_configuration() {
   local i
-  configuration=$HOME/.xmltv/tv_grab_nv8x.conf
+  configuration=@CONFIG_FILE@
   for ((i = 1; i < COMP_CWORD - 1; ++i)); do
-    [ "${COMP_WORDS[i]}" = --config-file ] || continue
+    [ "${COMP_WORDS[i]}" = --@CONFIG_OPTION@ ] || continue
     configuration=${COMP_WORDS[i + 1]}
     [ "$configuration" != = ] || configuration=${COMP_WORDS[i + 2]}
     [[ $configuration != '~/'* ]] || configuration=$HOME/${configuration:2}
@@ -86,6 +86,11 @@ constexpr const char* bash_equals_sign =
 
 constexpr const char* bash_options = R"(  _@PROGRAM@_offer "$dashes${options// / $dashes}")";
 
+constexpr const char* bash_options_or_ids = R"(  case $word in
+    -*) _@PROGRAM@_offer "$dashes${options// / $dashes}" ;;
+    *) _@PROGRAM@_ids ;;
+  esac)";
+
 constexpr const char* bash_options_or_files = R"(  case $word in
     -*) _@PROGRAM@_offer "$dashes${options// / $dashes}" ;;
     *) _@PROGRAM@_files ;;
@@ -126,10 +131,14 @@ std::string bash_completion(const ProgramInfo& program) {
   text += has_offer(program, Offer::guide_channels) ? bash_guide_channels : "";
   text += bash_main;
   const char* begin = program.any_dashes ? bash_any_dashes : bash_equals_sign;
-  const char* rest = program.operands == Offer::files ? bash_options_or_files : bash_options;
+  const char* rest = program.operands == Offer::files            ? bash_options_or_files
+                     : program.operands == Offer::guide_channels ? bash_options_or_ids
+                                                                 : bash_options;
   return filled(text, {{"@BEGIN@", begin},
                        {"@OPTIONS@", options},
                        {"@CASES@", cases},
                        {"@REST@", rest},
+                       {"@CONFIG_OPTION@", program.config_option},
+                       {"@CONFIG_FILE@", program.config_file},
                        {"@PROGRAM@", program.name}});
 }

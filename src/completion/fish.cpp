@@ -15,14 +15,14 @@ end
 )";
 
 constexpr const char* fish_guide_channels = R"(
-# The ids of the channels of the configuration that the line names, or of the user's own.
+# The ids of the channels of the configuration that the line names, or of the usual one.
 function __@PROGRAM@_ids
-    set -l file ~/.xmltv/tv_grab_nv8x.conf
+    set -l file @CONFIG_FILE@
     set -l before
     for word in (commandline -opc)
-        test "$before" = --config-file; and set file $word
-        string match -q -- '--config-file=*' $word
-        and set file (string replace -- --config-file= '' $word)
+        test "$before" = --@CONFIG_OPTION@; and set file $word
+        string match -q -- '--@CONFIG_OPTION@=*' $word
+        and set file (string replace -- --@CONFIG_OPTION@= '' $word)
         set before $word
     end
     set file (string replace -r '^~/' ~/ -- $file)
@@ -54,6 +54,9 @@ std::string fish_completion(const ProgramInfo& program) {
   text += has_offer(program, Offer::channels) ? fish_channels : "";
   text += has_offer(program, Offer::guide_channels) ? fish_guide_channels : "";
   text += program.operands == Offer::files ? "\n" : "\ncomplete -c @PROGRAM@ -f\n";
+  if (program.operands == Offer::guide_channels) {
+    text += "complete -c @PROGRAM@ -a '(__@PROGRAM@_ids)'\n";
+  }
   for (const OptionInfo& option : program.options) {
     if (option.help != nullptr) {
       text += std::string("complete -c @PROGRAM@ -l ") + option.name +
@@ -61,5 +64,7 @@ std::string fish_completion(const ProgramInfo& program) {
               "'\n";
     }
   }
-  return filled(text, {{"@PROGRAM@", program.name}});
+  return filled(text, {{"@CONFIG_OPTION@", program.config_option},
+                       {"@CONFIG_FILE@", program.config_file},
+                       {"@PROGRAM@", program.name}});
 }

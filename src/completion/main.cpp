@@ -9,6 +9,7 @@
 #include "driver/options.hpp"
 #include "grab/grab_options.hpp"
 #include "import/import_options.hpp"
+#include "publish/publish_options.hpp"
 
 namespace fs = std::filesystem;
 
@@ -52,7 +53,7 @@ void print_options(const ProgramInfo& program) {
 // for an option that is not offered.
 int main(int argc, char** argv) {
   const std::array<ProgramInfo, 4> programs = {printer_program(), check_program(), grab_program(),
-                                               import_program()};
+                                               import_program(), publish_program()};
   for (const ProgramInfo& program : programs) {
     if (argc == 1) {
       print_options(program);

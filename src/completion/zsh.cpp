@@ -16,9 +16,9 @@ _@PROGRAM@_channels() {
 )";
 
 constexpr const char* zsh_guide_channels = R"(
-# The ids of the channels of the configuration that the line names, or of the user's own.
+# The ids of the channels of the configuration that the line names, or of the usual one.
 _@PROGRAM@_ids() {
-  local file=${(Q)opt_args[--config-file]:-$HOME/.xmltv/tv_grab_nv8x.conf} line
+  local file=${(Q)opt_args[--@CONFIG_OPTION@]:-@CONFIG_FILE@} line
   local match mbegin mend
   local -a ids
   file=${file/#\~\//$HOME/}
@@ -69,6 +69,10 @@ std::string zsh_completion(const ProgramInfo& program) {
       text += " \\\n  '" + zsh_option(program, option) + "'";
     }
   }
-  text += program.operands == Offer::files ? " \\\n  '*:FILE:_files'\n" : "\n";
-  return filled(text, {{"@PROGRAM@", program.name}});
+  text += program.operands == Offer::files            ? " \\\n  '*:FILE:_files'\n"
+          : program.operands == Offer::guide_channels ? " \\\n  '*:CHANNEL:_@PROGRAM@_ids'\n"
+                                                      : "\n";
+  return filled(text, {{"@CONFIG_OPTION@", program.config_option},
+                       {"@CONFIG_FILE@", program.config_file},
+                       {"@PROGRAM@", program.name}});
 }

@@ -12,10 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "grab/guide_config.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/known_zone.hpp"
 #include "station/replaced_file.hpp"
+#include "station/station_config.hpp"
 
 namespace {
 
@@ -84,10 +84,55 @@ std::string complaint_about_folder(const std::string& text) {
                                                     : "'" + text + "' is no folder";
 }
 
+/// The questions about the texts and the zone. False at the end of the input.
+bool ask_for_texts(Questions& questions, StationChannel& channel) {
+  const auto name = questions.ask("Name to show:", complaint_about_value);
+  const auto language =
+      questions.ask("Language of the texts, such as en (may be empty):", complaint_about_value);
+  const auto zone = questions.ask("Time zone, such as Europe/London:", [](const std::string& text) {
+    return is_known_zone(text) ? std::string() : "The machine knows no zone '" + text + "'";
+  });
+  channel.name = name.value_or("");
+  channel.language = language.value_or("");
+  channel.zone = zone.value_or("");
+  return name && language && zone;
+}
+
+/// The questions about the channel's files. False at the end of the input.
+bool ask_for_files(Questions& questions, StationChannel& channel) {
+  const auto folder = questions.ask("Folder of the channel's files:", complaint_about_folder);
+  if (!folder) {
+    return false;
+  }
+  channel.folder = absolute_folder(*folder);
+  const auto schedule =
+      questions.ask("Schedule file, as seen from there:", [&](const std::string& text) {
+        StationChannel tried = channel;
+        tried.schedule = text;
+        const std::string complaint = complaint_about_value(text);
+        return text.empty()        ? "A file is needed"
+               : complaint.empty() ? complaint_about_channel(tried)
+                                   : complaint;
+      });
+  channel.schedule = schedule.value_or("");
+  return schedule.has_value();
+}
+
+/// The other questions. False at the end of the input.
+bool ask_for_appearance(Questions& questions, StationChannel& channel) {
+  const auto icon = questions.ask("Address of an icon (may be empty):", complaint_about_value);
+  const auto previous =
+      questions.ask("Show what is on air when the first day begins (yes or no, empty: no)?",
+                    complaint_about_yes_or_no);
+  channel.icon = icon.value_or("");
+  channel.previous = previous == "yes";
+  return icon && previous;
+}
+
 /// Asks for one channel. Nothing at the end of the input. An empty id ends the questions.
-std::optional<GuideChannel> ask_for_channel(Questions& questions,
-                                            const std::set<std::string>& ids) {
-  GuideChannel channel;
+std::optional<StationChannel> ask_for_channel(Questions& questions,
+                                              const std::set<std::string>& ids) {
+  StationChannel channel;
   const auto id =
       questions.ask("Channel id, such as kbt1.example (empty: no more channels):",
                     [&](const std::string& text) { return complaint_about_id(text, ids); });
@@ -95,50 +140,19 @@ std::optional<GuideChannel> ask_for_channel(Questions& questions,
     return id ? std::optional(channel) : std::nullopt;
   }
   channel.id = *id;
-  const auto name = questions.ask("Name to show:", complaint_about_value);
-  const auto language =
-      questions.ask("Language of the texts, such as en (may be empty):", complaint_about_value);
-  const auto zone = questions.ask("Time zone, such as Europe/London:", [](const std::string& text) {
-    return is_known_zone(text) ? std::string() : "The machine knows no zone '" + text + "'";
-  });
-  const auto folder = questions.ask("Folder of the channel's files:", complaint_about_folder);
-  if (!name || !language || !zone || !folder) {
-    return std::nullopt;
-  }
-  channel.name = *name;
-  channel.language = *language;
-  channel.zone = *zone;
-  channel.folder = absolute_folder(*folder);
-  const auto schedule =
-      questions.ask("Schedule file, as seen from there:", [&](const std::string& text) {
-        GuideChannel tried = channel;
-        tried.schedule = text;
-        const std::string complaint = complaint_about_value(text);
-        return text.empty()        ? "A file is needed"
-               : complaint.empty() ? complaint_about_channel(tried)
-                                   : complaint;
-      });
-  const auto icon = questions.ask("Address of an icon (may be empty):", complaint_about_value);
-  const auto previous =
-      questions.ask("Show what is on air when the first day begins (yes or no, empty: no)?",
-                    complaint_about_yes_or_no);
-  if (!schedule || !icon || !previous) {
-    return std::nullopt;
-  }
-  channel.schedule = *schedule;
-  channel.icon = *icon;
-  channel.previous = *previous == "yes";
-  return channel;
+  const bool is_answered = ask_for_texts(questions, channel) && ask_for_files(questions, channel) &&
+                           ask_for_appearance(questions, channel);
+  return is_answered ? std::optional(channel) : std::nullopt;
 }
 
 }  // namespace
 
 bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
   Questions questions(in, out);
-  std::vector<GuideChannel> channels;
+  std::vector<StationChannel> channels;
   std::set<std::string> ids;
   for (;;) {
-    std::optional<GuideChannel> channel = ask_for_channel(questions, ids);
+    std::optional<StationChannel> channel = ask_for_channel(questions, ids);
     if (!channel) {
       std::fprintf(stderr, "tv_grab_nv8x: no more answers; nothing was written\n");
       return false;
@@ -156,7 +170,7 @@ bool configure_guide(std::FILE* in, std::FILE* out, const std::string& path) {
   std::error_code ignored;
   std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
   ReplacedFile file(path, NewMode::as_before);
-  if (!file.is_open() || !file.write(text_of_guide_config(channels)) || !file.publish()) {
+  if (!file.is_open() || !file.write(text_of_station_config(channels)) || !file.publish()) {
     std::fprintf(stderr, "tv_grab_nv8x: %s: %s\n", path.c_str(), std::strerror(errno));
     return false;
   }

@@ -7,7 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/system/file.hpp"
 #include "platform/system/output.hpp"
+#include "station/station_config.hpp"
 
 namespace {
 
@@ -35,7 +37,10 @@ bool take_number(int& number, const char* value, int least, int most, const char
 
 std::string default_config_file() {
   const char* home = std::getenv("HOME");
-  return std::string(home != nullptr ? home : ".") + "/.xmltv/tv_grab_nv8x.conf";
+  const std::string own = std::string(home != nullptr ? home : ".") + "/.xmltv/tv_grab_nv8x.conf";
+  const bool is_only_for_station =
+      look_at(own) == FileState::missing && look_at(station_config_path) != FileState::missing;
+  return is_only_for_station ? station_config_path : own;
 }
 
 struct GrabOption {
@@ -99,7 +104,9 @@ ProgramInfo grab_program() {
           .version = NV8X_VERSION,
           .about = about,
           .status = exit_status,
-          .usage_status = EXIT_FAILURE};
+          .usage_status = EXIT_FAILURE,
+          .config_option = "config-file",
+          .config_file = "$HOME/.xmltv/tv_grab_nv8x.conf"};
 }
 
 std::optional<GrabCommand> parse_grab_command(int argc, char** argv, int& status) {

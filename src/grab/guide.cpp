@@ -1,162 +1,182 @@
 #include "grab/guide.hpp"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <utility>
 
-#include "grab/channel_jobs.hpp"
-#include "grab/programme.hpp"
+#include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"
-#include "writers/append.hpp"
-#include "writers/xml_escape.hpp"
+#include "platform/system/messages.hpp"
+#include "schedule/watchdog.hpp"
+#include "station/channel_jobs.hpp"
+#include "station/channel_report.hpp"
+#include "station/channel_schedule.hpp"
+#include "station/guards.hpp"
+#include "station/xmltv_guide.hpp"
 
 namespace {
 
-std::string head_of(const std::vector<GuideChannel>& channels) {
-  std::string out =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE tv SYSTEM \"xmltv.dtd\">\n\n"
-      "<tv generator-info-name=\"tv_grab_nv8x\">\n";
-  for (const GuideChannel& channel : channels) {
-    append(out, "  <channel id=\"");
-    append_xml_escaped(out, channel.id);
-    append(out, "\">\n    <display-name");
-    if (!channel.language.empty()) {
-      append(out, " lang=\"");
-      append_xml_escaped(out, clean_text(channel.language));
-      append(out, "\"");
-    }
-    append(out, ">");
-    append_xml_escaped(out, clean_text(channel.name));
-    append(out, "</display-name>\n");
-    if (!channel.icon.empty()) {
-      append(out, "    <icon src=\"");
-      append_xml_escaped(out, clean_text(channel.icon));
-      append(out, "\"/>\n");
-    }
-    append(out, "  </channel>\n");
+constexpr const char* program = "tv_grab_nv8x";
+
+std::vector<const StationChannel*> pointers_to(const std::vector<StationChannel>& channels) {
+  std::vector<const StationChannel*> pointers;
+  for (const StationChannel& channel : channels) {
+    pointers.push_back(&channel);
   }
-  return out;
+  return pointers;
 }
 
-constexpr const char* foot = "</tv>\n";
+/// What the guards say of the programmes of a channel. As many programmes as there must be items
+/// need no counting.
+std::string complaint_about_number(const std::vector<Programme>& programmes,
+                                   const StationChannel& channel, const std::string& path,
+                                   time_t now) {
+  if (programmes.size() >= channel.min_items) {
+    return {};
+  }
+  const auto items = count_announced_at(path, now);
+  cancel_watchdog();
+  return complaint_about_items(items.value_or(0), channel.min_items);
+}
 
-/// Runs the jobs of the channels and copies their programmes in the channels' order.
+/// The life of a channel's process: its programmes, and what the guards say of them.
+void make_programmes(const ChannelWork& work, int file, const GuideSpan& span,
+                     const OldGuide& old_guide) {
+  const StationChannel& channel = work.channel;
+  if (const std::string complaint = complaint_about_zone(channel); !complaint.empty()) {
+    fail_channel(complaint);  // the times would be wrong
+  }
+  std::string error;
+  const std::optional<std::string> path = schedule_path_of(channel, error);
+  if (!path) {
+    fail_channel(error);
+  }
+  const auto before = fingerprint_of_file(*path);
+  const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
+  const auto schedule = std::make_unique<Schedule>();
+  if (!read_channel_schedule(*schedule, *path, error)) {
+    fail_channel(error);
+  }
+  const GuideTimes times = times_of_span(span, work.now);
+  const std::vector<Programme> programmes =
+      programmes_of_schedule(*schedule, *path, times, channel.previous);
+  ChannelReport report;
+  for (const std::string& complaint :
+       {complaint_of_checker(*path, channel.check, work.now),
+        complaint_about_number(programmes, channel, *path, work.now),
+        complaint_about_programmes(programmes, old_guide, channel, times, work.now),
+        complaint_about_change(*path, before)}) {
+    if (!complaint.empty()) {
+      report.refusals.push_back(complaint);
+    }
+  }
+  begin_channel_file(file);
+  ChannelPart part = begin_channel_part(file, "programmes");
+  part.count = programmes.size();
+  write_programmes(programmes, channel, file);
+  end_channel_part(file, part);
+  report.parts.push_back(part);
+  write_channel_report(file, report);
+}
+
+/// Copies the programmes of the channels in their order.
 class GuideWriter {
  public:
-  GuideWriter(int fd, const std::vector<GuideChannel>& channels, const GuideRun& run, time_t now)
-      : fd_(fd), channels_(channels), run_(run), now_(now), room_(static_cast<size_t>(run.jobs)) {}
+  GuideWriter(int fd, const GuideRun& run, const OldGuide& old_guide, time_t now)
+      : fd_(fd), run_(run), old_guide_(old_guide), now_(now) {}
 
   /// Returns the error if the whole guide fails, otherwise an empty text.
-  std::string write_all_programmes() {
-    while (next_ < channels_.size() || !jobs_.empty()) {
-      start_jobs();
-      if (jobs_.empty()) {
-        return std::strerror(errno);
-      }
-      if (std::string error = take_front_job(); !error.empty()) {
-        return error;
-      }
-      jobs_.pop_front();
+  std::string take(const ChannelJob& job) {
+    std::fwrite(job.said.data(), 1, job.said.size(), stderr);
+    if (job.end == ChannelEnd::lacking) {
+      return "the machine is short of something that '" + job.channel->id + "' takes";
     }
-    return {};
+    if (job.end != ChannelEnd::done) {
+      return take_old_programmes(*job.channel);
+    }
+    const std::optional<ChannelReport> report = read_channel_report(job.file.get());
+    if (!report || report->parts.size() != 1) {
+      return std::strerror(report ? EIO : errno);
+    }
+    if (report->refusals.empty()) {
+      return take_programmes(job, report->parts.front());
+    }
+    print_refusal(*job.channel, report->refusals.front());
+    return old_guide_.is_there() ? take_old_programmes(*job.channel)
+                                 : take_poor_programmes(job, report->parts.front());
   }
 
   const GuideResult& result() const { return result_; }
 
  private:
-  ChannelWork work_on(const GuideChannel& channel, Attempt attempt) const {
-    return {channel, run_.span, now_, attempt};
+  static void print_refusal(const StationChannel& channel, const std::string& reason) {
+    std::fprintf(stderr, "%s: %s: %s\n", program, channel.id.c_str(), reason.c_str());
   }
 
-  /// Starts as many jobs as the limit and the machine allow.
-  void start_jobs() {
-    while (next_ < channels_.size() && jobs_.size() < room_) {
-      std::optional<ChannelJob> job = start_job(work_on(channels_[next_], Attempt::first), jobs_);
-      if (!job) {
-        return;
-      }
-      jobs_.push_back(*std::move(job));
-      ++next_;
-    }
-  }
-
-  std::string take_front_job() {
-    if (!await_end(jobs_.front())) {
+  std::string take_programmes(const ChannelJob& job, const ChannelPart& part) {
+    if (!copy_part(job.file.get(), part, fd_)) {
       return std::strerror(errno);
     }
-    if (jobs_.front().end == ChannelEnd::lacking && !repeat_front_job_alone()) {
-      return std::strerror(errno);
-    }
-    const ChannelJob& job = jobs_.front();
-    switch (*job.end) {
-      case ChannelEnd::done:
-        return take_programmes(job);
-      case ChannelEnd::lacking:
-        return "the machine is short of something that '" + job.channel->id + "' takes";
-      default:
-        ++result_.failed;
-        return {};
-    }
+    tell_number(*job.channel, part.count, "programmes");
+    return {};
   }
 
-  /// It runs alone, so no other job uses what was short. False, with errno set, when it cannot be
-  /// started.
-  bool repeat_front_job_alone() {
-    room_ = std::max<size_t>(1, room_ / 2);
-    if (!std::ranges::all_of(jobs_, await_end)) {
-      return false;
-    }
-    const GuideChannel& channel = *jobs_.front().channel;
-    jobs_.pop_front();
-    std::optional<ChannelJob> job = start_job(work_on(channel, Attempt::last), jobs_);
-    if (!job) {
-      return false;
-    }
-    jobs_.push_front(*std::move(job));
-    return await_end(jobs_.front());
+  /// There is no guide that could be kept.
+  std::string take_poor_programmes(const ChannelJob& job, const ChannelPart& part) {
+    ++result_.lacking;
+    return take_programmes(job, part);
   }
 
-  std::string take_programmes(const ChannelJob& job) {
-    const std::optional<uint64_t> count = copy_programmes(job.file.get(), fd_);
+  std::string take_old_programmes(const StationChannel& channel) {
+    ++result_.lacking;
+    const auto count = old_guide_.copy_ahead(channel.id, now_, fd_);
     if (!count) {
       return std::strerror(errno);
     }
-    result_.programmes += *count;
-    if (!run_.quiet) {
-      std::fprintf(stderr, "%s: %llu programmes\n", job.channel->id.c_str(),
-                   static_cast<unsigned long long>(*count));
+    if (old_guide_.is_there()) {
+      tell_number(channel, *count, "programmes of the old guide");
     }
     return {};
   }
 
+  void tell_number(const StationChannel& channel, uint64_t count, const char* what) {
+    result_.programmes += count;
+    if (!run_.quiet) {
+      std::fprintf(stderr, "%s: %llu %s\n", channel.id.c_str(),
+                   static_cast<unsigned long long>(count), what);
+    }
+  }
+
   int fd_;
-  const std::vector<GuideChannel>& channels_;
   const GuideRun& run_;
+  const OldGuide& old_guide_;
   time_t now_;
-  size_t room_;  ///< maximum number of jobs at the same time
-  size_t next_ = 0;
-  ChannelJobs jobs_;
   GuideResult result_;
 };
 
 }  // namespace
 
-bool write_channels(int fd, const std::vector<GuideChannel>& channels) {
-  return write_fully(fd, head_of(channels) + foot);
+bool write_channels(int fd, const std::vector<StationChannel>& channels) {
+  return write_fully(fd, guide_head(pointers_to(channels)) + guide_foot);
 }
 
-std::optional<GuideResult> write_guide(int fd, const std::vector<GuideChannel>& channels,
-                                       const GuideRun& run, time_t now, std::string& error) {
-  if (!write_fully(fd, head_of(channels))) {
+std::optional<GuideResult> write_guide(int fd, const std::vector<StationChannel>& channels,
+                                       const GuideRun& run, const OldGuide& old_guide, time_t now,
+                                       std::string& error) {
+  const ChannelRun channel_run{program, pointers_to(channels), run.jobs, now};
+  if (!write_fully(fd, guide_head(channel_run.channels))) {
     error = std::strerror(errno);
     return std::nullopt;
   }
-  GuideWriter writer(fd, channels, run, now);
-  error = writer.write_all_programmes();
-  if (error.empty() && !write_fully(fd, foot)) {
+  GuideWriter writer(fd, run, old_guide, now);
+  error = run_channels(
+      channel_run,
+      [&](const ChannelWork& work, int file) { make_programmes(work, file, run.span, old_guide); },
+      [&](const ChannelJob& job) { return writer.take(job); });
+  if (error.empty() && !write_fully(fd, guide_foot)) {
     error = std::strerror(errno);
   }
   return error.empty() ? std::optional(writer.result()) : std::nullopt;

@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "grab/channel_programmes.hpp"
-#include "grab/guide_config.hpp"
+#include "station/channel_programmes.hpp"
+#include "station/old_guide.hpp"
+#include "station/station_config.hpp"
 
 struct GuideRun {
   GuideSpan span;
@@ -18,15 +19,17 @@ struct GuideRun {
 /// The result of writing a guide.
 struct GuideResult {
   size_t programmes = 0;
-  size_t failed = 0;  ///< number of channels that failed; standard error names each one
+  size_t lacking = 0;  ///< number of channels that failed or that the guards refused
 };
 
 /// Writes a guide with channels and no programmes.
-bool write_channels(int fd, const std::vector<GuideChannel>& channels);
+bool write_channels(int fd, const std::vector<StationChannel>& channels);
 
 /// Writes the whole guide: all channels, then their programmes. Each channel has its own process,
-/// in its own zone and folder. A channel whose process meets a shortage of the machine is tried
-/// once more, alone. Nothing, with `error`, when the whole guide fails; the text written so far is
-/// then not a valid guide.
-std::optional<GuideResult> write_guide(int fd, const std::vector<GuideChannel>& channels,
-                                       const GuideRun& run, time_t now, std::string& error);
+/// in its own zone and folder. If the old guide is there, a channel that fails or that the guards
+/// refuse keeps its programmes from it, as far as they lie ahead. Without an old guide, a refused
+/// channel has the programmes that there are. Standard error names each such channel. Nothing, with
+/// `error`, when the whole guide fails; the text written so far is then not a valid guide.
+std::optional<GuideResult> write_guide(int fd, const std::vector<StationChannel>& channels,
+                                       const GuideRun& run, const OldGuide& old_guide, time_t now,
+                                       std::string& error);

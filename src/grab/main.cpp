@@ -10,14 +10,15 @@
 #include <vector>
 
 #include "grab/configure.hpp"
-#include "grab/early_end.hpp"
 #include "grab/grab_options.hpp"
 #include "grab/guide.hpp"
-#include "grab/guide_config.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/system/file.hpp"
 #include "platform/system/output.hpp"
+#include "station/early_end.hpp"
+#include "station/old_guide.hpp"
 #include "station/replaced_file.hpp"
+#include "station/station_config.hpp"
 
 namespace {
 
@@ -27,23 +28,15 @@ int fail(const std::string& what, const std::string& why) {
 }
 
 /// The channels that the command is about. Nothing, after a message, when there is a mistake.
-std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command) {
-  const FileDescriptor file = open_regular_file(AT_FDCWD, command.config_file.c_str());
-  const auto content = file.is_open() ? read_content(file.get()) : std::nullopt;
-  if (!content) {
-    fail(command.config_file,
-         std::string(std::strerror(errno)) + "; --configure asks for the channels");
-    return std::nullopt;
-  }
-  std::string error;
-  auto channels = parse_guide_config(*content, error);
+std::optional<std::vector<StationChannel>> channels_of(const GrabCommand& command) {
+  auto channels = read_station_config("tv_grab_nv8x", command.config_file,
+                                      "; --configure asks for the channels");
   if (!channels) {
-    std::fprintf(stderr, "tv_grab_nv8x: %s:%s\n", command.config_file.c_str(), error.c_str());
     return std::nullopt;
   }
   if (!command.channel.empty()) {
     std::erase_if(*channels,
-                  [&](const GuideChannel& channel) { return channel.id != command.channel; });
+                  [&](const StationChannel& channel) { return channel.id != command.channel; });
     if (channels->empty()) {
       fail(command.config_file, "no channel '" + command.channel + "'");
       return std::nullopt;
@@ -55,11 +48,12 @@ std::optional<std::vector<GuideChannel>> channels_of(const GrabCommand& command)
 enum class Outcome { whole, parts, empty, failed };
 
 /// Writes what the command asks for, and reports errors.
-Outcome write_to(int fd, const GrabCommand& command, const std::vector<GuideChannel>& channels) {
+Outcome write_to(int fd, const GrabCommand& command, const std::vector<StationChannel>& channels,
+                 const OldGuide& old_guide) {
   std::string error;
   std::optional<GuideResult> result = GuideResult();
   if (command.task == GrabTask::guide) {
-    result = write_guide(fd, channels, command.run, current_time(), error);
+    result = write_guide(fd, channels, command.run, old_guide, current_time(), error);
   } else if (!write_channels(fd, channels)) {
     error = std::strerror(errno);
   }
@@ -70,12 +64,12 @@ Outcome write_to(int fd, const GrabCommand& command, const std::vector<GuideChan
   if (command.task == GrabTask::guide && result->programmes == 0 && !channels.empty()) {
     return Outcome::empty;
   }
-  return result->failed == 0 ? Outcome::whole : Outcome::parts;
+  return result->lacking == 0 ? Outcome::whole : Outcome::parts;
 }
 
 int write_to_standard_output(const GrabCommand& command,
-                             const std::vector<GuideChannel>& channels) {
-  const Outcome outcome = write_to(STDOUT_FILENO, command, channels);
+                             const std::vector<StationChannel>& channels) {
+  const Outcome outcome = write_to(STDOUT_FILENO, command, channels, OldGuide());
   if (outcome == Outcome::empty) {
     fail("the guide", "no channel has a programme in these days");
   }
@@ -100,13 +94,18 @@ bool may_be_emptied(const std::string& path) {
   return !has_programmes;
 }
 
-/// A guide without the failed channels is published. An incomplete guide is not.
-int write_file(const GrabCommand& command, const std::vector<GuideChannel>& channels) {
+/// A channel that failed keeps its programmes of the old guide. An incomplete guide is not
+/// published.
+int write_file(const GrabCommand& command, const std::vector<StationChannel>& channels) {
   ReplacedFile file(command.output, NewMode::readable);
   if (!file.is_open()) {
     return fail(command.output, std::strerror(errno));
   }
-  const Outcome outcome = write_to(file.fd(), command, channels);
+  const OldGuide old_guide = file.is_draft() ? OldGuide(command.output) : OldGuide();
+  if (!old_guide.is_readable()) {
+    return fail(command.output, std::strerror(old_guide.error()));
+  }
+  const Outcome outcome = write_to(file.fd(), command, channels, old_guide);
   if (outcome == Outcome::failed ||
       (outcome == Outcome::empty && file.is_draft() && !may_be_emptied(command.output))) {
     return EXIT_FAILURE;
@@ -124,7 +123,7 @@ int write_file(const GrabCommand& command, const std::vector<GuideChannel>& chan
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
-  prepare_for_early_end();
+  prepare_for_early_end("tv_grab_nv8x", EXIT_FAILURE);
   int status = EXIT_SUCCESS;
   const std::optional<GrabCommand> command = parse_grab_command(argc, argv, status);
   if (!command) {

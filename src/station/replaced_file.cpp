@@ -77,7 +77,7 @@ ReplacedFile::ReplacedFile(const std::string& path, NewMode mode) : path_(path) 
 
 void ReplacedFile::open_draft(mode_t mode) {
   const SignalsHeldBack held_back;
-  std::string draft = path_ + ".XXXXXX";
+  std::string draft = path_ + draft_mark + "XXXXXX";
   file_.reset(mkostemp(draft.data(), O_CLOEXEC));
   if (!file_.is_open()) {
     return;

@@ -5,6 +5,9 @@
 
 #include "platform/system/file.hpp"
 
+/// A draft has the name of the file, this, and six characters.
+inline constexpr const char* draft_mark = ".draft-";
+
 /// The permissions of the new file: 644, or those of the old file.
 enum class NewMode { readable, as_before };
 

@@ -8,14 +8,17 @@
 #include <charconv>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/one_process.hpp"
 #include "fuzz/whole_run_input.hpp"
-#include "grab/channel_programmes.hpp"
 #include "platform/system/clock.hpp"
+#include "platform/system/messages.hpp"
+#include "station/channel_programmes.hpp"
+#include "station/channel_schedule.hpp"
 
 namespace {
 
@@ -60,19 +63,20 @@ void run_target(std::string_view input) {
   set_whole_run_zone(parts.zone);
   const GuideSpan span{.days = number_of(parts, 0, 0, most_days, 2),
                        .offset = number_of(parts, 1, -most_days, most_days, 0)};
-  GuideChannel channel;
-  channel.id = "a.example";
-  channel.schedule = "channel.schedule";
-  channel.previous = number_of(parts, 2, 0, 1, 0) == 1;
+  const bool with_previous = number_of(parts, 2, 0, 1, 0) == 1;
   forget_media_files();
   try {
+    const DiagnosticsRecord silence(DiagnosticsRecord::Printing::off);
+    const auto schedule = std::make_unique<Schedule>();
     std::string error;
-    const auto programmes = programmes_of_channel(channel, span, current_time(), error);
-    require(programmes.has_value() || !error.empty(), "a channel that fails says why");
-    if (programmes) {
-      require_order(*programmes);
-      require_well_formed(*programmes);
+    if (!read_channel_schedule(*schedule, "channel.schedule", error)) {
+      require(!error.empty(), "a channel that fails says why");
+      return;
     }
+    const auto programmes = programmes_of_schedule(
+        *schedule, "channel.schedule", times_of_span(span, current_time()), with_previous);
+    require_order(programmes);
+    require_well_formed(programmes);
   } catch (const AssertionFailed&) {
   } catch (const RunEnded&) {
     // Either ends the channel's process, which costs this channel alone.

@@ -33,7 +33,7 @@ std::string text_of(FileFindings file) {
 std::string findings_in(const std::string& content) {
   WrittenSchedule written{.content = content};
   FileFindings found{.file = "f"};
-  read_and_check_lines(written, false, found);
+  read_and_check_lines(written, {.media = false}, found);
   return text_of(found);
 }
 
@@ -133,15 +133,15 @@ TEST(SectionCheck, SaysOnceWhyASectionIsDropped) {
       "4:1 colon: the item is dropped: a ':' does not give 'start' a value; write '='\n"
       "5:1 letter-case: the item is dropped: 'End' has no effect; write 'end'\n"
       "7:1 missing: the item is dropped: it has no 'end'\n"
-      "7:1 missing: the item is dropped: it has no 'item'\n"
-      "7:1 missing: the item is dropped: it has no 'start'\n");
+      "7:1 missing: the item is dropped: it has no 'start'\n"
+      "8:1 missing: the item is dropped: its 'item' has no value\n");
 }
 
 TEST(SectionCheck, KeepsTheLastValueOfAKeyWithItsPlace) {
   WrittenSchedule written{.content =
                               "*daily\n{\n item = a\n item = b\nstart = 1:00\nend = 2:00\n}\n"};
   FileFindings found{.file = "f"};
-  read_and_check_lines(written, false, found);
+  read_and_check_lines(written, {.media = false}, found);
   EXPECT_EQ(text_of(found),
             "3:2 repeated-key: a later line sets 'item' again; this line has no effect\n  4:2 the "
             "later line is here\n");
@@ -163,13 +163,15 @@ TEST(SectionCheck, FindsSectionsThatStartTogether) {
 }
 
 TEST(ValueCheck, LooksAtEachValueByItsKey) {
-  EXPECT_EQ(findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
-                        "block = c & \x01\nitem duration = 5s\n}\n"),
-            "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00\n"
-            "6:11 markup: '&amp;' is one character in the XML document only; all other documents "
-            "show it as written\n"
-            "7:13 control-character: a control character makes the XML document ill-formed\n"
-            "8:17 bad-number: invalid number of seconds '5s'\n");
+  EXPECT_EQ(
+      findings_in("*daily\n{\nitem = a & b\nstart = 1:00\nend = 25:00\nlabel = a &amp; b\n"
+                  "block = c & \x01\nitem duration = 5s\n}\n"),
+      "5:7 out-of-range: '25:00' is out of range: clocks run from 00:00 to 24:00; write two items, "
+      "from '01:00' to '24:00' and from '00:00' to '01:00'\n"
+      "6:11 markup: '&amp;' is one character in the XML document only; all other documents "
+      "show it as written\n"
+      "7:13 control-character: a control character makes the XML document ill-formed\n"
+      "8:17 bad-number: invalid number of seconds '5s'\n");
   EXPECT_EQ(
       findings_in("*daily\nschedule block {\nblock = b\nstart = 1:00\nend = 2:00\n"
                   "announce = item\n}\n"),
@@ -196,7 +198,19 @@ TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
   EXPECT_EQ(text_of(found),
             "3:22 comment-behind-value: a comment after a path becomes part of the path; put the "
             "comment on a line of its own\n");
-  EXPECT_EQ(comment_behind_path("a # b # c"), 1U);
+  const auto complaint = complaint_about_path("a # b # c");
+  ASSERT_TRUE(complaint);
+  EXPECT_EQ(complaint->offset, 2U);
+}
+
+TEST(MadeFormats, AreThoseOfTheList) {
+  MadeFormats formats;
+  EXPECT_FALSE(formats.has_listing());
+  ASSERT_TRUE(read_made_formats("html,gracenote", formats));
+  EXPECT_TRUE(formats.html && formats.gracenote && formats.has_listing());
+  EXPECT_FALSE(formats.xml || formats.json || formats.xmltv || formats.rovi);
+  EXPECT_FALSE(read_made_formats("", formats));
+  EXPECT_FALSE(read_made_formats("html,", formats));
 }
 
 TEST(LineCheck, FindsBracesOutOfPlace) {
@@ -209,7 +223,7 @@ TEST(LineCheck, FindsBracesOutOfPlace) {
   EXPECT_EQ(findings_in("*daily\nfoo {\n} # x\nfoo {\n}x\n"),
             "2:1 unknown-section: unknown section 'foo'; it is skipped\n"
             "4:1 unknown-section: unknown section 'foo'; it is skipped\n"
-            "5:2 text-behind-brace: 'x' after a '}' is not read; put it on a line of its own\n");
+            "5:2 text-behind-brace: 'x' after a '}' is not read; write '} # x'\n");
 }
 
 TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {

@@ -19,7 +19,7 @@ include "{shipped}"
 
 NGINX = """
 daemon off;
-pid {folder}/nginx.pid;
+pid {folder}/{recipe}nginx.pid;
 error_log {folder}/error.log;
 events {{ worker_connections 1024; }}
 http {{
@@ -37,14 +37,14 @@ APACHE = """
 ServerName localhost
 ServerRoot {folder}
 DefaultRuntimeDir {folder}
-PidFile {folder}/apache.pid
-ScriptSock {folder}/cgid.sock
+PidFile {folder}/{recipe}apache.pid
+ScriptSock {folder}/{recipe}cgid.sock
 ErrorLog {folder}/error.log
 DocumentRoot {folder}/documents
 Listen 127.0.0.1:{port}
 Include {shipped}
 """
-APACHE_MODULES = ["mpm_event", "alias", "authz_core", "cgid", "headers"]
+APACHE_MODULES = ["mpm_event", "alias", "authz_core", "cgid", "dir", "headers"]
 
 
 def tool(name):
@@ -62,11 +62,12 @@ def free_port():
 
 def write_configuration(site, name, main, settings, port):
     """The shipped file with our settings, and a main file around it: returns the main one."""
-    shipped = site.folder / f"shipped_{name}.conf"
-    text = (site.source / f"examples/web/{name}.conf").read_text()
-    shipped.write_text(fill(text, {"/usr/lib/cgi-bin/guide.cgi": str(site.wrapper), **settings}))
-    path = site.folder / f"{name}.conf"
-    path.write_text(main.format(folder=site.folder, port=port, shipped=shipped))
+    shipped = site.folder / f"shipped_{site.recipe}{name}.conf"
+    text = (site.source / f"examples/web/{site.recipe}{name}.conf").read_text()
+    shipped.write_text(fill(text, {**site.places, **settings}))
+    path = site.folder / f"{site.recipe}{name}.conf"
+    path.write_text(main.format(folder=site.folder, port=port, shipped=shipped,
+                                recipe=site.recipe))
     return path
 
 
@@ -77,18 +78,22 @@ def lighttpd(site, port):
 
 def nginx(site, port):
     socket_path = f"{site.folder}/fcgiwrap.sock"
-    settings = {"/run/fcgiwrap.socket": socket_path, "listen 80": f"listen 127.0.0.1:{port}"}
+    settings, wrapper = {"listen 80": f"listen 127.0.0.1:{port}"}, []
+    if not site.recipe:
+        settings["/run/fcgiwrap.socket"] = socket_path
+        wrapper = [[tool("fcgiwrap"), "-c", "8", "-s", f"unix:{socket_path}"]]
+        if os.path.exists(socket_path):
+            os.unlink(socket_path)
     conf = write_configuration(site, "nginx", NGINX, settings, port)
-    if os.path.exists(socket_path):
-        os.unlink(socket_path)
-    return [[tool("fcgiwrap"), "-c", "8", "-s", f"unix:{socket_path}"],
-            [tool("nginx"), "-c", conf, "-e", f"{site.folder}/error.log"]]
+    return [*wrapper, [tool("nginx"), "-c", conf, "-e", f"{site.folder}/error.log"]]
 
 
 def apache(site, port):
     modules = "".join(f"LoadModule {name}_module /usr/lib/apache2/modules/mod_{name}.so\n"
                       for name in APACHE_MODULES)
-    settings = {"*:80": f"127.0.0.1:{port}", '"/usr/lib/cgi-bin"': f'"{site.folder}"'}
+    settings = {"*:80": f"127.0.0.1:{port}"}
+    if not site.recipe:
+        settings['"/usr/lib/cgi-bin"'] = f'"{site.folder}"'
     conf = write_configuration(site, "apache", modules + APACHE, settings, port)
     return [[tool("apache2"), "-DFOREGROUND", "-f", conf]]
 

@@ -17,7 +17,7 @@ enum class Offer {
   nothing,
   files,
   channels,        ///< numbers of the channels that have a render-manager file
-  guide_channels,  ///< ids of the channels in the grabber's configuration
+  guide_channels,  ///< ids of the channels in the station's configuration
   words,           ///< the words listed with the option
 };
 
@@ -46,9 +46,11 @@ struct ProgramInfo {
   bool any_dashes = false;  ///< it has its own parser, and any number of dashes begins an option
   Offer operands = Offer::nothing;  ///< nothing: the program takes none
   const char* version = "";
-  const char* about = "";   ///< lines of the help before the options
-  const char* status = "";  ///< lines of the help after the options
-  int usage_status = 2;     ///< the exit status for a wrong command line
+  const char* about = "";          ///< lines of the help before the options
+  const char* status = "";         ///< lines of the help after the options
+  int usage_status = 2;            ///< the exit status for a wrong command line
+  const char* config_option = "";  ///< the option that names the station's configuration
+  const char* config_file = "";    ///< its default, as a shell's word
 };
 
 /// The options of a table. Each row has an OptionInfo `info`.

@@ -69,18 +69,7 @@ bool ScheduleFile::next(SchedulePart& part) {
   std::string_view piece;
   const int64_t last_line = lines_.line();
   const bool is_line = lines_.read(piece);
-  // The members are set one by one. Assigning a new part would take much of the time for a line.
-  part.section = section_;
-  part.section_line = section_line_;
-  part.line = lines_.line();
-  part.column = 0;
-  part.is_rest = false;
-  part.text = {};
-  part.name = {};
-  part.value = {};
-  part.clarifier = {};
-  part.value_column = 0;
-  part.key = nullptr;
+  begin_part(part);
   if (!is_line) {
     part.kind = PartKind::cut_off;
     leave_section();
@@ -105,6 +94,21 @@ bool ScheduleFile::next(SchedulePart& part) {
       break;
   }
   return true;
+}
+
+/// The members are set one by one. Assigning a new part would take much of the time for a line.
+void ScheduleFile::begin_part(SchedulePart& part) const {
+  part.section = section_;
+  part.section_line = section_line_;
+  part.line = lines_.line();
+  part.column = 0;
+  part.is_rest = false;
+  part.text = {};
+  part.name = {};
+  part.value = {};
+  part.clarifier = {};
+  part.value_column = 0;
+  part.key = nullptr;
 }
 
 void ScheduleFile::read_top_level_line(SchedulePart& part, std::string_view text) {

@@ -93,6 +93,7 @@ class ScheduleFile {
   int error() const { return lines_.error(); }
 
  private:
+  void begin_part(SchedulePart& part) const;
   void read_top_level_line(SchedulePart& part, std::string_view text);
   void read_flat_section_line(SchedulePart& part, std::string_view text);
   void read_nested_section_line(SchedulePart& part, std::string_view text);

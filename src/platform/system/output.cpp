@@ -24,9 +24,13 @@ std::array<char, large_text> buffer;
 size_t buffered = 0;
 std::string held_back;
 bool holds_back = false;
+int output_file = STDOUT_FILENO;
 volatile std::sig_atomic_t is_begun = 0;
 
 [[noreturn]] void fail_output(int error) {
+  if (output_file != STDOUT_FILENO) {
+    fail_run("Unable to write a document: %s", std::strerror(error));
+  }
   std::fprintf(stderr, "Unable to write standard output: %s\n", std::strerror(error));
   // The rest of the buffer could not be written either.
   std::_Exit(failure_status());
@@ -37,7 +41,7 @@ void write_out(std::string_view text) {
     return;
   }
   is_begun = 1;
-  if (!write_fully(STDOUT_FILENO, text)) {
+  if (!write_fully(output_file, text)) {
     fail_output(errno);
   }
 }
@@ -60,6 +64,10 @@ void prepare_standard_streams() {
   }
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void send_output_to(int file) {
+  output_file = file;
 }
 
 void hold_output_back() {

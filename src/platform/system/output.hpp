@@ -15,6 +15,10 @@ void prepare_standard_streams();
 /// written as they grow. A web server passes on what it gets, even if the document is cut short.
 void hold_output_back();
 
+/// From now on the output goes to this file instead of standard output. If it cannot be written,
+/// the run fails (messages.hpp). All output before must be finished.
+void send_output_to(int file);
+
 /// Adds the text to the output.
 void print_output(std::string_view text);
 
