@@ -19,6 +19,7 @@ struct PathComplaint {
   FindingKind kind;
   size_t offset;  ///< in the path
   std::string text;
+  std::string instead;  ///< the path to write; empty when only the reader knows it
 };
 
 /// What seems wrong with the path: a comment, quotes, the form of another system. Some files really

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "check/named_files.hpp"
 #include "platform/syntax/text.hpp"
@@ -52,35 +53,37 @@ const std::map<std::string, std::string>& names_in(const std::string& folder, Fo
 }  // namespace
 
 std::optional<PathComplaint> complaint_about_path(std::string_view path) {
+  const auto odd = [&](size_t offset, const char* reason, std::string instead) {
+    const std::string text = reason + std::string("; write ") + quoted(instead);
+    return PathComplaint{FindingKind::odd_path, offset, text, std::move(instead)};
+  };
   if (const size_t mark = path.find(comment_mark); mark != std::string_view::npos) {
     return PathComplaint{
         FindingKind::comment_behind_value, mark + 1,
-        "a comment after a path becomes part of the path; put the comment on a line of its own"};
+        "a comment after a path becomes part of the path; put the comment on a line of its own",
+        std::string(strip_blanks(path.substr(0, mark)))};
   }
   if (is_quoted(path)) {
-    return PathComplaint{
-        FindingKind::odd_path, 0,
-        "the quotes become part of the path; write " + quoted(path.substr(1, path.size() - 2))};
+    return odd(0, "the quotes become part of the path",
+               std::string(path.substr(1, path.size() - 2)));
   }
   if (has_drive(path)) {
-    return PathComplaint{FindingKind::odd_path, 0,
+    return PathComplaint{FindingKind::odd_path,
+                         0,
                          quoted(path) +
                              " is a path of another system; write the path that the "
-                             "file has on this one, with '/' between the folders"};
+                             "file has on this one, with '/' between the folders",
+                         {}};
   }
   if (path.starts_with(address_start)) {
-    return PathComplaint{
-        FindingKind::odd_path, 0,
-        "an address is not a path; write " + quoted(path.substr(address_start.size()))};
+    return odd(0, "an address is not a path", std::string(path.substr(address_start.size())));
   }
   if (path.size() > 1 && path.ends_with(',')) {
-    return PathComplaint{FindingKind::odd_path, path.size() - 1,
-                         "the comma becomes part of the path; write " +
-                             quoted(strip_blanks(path.substr(0, path.size() - 1)))};
+    return odd(path.size() - 1, "the comma becomes part of the path",
+               std::string(strip_blanks(path.substr(0, path.size() - 1))));
   }
   if (has_backslashes(path)) {
-    return PathComplaint{FindingKind::odd_path, path.find('\\'),
-                         "a '\\' does not separate folders; write " + quoted(with_slashes(path))};
+    return odd(path.find('\\'), "a '\\' does not separate folders", with_slashes(path));
   }
   return std::nullopt;
 }

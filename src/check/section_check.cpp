@@ -73,12 +73,17 @@ void check_unusable_line(LineChecks& checks, const SchedulePart& part) {
   }
 }
 
-/// The line, and the comment behind its value on a line before it.
-LineFix line_with_comment_before(const SchedulePart& part) {
-  const size_t mark = comment_behind_path(part.value) + 1;
-  LineFix fix = line_with(part, part.value, strip_blanks(part.value.substr(0, mark)));
-  fix.text.insert(0, "  " + std::string(part.value.substr(mark)) + "\n");
-  return fix;
+/// The line with the path that was meant, and a comment behind it on a line before.
+std::vector<LineFix> fix_of_path(const SchedulePart& part) {
+  const auto complaint = complaint_about_path(part.value);
+  if (!complaint || complaint->instead.empty()) {
+    return {};
+  }
+  LineFix fix = line_with(part, part.value, complaint->instead);
+  if (complaint->kind == FindingKind::comment_behind_value) {
+    fix.text.insert(0, "  " + std::string(part.value.substr(complaint->offset)) + "\n");
+  }
+  return {fix};
 }
 
 /// "start == Mon 18:00": the second sign belongs to the value.
@@ -100,7 +105,7 @@ void take_value(LineChecks& checks, const SchedulePart& part) {
     const size_t before = checks.found.findings.size();
     check_path(std::string(part.value), value.place, checks.with_media, checks.found);
     if (checks.found.findings.size() > before) {
-      checks.found.findings.back().fix.push_back(line_with_comment_before(part));
+      checks.found.findings.back().fix = fix_of_path(part);
     }
   }
   const auto earlier = std::ranges::find(checks.section.values, part.key, &WrittenValue::key);

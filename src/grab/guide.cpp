@@ -65,7 +65,7 @@ void make_programmes(const ChannelWork& work, int file, const GuideSpan& span,
       programmes_of_schedule(*schedule, *path, times, channel.previous);
   ChannelReport report;
   for (const std::string& complaint :
-       {complaint_of_checker(*path, channel.check, work.now),
+       {complaint_of_checker(*path, channel.check, {"xmltv"}, work.now),
         complaint_about_number(programmes, channel, *path, work.now),
         complaint_about_programmes(programmes, old_guide, channel, times, work.now),
         complaint_about_change(*path, before)}) {

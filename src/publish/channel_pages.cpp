@@ -74,7 +74,7 @@ class PageMaker {
   /// The guards that count nothing. False when they end the work.
   bool pass_first_guards() {
     return pass(complaint_about_zone(channel_)) &&
-           pass(complaint_of_checker(path_, channel_.check, work_.now));
+           pass(complaint_of_checker(path_, channel_.check, channel_.formats, work_.now));
   }
 
   /// Makes the programmes of the guide, and places the schedule in the unit of the present.

@@ -55,12 +55,18 @@ std::string complaint_about_zone(const StationChannel& channel) {
                                      : "the machine knows no zone '" + channel.zone + "'";
 }
 
-std::string complaint_of_checker(const std::string& path, CheckLevel level, time_t now) {
+std::string complaint_of_checker(const std::string& path, CheckLevel level,
+                                 const std::vector<std::string>& formats, time_t now) {
   if (level == CheckLevel::off) {
     return {};
   }
   FileFindings found;
-  const CheckOptions options{.media = false, .report_time = now};
+  CheckOptions options{.media = false, .report_time = now};
+  std::string names;
+  for (const std::string& format : formats) {
+    names += (names.empty() ? "" : ",") + format;
+  }
+  read_made_formats(names, options.formats);
   if (!check_schedule_file(path, options, found)) {
     return "the checker: " + line_of(path, found.findings.front());
   }

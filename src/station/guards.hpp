@@ -4,6 +4,7 @@
 #include <ctime>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "schedule/schedule.hpp"
 #include "station/station_config.hpp"
@@ -13,8 +14,10 @@
 
 std::string complaint_about_zone(const StationChannel& channel);
 
-/// What the checker finds in the schedule file. Media files are not looked at.
-std::string complaint_of_checker(const std::string& path, CheckLevel level, time_t now);
+/// What the checker finds in the schedule file of a station that makes these formats. Media files
+/// are not looked at.
+std::string complaint_of_checker(const std::string& path, CheckLevel level,
+                                 const std::vector<std::string>& formats, time_t now);
 
 /// Whether the announced items are too few.
 std::string complaint_about_items(uint64_t items, uint32_t min_items);
