@@ -52,7 +52,7 @@ void print_options(const ProgramInfo& program) {
 // of its value, the allowed values if they are limited, and what it does. The last field is empty
 // for an option that is not offered.
 int main(int argc, char** argv) {
-  const std::array<ProgramInfo, 4> programs = {printer_program(), check_program(), grab_program(),
+  const std::array<ProgramInfo, 5> programs = {printer_program(), check_program(), grab_program(),
                                                import_program(), publish_program()};
   for (const ProgramInfo& program : programs) {
     if (argc == 1) {

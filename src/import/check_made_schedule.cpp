@@ -46,6 +46,7 @@ std::vector<Finding> check_made_schedule(const ScheduleText& made, const std::st
   for (Finding& finding : found.findings) {
     finding.place = place_in_table(finding.place, made);
     name_row_for_line(finding.text, made);
+    finding.fix.clear();  // it has lines of the schedule, not of the table
     for (Note& note : finding.notes) {
       note.place = place_in_table(note.place, made);
     }
