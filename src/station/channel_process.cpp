@@ -108,6 +108,14 @@ void write_channel_file(int file, std::string_view text) {
   }
 }
 
+uint64_t place_in_channel_file(int file) {
+  const off_t place = lseek(file, 0, SEEK_CUR);
+  if (place < 0) {
+    end_lacking(std::strerror(errno));
+  }
+  return static_cast<uint64_t>(place);
+}
+
 void seek_channel_file(int file, long offset) {
   if (lseek(file, offset, SEEK_SET) != offset) {
     end_lacking(std::strerror(errno));

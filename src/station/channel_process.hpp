@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -43,6 +44,9 @@ void print_channel_message(const char* text);
 
 /// Writes to the channel's file, or ends the process because the machine has no room.
 void write_channel_file(int file, std::string_view text);
+
+/// The place in the channel's file, from its beginning. An error ends the process, as above.
+uint64_t place_in_channel_file(int file);
 
 /// Moves to a place in the channel's file, from its beginning.
 void seek_channel_file(int file, long offset);

@@ -21,10 +21,6 @@ struct ReportPlace {
   uint64_t bytes;
 };
 
-uint64_t place_in(int file) {
-  return static_cast<uint64_t>(lseek(file, 0, SEEK_CUR));
-}
-
 /// A field is its length, a colon and its bytes: a text may hold anything.
 void append_field(std::string& out, std::string_view text) {
   out += std::to_string(text.size()) + ":";
@@ -133,17 +129,17 @@ void begin_channel_file(int file) {
 ChannelPart begin_channel_part(int file, std::string name) {
   ChannelPart part;
   part.name = std::move(name);
-  part.offset = place_in(file);
+  part.offset = place_in_channel_file(file);
   return part;
 }
 
 void end_channel_part(int file, ChannelPart& part) {
-  part.bytes = place_in(file) - part.offset;
+  part.bytes = place_in_channel_file(file) - part.offset;
 }
 
 void write_channel_report(int file, const ChannelReport& report) {
   const std::string text = text_of_report(report);
-  const ReportPlace place{place_in(file), text.size()};
+  const ReportPlace place{place_in_channel_file(file), text.size()};
   write_channel_file(file, text);
   std::array<char, sizeof(place)> bytes{};
   std::memcpy(bytes.data(), &place, sizeof(place));
