@@ -62,7 +62,7 @@ Run take_run(std::string_view& text) {
   bool has_latin = false;
   bool has_other = false;
   std::string_view behind = text;
-  for (;;) {
+  while (!behind.empty()) {
     const std::string_view before = behind;
     const std::optional<uint32_t> c = take_utf_8(behind);
     const bool is_letter = c && (is_latin_letter(*c) || is_greek_or_cyrillic_letter(*c));
