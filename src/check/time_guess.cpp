@@ -56,8 +56,8 @@ int value_of(std::string_view digits) {
 }
 
 std::string date_text(int year, int month, int day) {
-  std::array<char, 32> text{};
   if (year > 0) {
+    std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", year, month, day);
     return text.data();
   }

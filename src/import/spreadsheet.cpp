@@ -58,9 +58,9 @@ class WorkFolder {
  public:
   WorkFolder() {
     const char* const place = std::getenv("TMPDIR");
-    std::string path = std::string(place != nullptr ? place : "/tmp") + "/nv8x-import-XXXXXX";
-    if (mkdtemp(path.data()) != nullptr) {
-      path_ = std::move(path);
+    std::string name = std::string(place != nullptr ? place : "/tmp") + "/nv8x-import-XXXXXX";
+    if (mkdtemp(name.data()) != nullptr) {
+      path_ = std::move(name);
     }
   }
   WorkFolder(const WorkFolder&) = delete;

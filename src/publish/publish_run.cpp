@@ -196,10 +196,9 @@ class PublishRun {
         rows.push_back(take_page(channel, file, part));
       }
     }
-    WebFolder& folder = site_of(channel).folder;
     if (report.items &&
         !std::ranges::all_of(rows, [](const PageRow& row) { return is_bad(row.outcome); })) {
-      folder.state().counts[channel.id] = {*report.items, now_};
+      site_of(channel).folder.state().counts[channel.id] = {*report.items, now_};
     }
     add_rows(std::move(rows));
   }

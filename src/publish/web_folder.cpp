@@ -86,9 +86,9 @@ bool replace_file(const std::string& path, const WritePage& write, std::string& 
 }  // namespace
 
 WebFolder::WebFolder(const std::string& path, bool is_dry_run) : is_dry_run_(is_dry_run) {
-  std::error_code error;
-  path_ = fs::canonical(path, error).string();
-  if (error || !fs::is_directory(path_, error)) {
+  std::error_code unknown;
+  path_ = fs::canonical(path, unknown).string();
+  if (unknown || !fs::is_directory(path_, unknown)) {
     error_ = "'" + path + "' is no folder";
   } else if (!is_dry_run && !lock(path)) {
     error_ = "'" + path + "' cannot be written to: " + std::strerror(errno);
@@ -131,10 +131,10 @@ void WebFolder::read_state() {
 }
 
 void WebFolder::remove_old_drafts(const std::set<std::string>& pages) {
-  std::error_code error;
+  std::error_code unreadable;
   std::vector<fs::path> drafts;
-  for (fs::directory_iterator entry(path_, error), end; !error && entry != end;
-       entry.increment(error)) {
+  for (fs::directory_iterator entry(path_, unreadable), end; !unreadable && entry != end;
+       entry.increment(unreadable)) {
     if (is_draft_of(entry->path().filename().string(), pages)) {
       drafts.push_back(entry->path());
     }
