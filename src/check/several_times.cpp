@@ -62,7 +62,9 @@ std::optional<TimeAdvice> advise_on_both(std::string_view text, size_t at, size_
                                          const ScheduleType& type) {
   const std::string_view start = strip_blanks(text.substr(0, at));
   const std::string_view end = strip_blanks(text.substr(at + sign_length));
-  const auto has_colon = [](std::string_view time) { return time.find(':') != time.npos; };
+  const auto has_colon = [](std::string_view time) {
+    return time.find(':') != std::string_view::npos;
+  };
   if (!has_colon(start) || !has_colon(end) || !is_time(start) || !is_time(end)) {
     return std::nullopt;
   }

@@ -12,6 +12,7 @@
 #include "check/span_advice.hpp"
 #include "check/time_advice.hpp"
 #include "check/time_guess.hpp"
+#include "platform/syntax/text.hpp"
 
 namespace {
 
@@ -73,8 +74,8 @@ bool is_hour_of_day(std::string_view number) {
 }
 
 std::string clock_of_part(std::string_view number) {
-  const auto second =
-      static_cast<unsigned>(std::lround(std::atof(std::string(number).c_str()) * seconds_per_day));
+  const auto second = static_cast<unsigned>(
+      std::lround(std::strtod(std::string(number).c_str(), nullptr) * seconds_per_day));
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), second % 60 == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
                 second / 3600, second / 60 % 60, second % 60);
@@ -115,7 +116,7 @@ bool is_meant_as_hour(const BareNumber& number, const ScheduleType& type) {
     return false;
   }
   const uint64_t other = position_of(number.other, type).value_or(0);
-  const auto hour = static_cast<uint64_t>(std::atoi(std::string(number.value.text).c_str()));
+  const auto hour = static_cast<uint64_t>(number_at_front(number.value.text));
   return is_end(number.value) ? hour <= other : hour * 3600 < other;
 }
 

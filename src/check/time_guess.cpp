@@ -52,7 +52,7 @@ Numbers numbers_of(std::string_view word) {
 }
 
 int value_of(std::string_view digits) {
-  return std::atoi(std::string(digits).c_str());
+  return number_at_front(digits);
 }
 
 std::string date_text(int year, int month, int day) {

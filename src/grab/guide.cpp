@@ -23,6 +23,7 @@ constexpr const char* program = "tv_grab_nv8x";
 
 std::vector<const StationChannel*> pointers_to(const std::vector<StationChannel>& channels) {
   std::vector<const StationChannel*> pointers;
+  pointers.reserve(channels.size());
   for (const StationChannel& channel : channels) {
     pointers.push_back(&channel);
   }

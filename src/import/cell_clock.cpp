@@ -101,7 +101,7 @@ std::string without_hour_words(std::string text) {
       return are_all_digits(head) ? head + ":00" : head;
     }
     if (are_all_digits(head) && is_digit(tail.front())) {
-      return head + ":" + tail;
+      return std::string(head).append(":").append(tail);
     }
   }
   return text;
@@ -164,7 +164,7 @@ std::optional<double> duration_in_figures(std::string_view text) {
   if (!rest || text.find_first_not_of("0123456789:.") != std::string_view::npos) {
     return std::nullopt;
   }
-  return std::atoi(std::string(hours).c_str()) * 3600.0 + rest->minute * 60 + rest->second +
+  return number_at_front(hours) * 3600.0 + rest->minute * 60 + rest->second +
          static_cast<double>(rest->microseconds) / 1e6;
 }
 

@@ -119,7 +119,7 @@ std::optional<CellDate> date_of_serial_number(int number) {
 }
 
 std::optional<CellDate> date_of_one_number(std::string_view text) {
-  const int number = std::atoi(std::string(text).c_str());
+  const int number = number_at_front(text);
   if (text.size() <= 2) {
     return number >= 1 && number <= 31 ? std::optional(CellDate{std::nullopt, std::nullopt, number})
                                        : std::nullopt;
@@ -139,7 +139,7 @@ std::vector<DateNumber> numbers_of(std::string_view text) {
     if (digits == 0 || digits > 4) {
       return {};
     }
-    numbers.push_back({std::atoi(std::string(text.substr(0, digits)).c_str()), digits});
+    numbers.push_back({number_at_front(text.substr(0, digits)), digits});
     text.remove_prefix(digits);
     if (text.empty()) {
       return numbers;

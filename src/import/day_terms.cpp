@@ -167,7 +167,7 @@ class DayParser {
     if (digits == 0 || digits > 2) {
       return std::nullopt;
     }
-    const int number = std::atoi(std::string(rest_.substr(0, digits)).c_str());
+    const int number = number_at_front(rest_.substr(0, digits));
     std::string_view behind = rest_.substr(digits);
     const std::string_view ending = behind.substr(0, count_word(behind));
     if (is_ordinal_ending(ending)) {
@@ -219,7 +219,7 @@ class DayParser {
       rest_ = before;
       return std::nullopt;
     }
-    return std::atoi(text.c_str());
+    return number_at_front(text);
   }
 
   /// Behind day and month: "2026", ", 2026", "-26".
@@ -229,7 +229,7 @@ class DayParser {
     take_sign(',');
     skip_date_gap();
     const size_t digits = count_digits(rest_);
-    const int number = std::atoi(std::string(rest_.substr(0, digits)).c_str());
+    const int number = number_at_front(rest_.substr(0, digits));
     if (digits == 4 || (digits == 2 && has_dash)) {
       rest_.remove_prefix(digits);
       return digits == 4 ? number : 2000 + number;

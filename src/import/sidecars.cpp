@@ -132,7 +132,8 @@ class SidecarPlan {
   void add_value(const std::string& path, const OtherColumn& column, const std::string& value,
                  const Place& place) {
     PlannedSidecar& planned = planned_.try_emplace(path, PlannedSidecar{{}, place}).first->second;
-    const auto [entry, is_new] = planned.entries.try_emplace(column.column, value, place);
+    const auto [entry, is_new] =
+        planned.entries.try_emplace(column.column, SidecarEntry{value, place});
     if (!is_new && entry->second.value != value) {
       findings_.push_back({FindingKind::other_value,
                            place,

@@ -45,7 +45,8 @@ std::string path_of_program(const std::string& program) {
   for (std::string_view rest = path != nullptr ? path : "/usr/bin:/bin"; !rest.empty();) {
     const std::string folder(rest.substr(0, rest.find(':')));
     rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
-    std::string candidate = folder + "/" + program;
+    std::string candidate = folder;
+    candidate.append("/").append(program);
     if (!folder.empty() && access(candidate.c_str(), X_OK) == 0) {
       return candidate;
     }

@@ -216,7 +216,7 @@ const ScheduleType* find_table_type(const Table& table, const TableHeader& heade
                                     const TableOptions& options, std::vector<Finding>& findings) {
   Place place{header.row, 1};
   std::string name = options.type;
-  for (size_t i = static_cast<size_t>(header.row); i < table.rows.size(); ++i) {
+  for (auto i = static_cast<size_t>(header.row); i < table.rows.size(); ++i) {
     const auto row = static_cast<int64_t>(i) + 1;
     const auto kind = find_row_kind(table.cell(row, header.column_of(TableColumn::kind)));
     if (kind == RowKind::type && !is_remark(table.rows[i])) {

@@ -64,8 +64,7 @@ std::string day_text(uint32_t day, const ScheduleType& type) {
 
 std::string day_key(uint32_t day, const ScheduleType& type) {
   const PaddedDate date = padded_date(day);
-  const std::string month_and_day =
-      "m" + std::to_string(date.month) + "d" + std::to_string(date.day);
+  std::string month_and_day = "m" + std::to_string(date.month) + "d" + std::to_string(date.day);
   switch (type.day_name) {
     case DayName::weekday:
       return lower_case(day_text(day, type));

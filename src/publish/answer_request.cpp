@@ -96,6 +96,7 @@ int run_printer(const StationChannel& channel, std::string schedule, std::string
     words.insert(words.end(), {"--station-id", channel.station_id});
   }
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) {
     arguments.push_back(word.data());
   }

@@ -282,7 +282,9 @@ class PublishRun {
       publish_index(channels.at(path), *site);
       std::string reason;
       if (!site->folder.finish(reason)) {
-        error = "'" + path + "/" + state_file + "', the counts for the next run: " + reason;
+        error = "'";
+        error.append(path).append("/").append(state_file);
+        error.append("', the counts for the next run: ").append(reason);
       }
     }
   }

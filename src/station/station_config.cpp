@@ -114,6 +114,7 @@ const ConfigKey* find_key(std::string_view name) {
 
 std::string unknown_key(std::string_view name) {
   std::vector<std::string_view> names;
+  names.reserve(config_keys.size());
   for (const ConfigKey& key : config_keys) {
     names.push_back(key.name);
   }

@@ -91,7 +91,7 @@ std::unique_ptr<Schedule> read_back(const std::string& text) {
 bool has_long_line(std::string_view text) {
   while (text.size() > longest_line) {
     const size_t end = text.find('\n');
-    if (end == std::string_view::npos || end > longest_line) {
+    if (end > longest_line) {  // also without a line feed
       return true;
     }
     text.remove_prefix(end + 1);

@@ -1,6 +1,8 @@
 #include "platform/syntax/text.hpp"
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
 
 std::string lower_case(std::string_view text) {
   std::string lower(text);
@@ -19,6 +21,12 @@ std::string_view take_line(std::string_view& text) {
   text.remove_prefix(std::min(line.size() + 1, text.size()));
   chomp(line);
   return line;
+}
+
+int number_at_front(std::string_view text) {
+  int number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc::result_out_of_range ? std::numeric_limits<int>::max() : number;
 }
 
 std::string_view file_name_of(std::string_view path) {

@@ -72,6 +72,10 @@ inline void chomp(std::string& line) {
 /// end.
 std::string_view take_line(std::string_view& text);
 
+/// The number that the digits at the front of the text write; 0 without any, and the largest number
+/// if they write a larger one.
+int number_at_front(std::string_view text);
+
 /// The text after the last "/", or the whole text when it has none.
 std::string_view file_name_of(std::string_view path);
 

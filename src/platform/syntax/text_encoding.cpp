@@ -43,6 +43,7 @@ class Conversion {
     }
   }
 
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open returns this when it fails
   bool is_open() const { return handle_ != iconv_t(-1); }
 
   /// False at the first bytes that are not valid. What comes before them is in `out` then.
