@@ -152,15 +152,16 @@ void check_time(LineChecks& checks, const WrittenSection& section, const Written
   if (value.text.starts_with('=')) {
     return;  // the sign has its finding
   }
-  for (TimeAdvice& advice : advise_on_time(value.text, type)) {
-    std::vector<LineFix> fix = fix_for(checks, section, value, advice);
+  for (const TimeAdvice& advice : advise_on_time(value.text, type)) {
+    const Place place = place_of_advice(value, advice);
     if (advice.position) {
-      SpanAdvice span = advise_on_next_day(checks, section, value, *advice.position);
-      advice.text += span.text.empty() ? "" : "; " + span.text;
-      fix = std::move(span.fix);
+      const SpanAdvice span = advise_on_next_day(checks, section, value, *advice.position);
+      const std::string next_day = span.text.empty() ? "" : "; " + span.text;
+      checks.found.add(advice.kind, place, advice.text + next_day, {}, span.fix);
+    } else {
+      checks.found.add(advice.kind, place, advice.text, {},
+                       fix_for(checks, section, value, advice));
     }
-    checks.found.add(advice.kind, place_of_advice(value, advice), std::move(advice.text), {},
-                     std::move(fix));
   }
 }
 
