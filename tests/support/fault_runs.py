@@ -38,7 +38,7 @@ class FaultRuns:
         self.runs = Counter()
 
     def run(self, command, environment=None, answers=b'', prepare=None):
-        """One run, in a session of its own, of which nothing may be left."""
+        """One run, of whose processes none may be left."""
         process = subprocess.Popen(command, env={**self.environment, **(environment or {})},
                                    stdin=subprocess.PIPE if answers else subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE,
@@ -108,28 +108,28 @@ class FaultRuns:
         return 1 if self.failures else 0
 
 
-def leaves_processes(session):
-    """Whether any process of the session goes on, with a moment's grace; it is ended then."""
+def leaves_processes(leader):
+    """Whether a process of this run goes on, with a short wait; it is ended then."""
     pause = 0.001
     while pause < 2:
         try:
-            os.killpg(session, 0)
+            os.killpg(leader, 0)
         except ProcessLookupError:
             return False
         time.sleep(pause)
-        if not has_living_process(session):
+        if not has_living_process(leader):
             return False  # the system has still to take the dead away
         pause *= 2
-    os.killpg(session, signal.SIGKILL)
+    os.killpg(leader, signal.SIGKILL)
     return True
 
 
-def has_living_process(session):
+def has_living_process(leader):
     for folder in Path('/proc').glob('[0-9]*'):
         try:
             fields = (folder / 'stat').read_text(errors='replace').rpartition(')')[2].split()
         except OSError:
             continue
-        if int(fields[3]) == session and fields[0] not in 'ZX':
+        if int(fields[3]) == leader and fields[0] not in 'ZX':
             return True
     return False
