@@ -11,6 +11,9 @@ namespace {
 /// Positions beyond this are not valid times: the year of a broken-down time has no room for more.
 constexpr uint64_t most_months = std::numeric_limits<int>::max() / 2;
 
+/// To look at the clock changes of a week costs little more than to look at those of a day.
+constexpr uint64_t days_per_week = 7;
+
 /// Local midnight of 1 January 2020, the beginning of endless schedules.
 std::optional<time_t> endless_base() {
   constexpr int64_t first_day = days_from_civil(first_schedule_year, 1, 1);
@@ -86,20 +89,20 @@ time_t UnitClock::time_of(uint64_t schedule_seconds) {
     return 0;
   }
   const uint64_t day_number = schedule_seconds / seconds_per_day;
-  const uint64_t second_of_day = schedule_seconds % seconds_per_day;
   if (day_number >= default_slots) {
     return day_number / days_per_month <= most_months
-               ? time_on(look_at_day(day_number), second_of_day)
+               ? time_in(look_at_days(day_number, 1), schedule_seconds)
                : -1;
   }
-  if (day_number >= days_.size()) {
-    days_.resize(day_number + 1);
+  const uint64_t week_number = day_number / days_per_week;
+  if (week_number >= weeks_.size()) {
+    weeks_.resize(week_number + 1);
   }
-  Day& day = days_[day_number];
-  if (day.stretches.empty()) {
-    day = look_at_day(day_number);
+  Days& week = weeks_[week_number];
+  if (week.stretches.empty()) {
+    week = look_at_days(week_number * days_per_week, days_per_week);
   }
-  return time_on(day, second_of_day);
+  return time_in(week, schedule_seconds);
 }
 
 uint64_t UnitClock::schedule_seconds_of(time_t t) {
@@ -107,14 +110,20 @@ uint64_t UnitClock::schedule_seconds_of(time_t t) {
   return broken_down != nullptr ? broken_down_to_schedule_seconds(type_, *broken_down) : no_time;
 }
 
-UnitClock::Day UnitClock::look_at_day(uint64_t day_number) const {
-  Day day;
-  day.civil = advance(base_, day_number);
-  day.stretches = stretches_around(day.civil, day.civil + int64_t{seconds_per_day} - 1);
-  return day;
+UnitClock::Days UnitClock::look_at_days(uint64_t first, uint64_t count) const {
+  Days days;
+  days.first = first;
+  for (uint64_t day_number = first; day_number < first + count; ++day_number) {
+    days.civil.push_back(advance(base_, day_number));
+  }
+  // Days past the end of a short month are those of the next month, so later days may come first.
+  const auto [earliest, latest] = std::ranges::minmax(days.civil);
+  days.stretches = stretches_around(earliest, latest + int64_t{seconds_per_day} - 1);
+  return days;
 }
 
-time_t UnitClock::time_on(const Day& day, uint64_t second_of_day) const {
-  const int64_t civil = day.civil + static_cast<int64_t>(second_of_day);
-  return time_of_civil(day.stretches, civil, base_.tm_isdst, beginning_.offset).value_or(-1);
+time_t UnitClock::time_in(const Days& days, uint64_t schedule_seconds) const {
+  const int64_t civil = days.civil[schedule_seconds / seconds_per_day - days.first] +
+                        static_cast<int64_t>(schedule_seconds % seconds_per_day);
+  return time_of_civil(days.stretches, civil, base_.tm_isdst, beginning_.offset).value_or(-1);
 }

@@ -21,7 +21,7 @@ uint64_t broken_down_to_schedule_seconds(const ScheduleType* type, const std::tm
 uint64_t time_to_schedule_seconds(const Schedule& schedule, time_t t);
 
 /// Converts many positions of one schedule in both directions. The unit of the schedule must not
-/// change meanwhile. Clock changes are looked up once for each day.
+/// change meanwhile. Clock changes are looked up once for each week.
 class UnitClock {
  public:
   explicit UnitClock(const Schedule& schedule);
@@ -55,20 +55,21 @@ class UnitClock {
   const Beginning& beginning() const { return beginning_; }
 
  private:
-  /// A day of the padded calendar.
-  struct Day {
-    int64_t civil = 0;                    ///< civil seconds of its beginning
-    std::vector<LocalStretch> stretches;  ///< that may contain its seconds; empty: not known yet
+  /// Days of the padded calendar that follow each other. Their clock changes are looked up at once.
+  struct Days {
+    uint64_t first = 0;                   ///< number of the first one
+    std::vector<int64_t> civil;           ///< civil seconds of each one's beginning
+    std::vector<LocalStretch> stretches;  ///< that may contain their seconds; empty: not known yet
   };
 
-  Day look_at_day(uint64_t day_number) const;
-  time_t time_on(const Day& day, uint64_t second_of_day) const;
+  Days look_at_days(uint64_t first, uint64_t count) const;
+  time_t time_in(const Days& days, uint64_t schedule_seconds) const;
 
   const ScheduleType* type_;  ///< null: unknown type
   Beginning beginning_;
   std::tm base_{};  ///< local time of position 0
   LocalClock local_;
-  std::vector<Day> days_;
+  std::vector<Days> weeks_;
 };
 
 // For users of the library. No program calls what stands below.

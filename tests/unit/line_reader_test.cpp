@@ -55,6 +55,18 @@ TEST(LineReader, EndsAPieceAtANulByteAndLosesTheRestOfTheLine) {
   EXPECT_EQ(pieces(std::string("\0bcdef\n", 7), 3), (Pieces{"", "def", "\n"}));
 }
 
+TEST(LineReader, SeesANulByteAfterManyLinesWithoutOne) {
+  constexpr size_t lines = 100'000;  // more than the buffer holds
+  std::string content;
+  for (size_t i = 0; i < lines; ++i) {
+    content += "line\n";
+  }
+  content += std::string("ab\0cd\n", 6);
+  Pieces expected(lines, "line\n");
+  expected.push_back("ab");
+  EXPECT_EQ(pieces(content, 100), expected);
+}
+
 TEST(LineReader, KeepsLinesWholeAcrossItsBuffer) {
   std::string content;
   Pieces expected;

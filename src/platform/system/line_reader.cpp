@@ -20,7 +20,11 @@ LineReader::LineReader(FileDescriptor file, size_t longest_piece)
 }
 
 LineReader::LineReader(std::string_view text, size_t longest_piece)
-    : longest_piece_(longest_piece), bytes_(text.data()), end_(text.size()), at_end_(true) {
+    : longest_piece_(longest_piece),
+      bytes_(text.data()),
+      end_(text.size()),
+      at_end_(true),
+      has_nul_(text.find('\0') != std::string_view::npos) {
 }
 
 bool LineReader::read(std::string_view& piece) {
@@ -44,7 +48,9 @@ bool LineReader::read(std::string_view& piece) {
     line_ = next_line_;
     next_line_ += line_feed != std::string_view::npos ? 1 : 0;
     piece = found.substr(0, length);
-    piece = piece.substr(0, piece.find('\0'));
+    if (has_nul_) {
+      piece = piece.substr(0, piece.find('\0'));
+    }
     return true;
   }
 }
@@ -58,4 +64,5 @@ void LineReader::refill() {
   error_ = count ? 0 : errno;
   end_ += count.value_or(0);
   at_end_ = count.value_or(0) == 0;
+  has_nul_ = std::string_view(buffer_.get(), end_).find('\0') != std::string_view::npos;
 }

@@ -39,6 +39,7 @@ class LineReader {
   size_t begin_ = 0;
   size_t end_ = 0;
   bool at_end_ = false;
+  bool has_nul_ = false;  ///< among the bytes; few files have one, so lines need not be searched
   int64_t line_ = 0;
   int64_t next_line_ = 1;
   int error_ = 0;
