@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 
 #include "platform/syntax/schedule_file.hpp"
@@ -56,45 +55,26 @@ bool has_old_line_ends(std::string_view content) {
   return !has_line_feed && content.find('\r') != std::string_view::npos;
 }
 
-/// Whether no byte has its highest bit set.
-bool is_ascii(std::string_view text) {
-  constexpr uint64_t highest_bits = 0x8080808080808080;
-  uint64_t bits = 0;
-  for (; text.size() >= sizeof bits; text.remove_prefix(sizeof bits)) {
-    uint64_t bytes = 0;
-    std::memcpy(&bytes, text.data(), sizeof bytes);
-    bits |= bytes;
-  }
-  for (const char c : text) {
-    bits |= static_cast<unsigned char>(c);
-  }
-  return (bits & highest_bits) == 0;
-}
+/// Which of the bytes that lines are searched for a text has at all. Most files have none.
+struct OddBytes {
+  bool has_nul = false;
+  bool has_carriage_return = false;
+  bool has_no_utf_8 = false;  ///< where UTF-8 is needed
+};
 
-/// The first byte that is not valid UTF-8, or npos.
-size_t find_no_utf_8(std::string_view text) {
-  if (is_ascii(text)) {
-    return std::string_view::npos;
-  }
-  for (std::string_view rest = text; !rest.empty();) {
-    if (!take_utf_8(rest)) {
-      return text.size() - rest.size();
-    }
-  }
-  return std::string_view::npos;
-}
-
-void check_bytes_of_line(std::string_view line, int64_t number, bool is_utf_8_needed,
+void check_bytes_of_line(std::string_view line, int64_t number, const OddBytes& odd,
                          FileFindings& found) {
   const auto add = [&](FindingKind kind, size_t offset, std::string text) {
     found.add(kind, {number, static_cast<int64_t>(offset) + 1}, std::move(text));
   };
-  if (const size_t nul = line.find('\0'); nul != std::string_view::npos) {
+  if (const size_t nul = odd.has_nul ? line.find('\0') : std::string_view::npos;
+      nul != std::string_view::npos) {
     add(FindingKind::nul_byte, nul, "a NUL byte ends the line here");
   }
   std::string_view text = line;
   chomp(text);
-  if (const size_t at = text.find('\r'); at != std::string_view::npos) {
+  if (const size_t at = odd.has_carriage_return ? text.find('\r') : std::string_view::npos;
+      at != std::string_view::npos) {
     add(FindingKind::carriage_return, at, "a carriage return inside a line does not end it");
   }
   // The reader's limit includes the line feed.
@@ -103,7 +83,7 @@ void check_bytes_of_line(std::string_view line, int64_t number, bool is_utf_8_ne
         "a line of " + std::to_string(line.size()) +
             " bytes: the part after the first 1023 bytes is read as further lines");
   }
-  if (const size_t at = is_utf_8_needed ? find_no_utf_8(line) : std::string_view::npos;
+  if (const size_t at = odd.has_no_utf_8 ? find_no_utf_8(line) : std::string_view::npos;
       at != std::string_view::npos) {
     add(FindingKind::not_utf_8, at, "not valid UTF-8; the documents show these bytes unchanged");
   }
@@ -139,10 +119,15 @@ void check_bytes(std::string_view content, const MadeFormats& formats, FileFindi
               {{1, std::string(content.substr(byte_order_mark.size(),
                                               content.find('\n') - byte_order_mark.size()))}});
   }
+  const bool is_utf_8_needed = formats.xml || formats.json;
+  const OddBytes odd{
+      .has_nul = content.find('\0') != std::string_view::npos,
+      .has_carriage_return = content.find('\r') != std::string_view::npos,
+      .has_no_utf_8 = is_utf_8_needed && find_no_utf_8(content) != std::string_view::npos};
   int64_t number = 0;
   for (std::string_view rest = content; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
-    check_bytes_of_line(line, ++number, formats.xml || formats.json, found);
+    check_bytes_of_line(line, ++number, odd, found);
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   }
 }

@@ -29,15 +29,6 @@ bool has_control_character(std::string_view text) {
   });
 }
 
-bool is_utf_8(std::string_view text) {
-  while (!text.empty()) {
-    if (!take_utf_8(text)) {
-      return false;
-    }
-  }
-  return true;
-}
-
 /// The first entry with each problem: its name, or its text if it has no name.
 struct FaultyEntries {
   std::optional<std::string> with_markup = {};
@@ -59,7 +50,7 @@ void check_entry(const metadata_v4_entry& entry, const char* group, FaultyEntrie
     if (!faulty.with_control_character && has_control_character(text)) {
       faulty.with_control_character = where;
     }
-    if (!faulty.without_utf_8 && !is_utf_8(text)) {
+    if (!faulty.without_utf_8 && find_no_utf_8(text) != std::string_view::npos) {
       faulty.without_utf_8 = where;
     }
   }

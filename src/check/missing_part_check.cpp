@@ -13,7 +13,7 @@ namespace {
 /// The start of an item or a block that is a clock, with or without its day.
 struct WrittenStart {
   const WrittenSection* section;
-  TimeParts parts;
+  WrittenDate date;
   bool is_complete;  ///< it has all that the type needs
   bool is_in_order;  ///< no section before it starts later
 };
@@ -56,6 +56,7 @@ std::string missing_part(const WrittenDate& date, DayName day_name) {
 
 std::vector<WrittenStart> starts_of(const WrittenSections& sections, DayName day_name) {
   std::vector<WrittenStart> starts;
+  starts.reserve(sections.all.size());
   uint64_t latest = 0;
   for (const WrittenSection& section : sections.all) {
     const bool is_in_order = section.start >= latest;
@@ -68,7 +69,7 @@ std::vector<WrittenStart> starts_of(const WrittenSections& sections, DayName day
     const bool has_needless_weekday =
         parts && day_name != DayName::weekday && parts->date.weekday && !parts->date.month;
     if (parts && !has_needless_weekday) {
-      starts.push_back({&section, *parts, has_all_parts(parts->date, day_name), is_in_order});
+      starts.push_back({&section, parts->date, has_all_parts(parts->date, day_name), is_in_order});
     }
   }
   return starts;
@@ -111,7 +112,7 @@ void check_start(const WrittenStart& start, bool have_most, const ScheduleType& 
     return;
   }
   const WrittenValue& value = *start.section->value_of(ScheduleKey::start);
-  const std::string text = quoted(value.text) + " " + missing_part(start.parts.date, type.day_name);
+  const std::string text = quoted(value.text) + " " + missing_part(start.date, type.day_name);
   if (const auto meant = start_before_end(start, type)) {
     found.add(
         FindingKind::incomplete_time, value.place,
@@ -130,7 +131,7 @@ void check_starts(const WrittenSections& sections, const ScheduleType& type, boo
   if (complete == 0 && all > 0 && is_past_2020) {
     const WrittenValue& value = *starts.front().section->value_of(ScheduleKey::start);
     found.add(FindingKind::incomplete_time, value.place,
-              quoted(value.text) + " " + missing_part(starts.front().parts.date, type.day_name) +
+              quoted(value.text) + " " + missing_part(starts.front().date, type.day_name) +
                   "; no time of this file has one");
     return;
   }

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr size_t usual_keys = 4;  // of an item: memory for these is reserved at once
-
 std::vector<std::string_view> key_names(SectionKind kind) {
   std::vector<std::string_view> names;
   for (const SectionKey& key : section_keys(kind)) {
@@ -155,15 +153,15 @@ void keep_section(LineChecks& checks, SectionKind kind) {
                      {{checks.section.place, "the other one is here"}});
   }
   sections.by_start[checks.section.start] = sections.all.size();
-  sections.all.push_back(std::move(checks.section));
+  sections.all.push_back(checks.section);  // a copy has no more room than it needs
 }
 
 }  // namespace
 
 void begin_section(LineChecks& checks, const SchedulePart& part) {
-  checks.section = {};
-  checks.section.place = place_of(part);
-  checks.section.values.reserve(usual_keys);
+  std::vector<WrittenValue> values = std::move(checks.section.values);  // with their memory
+  values.clear();
+  checks.section = {.place = place_of(part), .values = std::move(values)};
   checks.misspelt.clear();
   checks.empty_values.clear();
 }

@@ -66,12 +66,16 @@ std::string folded_word(std::string_view text) {
 }
 
 bool is_listed_word(std::string_view word, std::string_view words) {
-  while (!words.empty() && !word.empty()) {
-    const std::string_view one = words.substr(0, words.find(','));
-    if (one == word) {
+  constexpr char separator = ',';
+  if (word.empty() || word.find(separator) != std::string_view::npos) {
+    return false;
+  }
+  for (size_t at = words.find(word); at != std::string_view::npos; at = words.find(word, at + 1)) {
+    const size_t end = at + word.size();
+    if ((at == 0 || words[at - 1] == separator) &&
+        (end == words.size() || words[end] == separator)) {
       return true;
     }
-    words.remove_prefix(one.size() < words.size() ? one.size() + 1 : words.size());
   }
   return false;
 }

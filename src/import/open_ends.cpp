@@ -93,6 +93,9 @@ bool place_section(const TableRules& rules, int64_t row, const RowTimes& times, 
 
 void close_open_ends(std::vector<MadeSection>& open, const TableRules& rules,
                      std::vector<MadeSection>& items, std::vector<Finding>& findings) {
+  if (open.empty()) {
+    return;
+  }
   const ScheduleType& type = *rules.days.type;
   std::set<uint64_t> starts;
   for (const auto* sections : {&open, &items}) {

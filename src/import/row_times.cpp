@@ -21,8 +21,9 @@ constexpr double longest_duration = 27.0 * seconds_per_day;
 
 class RowReader {
  public:
-  RowReader(const TableRules& rules, int64_t row, std::vector<Finding>& findings)
-      : rules_(rules), row_(row), findings_(findings) {}
+  RowReader(const TableRules& rules, int64_t row, KnownDayTerms& known,
+            std::vector<Finding>& findings)
+      : rules_(rules), row_(row), known_(known), findings_(findings) {}
 
   std::optional<RowTimes> read() {
     RowTimes times;
@@ -69,12 +70,17 @@ class RowReader {
   }
 
   std::optional<std::vector<DayTerm>> terms_of(TableColumn column, std::string_view text) {
+    const auto known = known_.find(std::string(text));
+    if (known != known_.end()) {
+      return known->second;
+    }
     std::string problem;
     auto terms = read_day_terms(text, rules_.dates, problem);
     if (!terms) {
       const bool is_ambiguous = problem.find("--dates") != std::string::npos;
       return add(is_ambiguous ? FindingKind::ambiguous : FindingKind::bad_day, column, problem);
     }
+    known_.emplace(text, *terms);
     return terms;
   }
 
@@ -219,17 +225,19 @@ class RowReader {
 
   const TableRules& rules_;
   const int64_t row_;
+  KnownDayTerms& known_;
   std::vector<Finding>& findings_;
 };
 
 }  // namespace
 
-std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row,
+std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayTerms& known,
                                        std::vector<Finding>& findings) {
-  return RowReader(rules, row, findings).read();
+  return RowReader(rules, row, known, findings).read();
 }
 
 std::optional<std::vector<uint32_t>> read_row_days(const TableRules& rules, int64_t row,
+                                                   KnownDayTerms& known,
                                                    std::vector<Finding>& findings) {
-  return RowReader(rules, row, findings).read_days();
+  return RowReader(rules, row, known, findings).read_days();
 }

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "check/finding.hpp"
@@ -37,11 +38,15 @@ struct RowTimes {
   bool has_end() const { return end_clock || end_at || length; }
 };
 
+/// What the cells of days mean that were read before, by their text. Most rows repeat one.
+using KnownDayTerms = std::unordered_map<std::string, std::vector<DayTerm>>;
+
 /// Reads day, date, start, end and duration of a row. Nothing, with findings, when one of them is
-/// wrong.
-std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row,
+/// wrong. `known` is for all rows of a table.
+std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayTerms& known,
                                        std::vector<Finding>& findings);
 
 /// The days that the row's columns of days and dates name. The same rules for failures.
 std::optional<std::vector<uint32_t>> read_row_days(const TableRules& rules, int64_t row,
+                                                   KnownDayTerms& known,
                                                    std::vector<Finding>& findings);

@@ -40,7 +40,10 @@ class ScheduleWriter {
 
   void add_key(int64_t row, TableColumn column, std::string_view key, std::string_view value) {
     if (!value.empty()) {
-      add_line(rules_.place(row, column), "  " + std::string(key) + " = " + std::string(value));
+      out_.text += "  ";
+      out_.text += key;
+      out_.text += " = ";
+      add_line(rules_.place(row, column), value);
     }
   }
 

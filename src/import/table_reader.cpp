@@ -107,7 +107,7 @@ class TableReader {
   }
 
   void read_default(int64_t row) {
-    if (const auto days = read_row_days(rules_, row, findings_)) {
+    if (const auto days = read_row_days(rules_, row, known_days_, findings_)) {
       for (const uint32_t day : *days) {
         made_.defaults.push_back({row, day});
       }
@@ -117,7 +117,7 @@ class TableReader {
   void read_section(int64_t row, RowKind kind) {
     const size_t before = findings_.size();
     check_item_duration(row);
-    const std::optional<RowTimes> times = read_row_times(rules_, row, findings_);
+    const std::optional<RowTimes> times = read_row_times(rules_, row, known_days_, findings_);
     if (!times || findings_.size() > before) {
       return;
     }
@@ -204,6 +204,7 @@ class TableReader {
   }
 
   const TableRules& rules_;
+  KnownDayTerms known_days_;
   std::vector<Finding>& findings_;
   MadeSchedule made_;
   std::vector<MadeSection> open_;  ///< items without an end

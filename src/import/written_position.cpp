@@ -5,6 +5,7 @@
 
 #include "platform/syntax/text.hpp"
 #include "platform/time/calendar_names.hpp"
+#include "writers/append.hpp"
 
 namespace {
 
@@ -32,11 +33,16 @@ std::string day_and_clock(uint32_t day, uint32_t second, const ScheduleType& typ
 }  // namespace
 
 std::string clock_text(uint32_t second_of_day) {
-  std::array<char, 16> clock{};
   const uint32_t second = second_of_day % 60;
-  std::snprintf(clock.data(), clock.size(), second == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
-                second_of_day / 3600, second_of_day / 60 % 60, second);
-  return clock.data();
+  std::string clock;
+  append_padded(clock, second_of_day / 3600, 2);
+  clock += ':';
+  append_padded(clock, second_of_day / 60 % 60, 2);
+  if (second != 0) {
+    clock += ':';
+    append_padded(clock, second, 2);
+  }
+  return clock;
 }
 
 std::string day_text(uint32_t day, const ScheduleType& type) {

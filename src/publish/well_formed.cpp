@@ -75,12 +75,10 @@ std::string complaint_about_utf_8(int file, uint64_t offset, uint64_t bytes) {
       for_each_piece(file, offset, bytes, [&](std::string_view piece, bool is_last) {
         rest += piece;
         const size_t whole = is_last ? rest.size() : length_of_whole_characters(rest);
-        std::string_view text = std::string_view(rest).substr(0, whole);
-        while (!text.empty()) {
-          if (!take_utf_8(text)) {
-            complaint = "the document has bytes that are not UTF-8";
-            return false;
-          }
+        const std::string_view text = std::string_view(rest).substr(0, whole);
+        if (find_no_utf_8(text) != std::string_view::npos) {
+          complaint = "the document has bytes that are not UTF-8";
+          return false;
         }
         rest.erase(0, whole);
         return true;

@@ -8,6 +8,7 @@
 
 #include "import/cell_clock.hpp"
 #include "import/column_names.hpp"
+#include "import/folded_word.hpp"
 #include "import/row_days.hpp"
 
 namespace {
@@ -315,6 +316,17 @@ TEST(ColumnNames, InFourLanguages) {
   };
   for (const Header& header : headers) {
     EXPECT_EQ(find_column(header.text), header.column) << header.text;
+  }
+}
+
+TEST(ListedWords, AreWholeWords) {
+  constexpr std::string_view words = "monday,mondays,mon,all days";
+  for (const char* word : {"monday", "mondays", "mon", "all days"}) {
+    EXPECT_TRUE(is_listed_word(word, words)) << word;
+  }
+  for (const char* word :
+       {"", "mo", "onday", "day", "days", "all", "mon,all", ",mon", "mon,", ","}) {
+    EXPECT_FALSE(is_listed_word(word, words)) << word;
   }
 }
 

@@ -47,4 +47,19 @@ TEST(Utf8, LeavesTheTextAloneWhereItBeginsWithNone) {
   }
 }
 
+TEST(Utf8, FindsTheFirstByteThatIsNotValid) {
+  const std::string ascii = "more than eight letters";
+  EXPECT_EQ(find_no_utf_8(""), std::string::npos);
+  EXPECT_EQ(find_no_utf_8(ascii), std::string::npos);
+  EXPECT_EQ(find_no_utf_8(ascii + "\xc3\xa9"), std::string::npos);
+  EXPECT_EQ(find_no_utf_8(ascii + "\xc3"), ascii.size());
+  EXPECT_EQ(find_no_utf_8("\xc3\xa9\xff" + ascii + "\xff"), 2U);
+  // Each place within the eight bytes that are looked at together.
+  for (size_t at = 0; at < ascii.size(); ++at) {
+    std::string text = ascii;
+    text[at] = '\x80';
+    EXPECT_EQ(find_no_utf_8(text), at);
+  }
+}
+
 }  // namespace

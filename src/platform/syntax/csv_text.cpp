@@ -15,14 +15,16 @@ namespace {
 std::string with_line_feeds(std::string_view text) {
   std::string out;
   out.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    const bool is_end = text[i] == '\r';
-    if (is_end && i + 1 < text.size() && text[i + 1] == '\n') {
-      ++i;
+  for (;;) {
+    const size_t end = text.find('\r');
+    out += text.substr(0, end);
+    if (end == std::string_view::npos) {
+      return out;
     }
-    out += is_end ? '\n' : text[i];
+    out += '\n';
+    text.remove_prefix(end + 1);
+    text.remove_prefix(text.starts_with('\n') ? 1 : 0);
   }
-  return out;
 }
 
 /// Takes the cells from the parser.
@@ -38,6 +40,7 @@ void take_csv_cell(void* cell, size_t size, void* rows) {
 void take_csv_row(int /*end*/, void* rows) {
   auto& taken = *static_cast<CsvRows*>(rows);
   taken.rows.push_back(std::exchange(taken.row, {}));
+  taken.row.reserve(taken.rows.back().size());  // the rows of a table are mostly equally long
 }
 
 /// Ends the run as any other allocation that fails.
@@ -53,7 +56,12 @@ void* reallocate(void* old, size_t size) {
 
 std::optional<std::vector<CsvRow>> read_csv(std::string_view text, char separator,
                                             CsvMistake& mistake) {
-  const std::string lines = with_line_feeds(text);
+  std::string changed;
+  std::string_view lines = text;
+  if (text.find('\r') != std::string_view::npos) {
+    changed = with_line_feeds(text);
+    lines = changed;
+  }
   csv_parser parser{};
   csv_init(&parser, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL);
   csv_set_delim(&parser, static_cast<unsigned char>(separator));

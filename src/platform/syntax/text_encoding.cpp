@@ -21,16 +21,6 @@ constexpr std::array<ByteOrderMark, 3> marks = {{
     {"\xfe\xff", "UTF-16BE"},
 }};
 
-bool is_all_utf_8(std::string_view text, std::string& valid) {
-  for (std::string_view rest = text; !rest.empty();) {
-    if (!take_utf_8(rest)) {
-      valid = text.substr(0, text.size() - rest.size());
-      return false;
-    }
-  }
-  return true;
-}
-
 /// A conversion of iconv, closed at its end.
 class Conversion {
  public:
@@ -85,7 +75,12 @@ std::optional<std::string> text_as_utf_8(std::string_view bytes, const std::stri
     }
   }
   if (from.empty()) {
-    return is_all_utf_8(bytes, valid) ? std::optional(std::string(bytes)) : std::nullopt;
+    const size_t bad = find_no_utf_8(bytes);
+    if (bad != std::string_view::npos) {
+      valid = bytes.substr(0, bad);
+      return std::nullopt;
+    }
+    return std::string(bytes);
   }
   std::string text;
   if (!Conversion(from.c_str()).convert(std::string(bytes), text)) {

@@ -1,7 +1,26 @@
 #include "platform/syntax/utf_8.hpp"
 
 #include <array>
-#include <cstddef>
+#include <cstring>
+
+namespace {
+
+/// Whether no byte has its highest bit set.
+bool is_ascii(std::string_view text) {
+  constexpr uint64_t highest_bits = 0x8080808080808080;
+  uint64_t bits = 0;
+  for (; text.size() >= sizeof bits; text.remove_prefix(sizeof bits)) {
+    uint64_t bytes = 0;
+    std::memcpy(&bytes, text.data(), sizeof bytes);
+    bits |= bytes;
+  }
+  for (const char c : text) {
+    bits |= static_cast<unsigned char>(c);
+  }
+  return (bits & highest_bits) == 0;
+}
+
+}  // namespace
 
 std::optional<uint32_t> take_long_utf_8(std::string_view& text) {
   const auto byte = [&](size_t i) {
@@ -29,6 +48,18 @@ std::optional<uint32_t> take_long_utf_8(std::string_view& text) {
   }
   text.remove_prefix(length);
   return c;
+}
+
+size_t find_no_utf_8(std::string_view text) {
+  if (is_ascii(text)) {
+    return std::string_view::npos;
+  }
+  for (std::string_view rest = text; !rest.empty();) {
+    if (!take_utf_8(rest)) {
+      return text.size() - rest.size();
+    }
+  }
+  return std::string_view::npos;
 }
 
 void append_utf_8(std::string& out, uint32_t c) {

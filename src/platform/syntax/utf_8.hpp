@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,6 +19,9 @@ inline std::optional<uint32_t> take_utf_8(std::string_view& text) {
   text.remove_prefix(1);
   return first;
 }
+
+/// The first byte that does not belong to valid UTF-8; npos when the whole text is valid.
+size_t find_no_utf_8(std::string_view text);
 
 /// Appends a code point, at most 0x10ffff. Half of a surrogate pair is written as three bytes, as
 /// its number would be.

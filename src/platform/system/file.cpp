@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -122,6 +123,13 @@ std::optional<size_t> read_fully_at(int fd, char* bytes, size_t size, long offse
 std::optional<std::string> read_content(int fd) {
   std::string content;
   constexpr size_t step = 256UL * 1024;
+  // Growing would copy a large file several times. A file may also say that it is larger than it
+  // is.
+  constexpr off_t most_reserved = off_t{1} << 30U;
+  struct stat file = {};
+  if (fstat(fd, &file) == 0 && S_ISREG(file.st_mode)) {
+    content.reserve(static_cast<size_t>(std::min(file.st_size, most_reserved)) + step);
+  }
   for (;;) {
     const size_t length = content.size();
     content.resize(length + step);

@@ -34,9 +34,10 @@ std::optional<int> take_weekday(TimeText& rest) {
 /// A month's full name or its first three letters, as 1 to 12.
 std::optional<int> take_month_name(TimeText& rest) {
   const std::string_view word = rest.substr(0, count_letters(rest));
-  for (size_t month = 0; month < month_names.size(); ++month) {
+  for (size_t month = 0; month < month_names.size() && !word.empty(); ++month) {
     const std::string_view name = month_names[month];
-    if ((is_name(word, name) || is_name(word, name.substr(0, short_name_length))) &&
+    if (to_lower(name.front()) == word.front() &&
+        (is_name(word, name) || is_name(word, name.substr(0, short_name_length))) &&
         at_boundary(rest.substr(word.size()))) {
       rest.remove_prefix(word.size());
       return static_cast<int>(month) + 1;
@@ -144,6 +145,9 @@ std::optional<int> take_key_part(TimeText& rest, std::string_view letter, size_t
 
 /// y2026m3d5, m3d5, d5 as in a defaults section, and "day 5", "dom 5".
 bool take_key_date(TimeText& rest, WrittenDate& date) {
+  if (rest.empty() || is_digit(rest.front())) {
+    return false;
+  }
   TimeText after = rest;
   for (const std::string_view word : {"day", "dom"}) {
     if ((date.day = take_key_part(after, word, 1, 2))) {
