@@ -34,9 +34,15 @@ bool makes_nothing(const MadeSchedule& made) {
          made.global_default_row == 0;
 }
 
+/// The text of the schedule, not checked yet, and the sidecars.
+struct WrittenTable {
+  ScheduleText schedule;
+  std::vector<MadeSidecar> sidecars;
+};
+
 /// Nothing when the rows have an error.
-std::optional<ImportedTable> make_schedule(const Table& table, const ImportCommand& command,
-                                           std::vector<Finding>& findings) {
+std::optional<WrittenTable> write_table(const Table& table, const ImportCommand& command,
+                                        std::vector<Finding>& findings) {
   const auto header = find_table_header(table, command.rows.columns, findings);
   if (!header) {
     return std::nullopt;
@@ -56,17 +62,11 @@ std::optional<ImportedTable> make_schedule(const Table& table, const ImportComma
     findings.push_back({FindingKind::missing, {header->row, 1}, "the table has no rows", {}});
     return std::nullopt;
   }
-  ImportedTable imported;
+  WrittenTable written{schedule_text(made, *rules, command.table), {}};
   if (!command.sidecars.empty()) {
-    imported.sidecars =
-        sidecars_of_table(table, *header, command.sidecars, command.table, findings);
+    written.sidecars = sidecars_of_table(table, *header, command.sidecars, command.table, findings);
   }
-  ScheduleText text = schedule_text(made, *rules, command.table);
-  const std::vector<Finding> checked =
-      check_made_schedule(text, command.output, command.media, command.report_time);
-  findings.insert(findings.end(), checked.begin(), checked.end());
-  imported.schedule = std::move(text.text);
-  return imported;
+  return written;
 }
 
 }  // namespace
@@ -74,14 +74,22 @@ std::optional<ImportedTable> make_schedule(const Table& table, const ImportComma
 std::optional<ImportedTable> import_table(const ImportCommand& command, FileFindings& findings,
                                           std::string& error) {
   findings = {command.table, {}};
-  const std::optional<Table> table =
-      read_table(command.table, command.form, error, findings.findings);
+  std::optional<Table> table = read_table(command.table, command.form, error, findings.findings);
   if (!table) {
     return std::nullopt;
   }
   arm_watchdog();  // not earlier: standard input may take its time
-  auto schedule = make_schedule(*table, command, findings.findings);
+  std::optional<WrittenTable> written = write_table(*table, command, findings.findings);
+  table.reset();  // the checks can use its memory
+  if (written) {
+    const std::vector<Finding> checked =
+        check_made_schedule(written->schedule, command.output, command.media, command.report_time);
+    findings.findings.insert(findings.findings.end(), checked.begin(), checked.end());
+  }
   cancel_watchdog();
   sort_findings(findings);
-  return has_failing(findings.findings, command.strict) ? std::nullopt : std::move(schedule);
+  if (!written || has_failing(findings.findings, command.strict)) {
+    return std::nullopt;
+  }
+  return ImportedTable{std::move(written->schedule.text), std::move(written->sidecars)};
 }
