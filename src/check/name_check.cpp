@@ -34,6 +34,16 @@ Finding finding_for_unused_name(const SchedulePart& part) {
             {},
             {line_with(part, part.text, "*" + word)}};
   }
+  const std::string plain = with_plain_characters(part.text);
+  const std::string type(strip_blanks(plain));
+  if (type != part.text && type.starts_with('*') && find_schedule_type(type.substr(1)) != nullptr) {
+    return {
+        FindingKind::unknown_type,
+        place,
+        quoted(part.text) + " has letters or blanks that only look right; write " + quoted(type),
+        {},
+        {line_with(part, part.text, type)}};
+  }
   const std::string_view name = strip_blanks(part.text.substr(0, part.text.find_first_of("=:")));
   if (is_key_of_a_section(name)) {
     return {FindingKind::unknown_name, place, quoted(name) + " stands outside all sections"};
@@ -72,7 +82,10 @@ Finding finding_for_table(Place place) {
 }
 
 std::optional<std::string> meant_section(std::string_view name) {
-  const std::string lower = lower_case(strip_blanks(with_plain_characters(name)));
+  std::string lower = lower_case(strip_blanks(with_plain_characters(name)));
+  if (lower.ends_with(':')) {
+    lower.pop_back();
+  }
   if (lower.empty() || std::ranges::find(words_for_items, lower) != words_for_items.end()) {
     return "";
   }

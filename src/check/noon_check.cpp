@@ -1,9 +1,12 @@
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <optional>
 #include <set>
 #include <string>
 
 #include "check/checks.hpp"
+#include "check/line_fix.hpp"
 #include "check/position_text.hpp"
 #include "check/time_parts.hpp"
 
@@ -25,6 +28,26 @@ std::string hours_and_minutes(uint64_t seconds) {
 bool is_written_12_am(std::string_view text) {
   const auto parts = text.find("12") != std::string_view::npos ? parts_of_time(text) : std::nullopt;
   return parts && parts->clock.hour == 0 && parts->clock_text.starts_with("12");
+}
+
+/// "12:00 am" with a "p" in place of the "a".
+std::string with_pm(std::string_view text) {
+  std::string pm(text);
+  const size_t letter = pm.find_last_of("aA");
+  pm[letter] = pm[letter] == 'A' ? 'P' : 'p';
+  return pm;
+}
+
+/// What the time is, and what was probably meant.
+std::string question_about(std::string_view text, uint64_t length) {
+  const ClockTime clock = parts_of_time(text).value_or(TimeParts()).clock;
+  const bool is_midnight = clock.minute == 0 && clock.second == 0;
+  std::array<char, 32> minutes{};
+  std::snprintf(minutes.data(), minutes.size(), ":%02d", clock.minute);
+  const std::string is = is_midnight ? "midnight" : std::string("00") + minutes.data();
+  const std::string meant = is_midnight ? "noon" : std::string("12") + minutes.data();
+  return quoted(text) + " is " + is + ", and the programme lasts " + hours_and_minutes(length) +
+         "; for " + meant + " write " + quoted(with_pm(text));
 }
 
 bool is_written_pm(std::string_view text) {
@@ -74,8 +97,7 @@ void check_noon(WrittenSchedule& written, FileFindings& found) {
     }
     const WrittenValue& value = *item.value_of(ScheduleKey::start);
     item.is_noon_meant = true;
-    found.add(FindingKind::noon, value.place,
-              quoted(value.text) + " is midnight, and the programme lasts " +
-                  hours_and_minutes(item.end - item.start) + "; noon is '12:00 pm'");
+    found.add(FindingKind::noon, value.place, question_about(value.text, item.end - item.start), {},
+              {line_with(written, value, with_pm(value.text))});
   }
 }

@@ -2,7 +2,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,9 +17,29 @@ namespace {
 constexpr std::string_view comment_mark = " # ";
 constexpr std::string_view address_start = "file://";
 
-bool is_quoted(std::string_view path) {
-  return path.size() > 2 && path.front() == path.back() &&
-         (path.front() == '"' || path.front() == '\'');
+/// Quotation marks, those of text processors among them.
+constexpr std::array<std::string_view, 7> quotation_marks = {"\"",     "'",      "\u201c", "\u201d",
+                                                             "\u201e", "\u2018", "\u2019"};
+
+/// The path between its quotation marks, or the path itself.
+std::string_view without_quotes(std::string_view path) {
+  for (const std::string_view first : quotation_marks) {
+    for (const std::string_view last : quotation_marks) {
+      if (path.size() > first.size() + last.size() && path.starts_with(first) &&
+          path.ends_with(last)) {
+        return path.substr(first.size(), path.size() - first.size() - last.size());
+      }
+    }
+  }
+  return path;
+}
+
+/// Where the only quotation mark stands, at the beginning or the end.
+std::optional<size_t> place_of_lone_quote(std::string_view path) {
+  const size_t mark = path.find('"');
+  const bool is_alone = mark != std::string_view::npos && path.rfind('"') == mark;
+  return path.size() > 1 && is_alone && (mark == 0 || mark + 1 == path.size()) ? std::optional(mark)
+                                                                               : std::nullopt;
 }
 
 /// Whether backslashes seem to separate the folders. Names may hold them too.
@@ -63,9 +85,12 @@ std::optional<PathComplaint> complaint_about_path(std::string_view path) {
         "a comment after a path becomes part of the path; put the comment on a line of its own",
         std::string(strip_blanks(path.substr(0, mark)))};
   }
-  if (is_quoted(path)) {
-    return odd(0, "the quotes become part of the path",
-               std::string(path.substr(1, path.size() - 2)));
+  if (const std::string_view bare = without_quotes(path); bare != path) {
+    return odd(0, "the quotes become part of the path", std::string(bare));
+  }
+  if (const auto mark = place_of_lone_quote(path)) {
+    return odd(*mark, "the quote becomes part of the path",
+               std::string(*mark == 0 ? path.substr(1) : path.substr(0, *mark)));
   }
   if (has_drive(path)) {
     return PathComplaint{FindingKind::odd_path,

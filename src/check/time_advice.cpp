@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "check/corrected_word.hpp"
 #include "check/foreign_names.hpp"
 #include "check/odd_characters.hpp"
 #include "check/position_text.hpp"

@@ -1,7 +1,4 @@
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -63,23 +60,9 @@ std::vector<LineFix> fix_for(const LineChecks& checks, const WrittenSection& sec
   return {std::move(fix)};
 }
 
-/// Spreadsheets keep a time as a part of a day, such as 0.75.
-bool is_part_of_day(std::string_view number) {
-  return number.starts_with("0.") && number.size() > 2;
-}
-
 bool is_hour_of_day(std::string_view number) {
   return is_hour(number) && number != "0" && number != "00" &&
          (number.size() == 1 || number <= "24");
-}
-
-std::string clock_of_part(std::string_view number) {
-  const auto second = static_cast<unsigned>(
-      std::lround(std::strtod(std::string(number).c_str(), nullptr) * seconds_per_day));
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), second % 60 == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
-                second / 3600, second / 60 % 60, second % 60);
-  return text.data();
 }
 
 /// The clock with the day that the other time of the section gives.

@@ -2,127 +2,42 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
-#include "check/foreign_names.hpp"
+#include "check/corrected_word.hpp"
 #include "check/odd_characters.hpp"
 #include "check/position_text.hpp"
 #include "check/span_advice.hpp"
-#include "platform/syntax/nearest_word.hpp"
 #include "platform/syntax/text.hpp"
-#include "platform/time/calendar_names.hpp"
 #include "platform/time/parse_time.hpp"
 #include "platform/time/written_time.hpp"
 
 namespace {
 
-/// Words around a time that say nothing.
-constexpr std::array<std::string_view, 11> empty_words = {
-    "uhr", "h", "hrs", "hours", "o'clock", "at", "on", "the", "um", "den", "kl."};
-
-/// The numbers of a text like "05.03.2026". The separator is the same throughout.
-struct Numbers {
-  std::vector<std::string_view> all;
-  char separator = 0;
-  bool ends_with_separator = false;
-};
-
-Numbers numbers_of(std::string_view word) {
-  Numbers numbers;
-  while (!word.empty()) {
-    const size_t digits = count_digits(word);
-    if (digits == 0) {
-      return {};
-    }
-    numbers.all.push_back(word.substr(0, digits));
-    word.remove_prefix(digits);
-    numbers.ends_with_separator = !word.empty();
-    if (word.empty()) {
-      break;
-    }
-    if (numbers.separator != 0 && word.front() != numbers.separator) {
-      return {};
-    }
-    numbers.separator = word.front();
-    word.remove_prefix(1);
-  }
-  return numbers;
-}
-
-int value_of(std::string_view digits) {
-  return number_at_front(digits);
-}
-
-std::string date_text(int year, int month, int day) {
-  if (year > 0) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", year, month, day);
-    return text.data();
-  }
-  return std::string(month_names.at(static_cast<size_t>(month) - 1).substr(0, 3)) + " " +
-         std::to_string(day);
-}
-
-bool is_half_of_day(std::string_view word) {
-  constexpr std::array<std::string_view, 6> halves = {"a", "p", "am", "pm", "a.m.", "p.m."};
-  return std::ranges::find(halves, word) != halves.end();
-}
-
-/// "18:5" and "18:00:00:00", with frames, as valid clocks; the text itself if it is neither.
-std::string with_two_digits(std::string_view clock) {
-  const Numbers numbers = numbers_of(clock);
-  if (numbers.separator != ':' || numbers.all.size() < 2 || numbers.all.size() > 4 ||
-      numbers.ends_with_separator) {
-    return std::string(clock);
-  }
-  std::string text(numbers.all[0]);
-  for (size_t i = 1; i < std::min<size_t>(numbers.all.size(), 3); ++i) {
-    text += (numbers.all[i].size() == 1 ? ":0" : ":") + std::string(numbers.all[i]);
-  }
-  return text;
-}
-
-/// A clock of 24 hours without the "am" or "pm" that contradicts it: "18:00" for "18:00pm".
-std::string without_half_of_day(std::string_view clock) {
-  const size_t letter = clock.find_first_of("ap");
-  if (letter == std::string_view::npos || letter == 0 || !is_digit(clock.front()) ||
-      !is_half_of_day(clock.substr(letter)) || read_clock(clock)) {
-    return std::string(clock);
-  }
-  return std::string(clock.substr(0, letter));
-}
-
-std::string corrected_clock(std::string_view word) {
-  std::string clock = without_half_of_day(word);
-  if (clock.ends_with("uhr")) {
-    clock.resize(clock.size() - 3);
-  }
-  std::ranges::replace(clock, 'h', '.');
-  if (clock.ends_with('.') && is_hour(clock.substr(0, clock.size() - 1))) {
-    clock += "00";
-  }
-  return looks_like_clock(clock, true) ? clock_of(clock) : with_two_digits(clock);
-}
-
-std::string corrected_name(std::string_view word) {
-  std::vector<std::string_view> names(weekday_names.begin(), weekday_names.end());
-  names.insert(names.end(), month_names.begin(), month_names.end());
-  const std::string_view letters = word.ends_with('.') ? word.substr(0, word.size() - 1) : word;
-  const std::string lower = lower_case(letters);
-  const auto is_name = [&](std::string_view name) {
-    return lower == lower_case(name) || lower == lower_case(name.substr(0, short_name_length));
+/// The words of a text, each corrected. Beside a clock, "2026" is a year and "5.3" a date.
+std::vector<std::string> corrected_words(std::string_view text) {
+  std::vector<std::string> words;
+  const std::vector<TimeWord> written = words_of(text);
+  const auto is_clock = [](const TimeWord& word) {
+    return corrected_word(word.text).find(':') != std::string::npos;
   };
-  if (std::ranges::any_of(names, is_name)) {
-    return std::string(letters);
-  }
-  for (const std::string_view english : {english_weekday(word), english_month(word)}) {
-    if (!english.empty()) {
-      return std::string(english);
+  const auto clocks = std::ranges::count_if(written, is_clock);
+  for (const TimeWord& word : written) {
+    const bool is_beside_clock = clocks > (is_clock(word) ? 1 : 0);
+    std::string corrected = corrected_word(word.text);
+    if (is_beside_clock && has_four_figures(word.text)) {
+      corrected = word.text;
+    } else if (is_beside_clock) {
+      corrected = reordered_date(std::string(word.text) + ".").value_or(corrected);
+    }
+    if (!corrected.empty()) {
+      words.push_back(std::move(corrected));
     }
   }
-  return std::string(find_weekday(lower) ? letters : nearest_word(word, names).value_or(word));
+  return words;
 }
 
 /// Joins the words. The clock, with the half of its day, is the last.
@@ -169,6 +84,19 @@ bool is_hour(std::string_view number) {
   return !number.empty() && number.size() <= 2 && std::ranges::all_of(number, is_digit);
 }
 
+bool is_part_of_day(std::string_view number) {
+  return number.starts_with("0.") && number.size() > 2;
+}
+
+std::string clock_of_part(std::string_view number) {
+  const auto second = static_cast<unsigned>(
+      std::lround(std::strtod(std::string(number).c_str(), nullptr) * seconds_per_day));
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), second % 60 == 0 ? "%02u:%02u" : "%02u:%02u:%02u",
+                second / 3600, second / 60 % 60, second % 60);
+  return text.data();
+}
+
 bool looks_like_clock(std::string_view number, bool in_figures) {
   const std::string_view text = strip_blanks(number);
   const size_t point = text.find('.');
@@ -198,60 +126,6 @@ std::string clock_of(std::string_view number) {
   return clock.size() == 4 ? "0" + clock : clock;
 }
 
-std::optional<std::string> reordered_date(std::string_view word) {
-  const Numbers numbers = numbers_of(word);
-  if (numbers.all.size() < 2 || numbers.all.size() > 3 || numbers.all[0].size() > 2 ||
-      numbers.all[1].size() > 2) {
-    return std::nullopt;
-  }
-  const int first = value_of(numbers.all[0]);
-  const int second = value_of(numbers.all[1]);
-  const bool has_year = numbers.all.size() == 3;
-  int year = has_year ? value_of(numbers.all[2]) : 0;
-  if (has_year && numbers.all[2].size() == 2) {
-    year += 2000;
-  }
-  const bool is_day_first = first >= 1 && first <= 31 && second >= 1 && second <= 12;
-  const bool is_date = has_year ? year >= 1900 : true;
-  // "18.00" and "5.30" are clocks.
-  const bool is_dotted = numbers.separator == '.' && (has_year || numbers.ends_with_separator);
-  const bool is_slashed =
-      (numbers.separator == '/' || numbers.separator == '-') && (first > 12 || has_year);
-  if (!is_date || (!is_dotted && !is_slashed)) {
-    return std::nullopt;
-  }
-  if (is_day_first && (is_dotted || first > 12)) {
-    return date_text(year, second, first);
-  }
-  const bool is_month_first = first >= 1 && first <= 12 && second > 12 && second <= 31;
-  return is_slashed && is_month_first ? std::optional(date_text(year, first, second))
-                                      : std::nullopt;
-}
-
-std::string corrected_word(std::string_view word) {
-  const std::string lower = lower_case(word);
-  if (std::ranges::find(empty_words, lower) != empty_words.end()) {
-    return {};
-  }
-  if (const auto date = reordered_date(lower)) {
-    return *date;
-  }
-  const size_t digits = count_digits(lower);
-  if (digits > 0 && digits <= 2 && lower.substr(digits) == ".") {
-    return lower.substr(0, digits);
-  }
-  if (digits > 0) {
-    return corrected_clock(lower);
-  }
-  const size_t number = lower.find_first_of("0123456789");
-  if (number == std::string::npos) {
-    return is_half_of_day(lower) ? lower : corrected_name(word);
-  }
-  const std::string name = corrected_name(word.substr(0, number));
-  return find_weekday(lower_case(name)) ? name + " " + corrected_clock(lower.substr(number))
-                                        : lower;
-}
-
 std::optional<std::string> guess_time(std::string_view text) {
   const std::string plain = with_plain_characters(text);
   std::string_view rest = plain;
@@ -262,13 +136,7 @@ std::optional<std::string> guess_time(std::string_view text) {
   if (is_time(rest)) {
     return std::string(rest);
   }
-  std::vector<std::string> words;
-  for (const TimeWord& word : words_of(rest)) {
-    std::string corrected = corrected_word(word.text);
-    if (!corrected.empty()) {
-      words.push_back(std::move(corrected));
-    }
-  }
+  std::vector<std::string> words = corrected_words(rest);
   if (const std::string guess = joined(words); is_time(guess) && !words.empty()) {
     return guess;
   }

@@ -29,13 +29,11 @@ bool is_hour(std::string_view number);
 /// Writes a number that looks like a clock, or an hour, as a clock: "18:00".
 std::string clock_of(std::string_view number);
 
-/// A word with two or three numbers that is a date in the order of another country: "2026-03-05"
-/// for "05.03.2026", "Dec 25" for "25/12". Nothing for other words.
-std::optional<std::string> reordered_date(std::string_view word);
+/// Whether the number is a part of a day, as spreadsheets keep a time: "0.75".
+bool is_part_of_day(std::string_view number);
 
-/// A word of an invalid time as it was probably meant: "Mon" for "Mo", "18:05" for "18:5". Empty
-/// for a word that says nothing, such as "Uhr".
-std::string corrected_word(std::string_view word);
+/// The clock of a part of a day: "18:00" for "0.75".
+std::string clock_of_part(std::string_view number);
 
 /// The valid time that the text was probably meant as, in the order in which times are written.
 std::optional<std::string> guess_time(std::string_view text);
