@@ -92,8 +92,9 @@ void check_noon(WrittenSchedule& written, FileFindings& found) {
     if (!ends) {
       ends = ends_of(written.items);
     }
-    if (ends->contains(start == 0 ? unit_length : start)) {
-      continue;  // the programme before it ends at midnight
+    const uint64_t midnight = start == 0 ? unit_length : start;
+    if (ends->contains(midnight) || ends->contains(midnight - 1)) {
+      continue;  // the programme before it ends at midnight, or at 23:59:59
     }
     const WrittenValue& value = *item.value_of(ScheduleKey::start);
     item.is_noon_meant = true;

@@ -24,9 +24,11 @@ constexpr std::array<std::string_view, 7> quotation_marks = {"\"",     "'",     
 /// The path between its quotation marks, or the path itself.
 std::string_view without_quotes(std::string_view path) {
   for (const std::string_view first : quotation_marks) {
+    if (!path.starts_with(first)) {
+      continue;
+    }
     for (const std::string_view last : quotation_marks) {
-      if (path.size() > first.size() + last.size() && path.starts_with(first) &&
-          path.ends_with(last)) {
+      if (path.size() > first.size() + last.size() && path.ends_with(last)) {
         return path.substr(first.size(), path.size() - first.size() - last.size());
       }
     }
@@ -34,12 +36,23 @@ std::string_view without_quotes(std::string_view path) {
   return path;
 }
 
-/// Where the only quotation mark stands, at the beginning or the end.
+/// Whether the path ends as the names of most media do: ".mp4".
+bool has_extension(std::string_view path) {
+  const size_t point = path.rfind('.');
+  const std::string_view extension = path.substr(std::min(point, path.size() - 1) + 1);
+  return point != std::string_view::npos && !extension.empty() && !is_digit(extension.front()) &&
+         extension.find_first_of(" /") == std::string_view::npos;
+}
+
+/// Where the only quotation mark stands, at the beginning or behind the extension. One behind a
+/// number may stand for inches.
 std::optional<size_t> place_of_lone_quote(std::string_view path) {
   const size_t mark = path.find('"');
-  const bool is_alone = mark != std::string_view::npos && path.rfind('"') == mark;
-  return path.size() > 1 && is_alone && (mark == 0 || mark + 1 == path.size()) ? std::optional(mark)
-                                                                               : std::nullopt;
+  if (path.size() < 2 || mark == std::string_view::npos || path.rfind('"') != mark) {
+    return std::nullopt;
+  }
+  const bool is_behind = mark + 1 == path.size() && has_extension(path.substr(0, mark));
+  return mark == 0 || is_behind ? std::optional(mark) : std::nullopt;
 }
 
 /// Whether backslashes seem to separate the folders. Names may hold them too.

@@ -148,6 +148,18 @@ void check_time(LineChecks& checks, const WrittenSection& section, const Written
   }
 }
 
+/// What a clock alone lacks in a schedule of that type, if the other time of the section has none
+/// either: "the weekday and ". Empty if it lacks nothing.
+std::string missing_day(const BareNumber& number, const ScheduleType& type) {
+  if (type.day_name == DayName::only_day ||
+      !(number.other.empty() || is_bare_number(number.other))) {
+    return "";
+  }
+  const bool is_weekly = type.day_name == DayName::weekday;
+  return is_weekly ? "the weekday and "
+                   : (type.day_name == DayName::day_of_month ? "the day and " : "the date and ");
+}
+
 /// A plain number means schedule seconds, "12.48" as well as "3605.20". It was probably meant as a
 /// clock if the file writes clocks elsewhere, or if every plain number could be a clock; "1800"
 /// only in the first case, and "22" if the other time of its section is a clock.
@@ -168,12 +180,17 @@ void finish_time_check(LineChecks& checks) {
     }
     const WrittenValue& value = number.value;
     const std::string time = with_day_of_other(number, clock, type);
+    const std::string day = missing_day(number, type);
+    std::vector<LineFix> fix;
+    if (day.empty()) {
+      fix.push_back(line_with(checks.written, value, time));
+    }
     const bool is_hour_alone = is_hour_of_day(value.text);
     checks.written.doubtful_times.insert(value.place.line);
     checks.found.add(FindingKind::bare_number, value.place,
                      quoted(value.text) + " is read as " +
                          (is_hour_alone ? std::string(value.text) + " seconds" : "seconds") +
-                         " from the beginning of the unit; write " + quoted(time),
-                     {}, {line_with(checks.written, value, time)});
+                         " from the beginning of the unit; write " + day + quoted(time),
+                     {}, std::move(fix));
   }
 }
