@@ -58,7 +58,8 @@ bool check_media(const WrittenSchedule& written, FileId id, const MadeFormats& f
 void check_listed_ends(const WrittenSchedule& written, bool with_items, FileFindings& found);
 
 /// The same for one announced item or block.
-void check_listed_end(const WrittenSection& section, const ScheduleType& type, FileFindings& found);
+void check_listed_end(const WrittenSchedule& written, const WrittenSection& section,
+                      FileFindings& found);
 
 /// Patches in the schedules that items name, as a run does, and finds what is lost by that. Call it
 /// after check_passes, and only if check_media returned true.

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "check/checks.hpp"
+#include "check/line_fix.hpp"
 #include "check/named_files.hpp"
 #include "check/position_text.hpp"
 #include "platform/syntax/schedule_types.hpp"
@@ -23,27 +24,32 @@ bool is_end_of_unit(uint64_t position, const ScheduleType& type) {
 
 }  // namespace
 
-void check_listed_end(const WrittenSection& section, const ScheduleType& type,
+void check_listed_end(const WrittenSchedule& written, const WrittenSection& section,
                       FileFindings& found) {
-  if (section.is_broken || section.start >= section.end || !is_end_of_unit(section.end, type)) {
+  const ScheduleType& type = *find_schedule_type(written.schedule.type);
+  const WrittenValue* end = section.value_of(ScheduleKey::end);
+  const bool is_in_last_second = section.start + 1 >= section.end;
+  if (section.is_broken || end == nullptr || is_in_last_second ||
+      !is_end_of_unit(section.end, type)) {
     return;
   }
   const std::string when = type.day_name == DayName::day_of_month && section.end < type.unit_length
                                ? "in a month that ends then, "
                                : "";
-  found.add(FindingKind::listed_end, section.place_of(ScheduleKey::end),
+  const std::string second_before = written_position(section.end - 1, type);
+  found.add(FindingKind::listed_end, end->place,
             when +
                 "an end at the unit's last midnight gives the listings a row of the whole unit; "
                 "write " +
-                quoted(written_position(section.end - 1, type)));
+                quoted(second_before),
+            {}, {line_with(written, *end, second_before)});
 }
 
 void check_listed_ends(const WrittenSchedule& written, bool with_items, FileFindings& found) {
-  const ScheduleType& type = *find_schedule_type(written.schedule.type);
   for (const auto& [start, number] : written.blocks.by_start) {
     const WrittenSection& block = written.blocks.all[number];
     if (block.text_of(ScheduleKey::announce) == "block") {
-      check_listed_end(block, type, found);
+      check_listed_end(written, block, found);
     }
   }
   for (const auto& [start, number] : written.items.by_start) {
@@ -51,7 +57,7 @@ void check_listed_ends(const WrittenSchedule& written, bool with_items, FileFind
     const bool is_named = item.value_of(ScheduleKey::label) != nullptr ||
                           item.value_of(ScheduleKey::event_id) != nullptr;
     if (with_items && is_named) {
-      check_listed_end(item, type, found);
+      check_listed_end(written, item, found);
     }
   }
 }

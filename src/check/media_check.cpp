@@ -32,7 +32,6 @@ class MediaCheck {
       : formats_(formats), found_(found), schedules_{.above = {id}} {}
 
   bool check(const WrittenSchedule& written) {
-    const ScheduleType& type = *find_schedule_type(written.schedule.type);
     for (const auto& [start, number] : written.items.by_start) {
       const WrittenSection& item = written.items.all[number];
       KnownFile& file =
@@ -41,7 +40,7 @@ class MediaCheck {
         check_announced(item, file.metadata);
       }
       if (formats_.has_listing() && !file.is_schedule) {
-        check_listed(item, type, file);
+        check_listed(written, item, file);
       }
     }
     for (const auto& [path, place] : written.default_paths) {
@@ -107,12 +106,13 @@ class MediaCheck {
   }
 
   /// What the listings make of the item.
-  void check_listed(const WrittenSection& section, const ScheduleType& type, KnownFile& file) {
+  void check_listed(const WrittenSchedule& written, const WrittenSection& section,
+                    KnownFile& file) {
     const ScheduleItem item = item_of(section);
     if (derive_announce(file.metadata, item) < 1) {
       return;
     }
-    check_listed_end(section, type, found_);
+    check_listed_end(written, section, found_);
     if (file.is_readable && !file.has_title && !item.label.empty()) {
       found_.add(FindingKind::listed_title, section.place_of(ScheduleKey::label),
                  "the listings do not show labels, but titles, and the metadata of " +

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check/checks.hpp"
+#include "check/line_fix.hpp"
 #include "check/position_text.hpp"
 #include "check/time_parts.hpp"
 #include "platform/time/local_text.hpp"
@@ -105,8 +106,9 @@ std::optional<uint64_t> start_before_end(const WrittenStart& start, const Schedu
   return same_day < section.end ? same_day : same_day - seconds_per_day;
 }
 
-void check_start(const WrittenStart& start, bool have_most, const ScheduleType& type,
+void check_start(const WrittenSchedule& written, const WrittenStart& start, bool have_most,
                  FileFindings& found) {
+  const ScheduleType& type = *find_schedule_type(written.schedule.type);
   const bool is_first = start.section->start == 0 && start.is_in_order;
   if (start.is_complete || is_first) {
     return;
@@ -114,17 +116,19 @@ void check_start(const WrittenStart& start, bool have_most, const ScheduleType& 
   const WrittenValue& value = *start.section->value_of(ScheduleKey::start);
   const std::string text = quoted(value.text) + " " + missing_part(start.date, type.day_name);
   if (const auto meant = start_before_end(start, type)) {
-    found.add(
-        FindingKind::incomplete_time, value.place,
-        text + ", but the end names its day; write " + quoted(written_position(*meant, type)));
+    const std::string time = written_position(*meant, type);
+    found.add(FindingKind::incomplete_time, value.place,
+              text + ", but the end names its day; write " + quoted(time), {},
+              {line_with(written, value, time)});
   } else if (have_most) {
     found.add(FindingKind::incomplete_time, value.place,
               text + ", but most times of this file have one");
   }
 }
 
-void check_starts(const WrittenSections& sections, const ScheduleType& type, bool is_past_2020,
-                  FileFindings& found) {
+void check_starts(const WrittenSchedule& written, const WrittenSections& sections,
+                  bool is_past_2020, FileFindings& found) {
+  const ScheduleType& type = *find_schedule_type(written.schedule.type);
   const std::vector<WrittenStart> starts = starts_of(sections, type.day_name);
   const auto complete = std::ranges::count(starts, true, &WrittenStart::is_complete);
   const auto all = std::ssize(starts);
@@ -137,7 +141,7 @@ void check_starts(const WrittenSections& sections, const ScheduleType& type, boo
   }
   const bool have_most = 2 * complete > all && !leaves_out_first_day(starts, type.day_name);
   for (const WrittenStart& start : starts) {
-    check_start(start, have_most, type, found);
+    check_start(written, start, have_most, found);
   }
 }
 
@@ -150,6 +154,6 @@ void check_missing_parts(const WrittenSchedule& written, time_t report_time, Fil
   }
   const bool is_past_2020 = type.day_name == DayName::date &&
                             local_text(report_time, "%Y") > std::to_string(first_schedule_year);
-  check_starts(written.items, type, is_past_2020, found);
-  check_starts(written.blocks, type, is_past_2020, found);
+  check_starts(written, written.items, is_past_2020, found);
+  check_starts(written, written.blocks, is_past_2020, found);
 }
