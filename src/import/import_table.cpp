@@ -35,14 +35,15 @@ bool makes_nothing(const MadeSchedule& made) {
 }
 
 /// The text of the schedule, not checked yet, and the sidecars.
-struct WrittenTable {
+struct UncheckedSchedule {
   ScheduleText schedule;
   std::vector<MadeSidecar> sidecars;
 };
 
 /// Nothing when the rows have an error.
-std::optional<WrittenTable> write_table(const Table& table, const ImportCommand& command,
-                                        std::vector<Finding>& findings) {
+std::optional<UncheckedSchedule> unchecked_schedule(const Table& table,
+                                                    const ImportCommand& command,
+                                                    std::vector<Finding>& findings) {
   const auto header = find_table_header(table, command.rows.columns, findings);
   if (!header) {
     return std::nullopt;
@@ -62,7 +63,7 @@ std::optional<WrittenTable> write_table(const Table& table, const ImportCommand&
     findings.push_back({FindingKind::missing, {header->row, 1}, "the table has no rows", {}});
     return std::nullopt;
   }
-  WrittenTable written{schedule_text(made, *rules, command.table), {}};
+  UncheckedSchedule written{schedule_text(made, *rules, command.table), {}};
   if (!command.sidecars.empty()) {
     written.sidecars = sidecars_of_table(table, *header, command.sidecars, command.table, findings);
   }
@@ -79,7 +80,7 @@ std::optional<ImportedTable> import_table(const ImportCommand& command, FileFind
     return std::nullopt;
   }
   arm_watchdog();  // not earlier: standard input may take its time
-  std::optional<WrittenTable> written = write_table(*table, command, findings.findings);
+  std::optional<UncheckedSchedule> written = unchecked_schedule(*table, command, findings.findings);
   table.reset();  // the checks can use its memory
   if (written) {
     const std::vector<Finding> checked =
