@@ -228,7 +228,12 @@ class RowReader {
     std::string problem;
     const auto length =
         read_cell_duration(duration, rules_.header.duration_unit, rules_.numbers, problem);
-    if (!length || *length > longest_duration) {
+    if (length && *length > longest_duration) {
+      add(FindingKind::bad_duration, TableColumn::duration,
+          quoted_cell(duration) + " is longer than 27 days");
+      return false;
+    }
+    if (!length) {
       add(problem.empty() ? FindingKind::bad_duration : FindingKind::ambiguous,
           TableColumn::duration,
           problem.empty() ? "invalid duration " + quoted_cell(duration) : problem);
