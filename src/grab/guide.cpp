@@ -133,12 +133,18 @@ class GuideWriter {
 
   std::string take_old_programmes(const StationChannel& channel) {
     ++result_.lacking;
-    const auto count = old_guide_.copy_ahead(channel.id, now_, fd_);
-    if (!count) {
+    const auto old = old_guide_.copy_ahead(channel.id, now_, fd_);
+    if (!old) {
       return std::strerror(errno);
     }
+    if (old->unreadable > 0) {
+      std::fprintf(stderr,
+                   "%s: %s: programmes of the old guide that are not well-formed XML, left out: "
+                   "%llu\n",
+                   program, channel.id.c_str(), static_cast<unsigned long long>(old->unreadable));
+    }
     if (old_guide_.is_there()) {
-      tell_number(channel, *count, "programmes of the old guide");
+      tell_number(channel, old->copied, "programmes of the old guide");
     }
     return {};
   }

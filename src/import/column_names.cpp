@@ -1,5 +1,6 @@
 #include "import/column_names.hpp"
 
+#include <algorithm>
 #include <array>
 
 #include "import/folded_word.hpp"
@@ -165,4 +166,8 @@ std::string metadata_name_of(std::string_view header) {
     }
   }
   return lower_case(strip_blanks(header));
+}
+
+bool is_metadata_name(std::string_view name) {
+  return std::ranges::find(metadata_names, name, &MetadataName::name) != metadata_names.end();
 }

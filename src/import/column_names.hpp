@@ -53,3 +53,6 @@ std::string_view name_of(RowKind kind);
 
 /// The name in a sidecar for what a column's header names: "title" for "Titel".
 std::string metadata_name_of(std::string_view header);
+
+/// Whether that is the name of metadata that is known in four languages, such as "title".
+bool is_metadata_name(std::string_view name);

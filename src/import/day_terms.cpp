@@ -29,7 +29,8 @@ class DayParser {
     while (!rest_.empty()) {
       if (!take_term()) {
         if (problem_.empty()) {
-          problem_ = quoted_cell(rest_) + " is not understood";
+          problem_ = quoted_cell(rest_) + " is not understood" +
+                     advice_on_day_word(rest_.substr(0, count_word(rest_)));
         }
         return std::nullopt;
       }

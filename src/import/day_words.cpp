@@ -1,9 +1,12 @@
 #include "import/day_words.hpp"
 
+#include <algorithm>
 #include <array>
 #include <span>
+#include <vector>
 
 #include "import/folded_word.hpp"
+#include "platform/syntax/nearest_word.hpp"
 
 namespace {
 
@@ -80,6 +83,25 @@ std::optional<WeekdaySet> find_weekday_group(std::string_view phrase) {
     }
   }
   return std::nullopt;
+}
+
+std::string advice_on_day_word(std::string_view word) {
+  constexpr size_t shortest = 5;  // a shorter word is near to too many others
+  std::vector<std::string_view> words;
+  const auto add = [&](std::string_view list) {
+    while (!list.empty()) {
+      const std::string_view one = list.substr(0, list.find(','));
+      if (one.size() >= shortest) {
+        words.push_back(one);
+      }
+      list.remove_prefix(std::min(one.size() + 1, list.size()));
+    }
+  };
+  std::ranges::for_each(weekday_words, add);
+  for (const WeekdayGroup& group : weekday_groups) {
+    add(group.phrases);
+  }
+  return did_you_mean(word, words);
 }
 
 std::optional<int> find_month_word(std::string_view word) {

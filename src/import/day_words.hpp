@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 // The words for days and dates that people write in tables: English, German, French and Spanish.
@@ -15,6 +16,9 @@ std::optional<int> find_weekday_word(std::string_view word);
 
 /// The days that a phrase such as "daily", "weekdays" or "weekends" names.
 std::optional<WeekdaySet> find_weekday_group(std::string_view phrase);
+
+/// "; did you mean 'monday'?" for a word that is nearly a day or days, or an empty text.
+std::string advice_on_day_word(std::string_view word);
 
 /// The month that the word names (1 is January).
 std::optional<int> find_month_word(std::string_view word);

@@ -7,6 +7,7 @@
 #include "import/read_table.hpp"
 #include "import/schedule_text.hpp"
 #include "import/table_reader.hpp"
+#include "platform/syntax/nearest_word.hpp"
 #include "schedule/watchdog.hpp"
 
 namespace {
@@ -17,14 +18,27 @@ bool has_failing(const std::vector<Finding>& findings, bool strict) {
   });
 }
 
+/// The names of the columns that the table does not have.
+std::vector<std::string_view> missing_columns(const TableHeader& header) {
+  std::vector<std::string_view> names;
+  for (const ColumnName& column : column_names()) {
+    if (header.column_of(column.column) == 0) {
+      names.push_back(column.name);
+    }
+  }
+  return names;
+}
+
 void warn_of_unused_columns(const TableHeader& header, std::vector<Finding>& findings) {
+  const std::vector<std::string_view> missing = missing_columns(header);
   for (const OtherColumn& other : header.others) {
+    const std::string advice =
+        is_metadata_name(other.name) ? std::string() : did_you_mean(other.name, missing);
     findings.push_back(
         {FindingKind::unused_column,
          {header.row, other.column},
-         "the column " + quoted(other.name) +
-             " has no place in a schedule and is not used; with --sidecars it goes to the "
-             "sidecars of the items",
+         "the column " + quoted(other.name) + " has no place in a schedule and is not used" +
+             (advice.empty() ? "; with --sidecars it goes to the sidecars of the items" : advice),
          {}});
   }
 }
@@ -75,7 +89,9 @@ std::optional<UncheckedSchedule> unchecked_schedule(const Table& table,
 std::optional<ImportedTable> import_table(const ImportCommand& command, FileFindings& findings,
                                           std::string& error) {
   findings = {command.table, {}};
-  std::optional<Table> table = read_table(command.table, command.form, error, findings.findings);
+  TableForm form = command.form;
+  form.columns = command.rows.columns;
+  std::optional<Table> table = read_table(command.table, form, error, findings.findings);
   if (!table) {
     return std::nullopt;
   }

@@ -15,7 +15,6 @@
 #include "import/import_table.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
-#include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
 #include "station/replaced_file.hpp"
 
@@ -108,9 +107,8 @@ int run(const ImportCommand& command) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  report_import_failures();
   prepare_standard_streams();
-  limit_memory();
+  report_import_failures();
   int status = EXIT_SUCCESS;
   if (!settle_local_zone()) {
     fail_run("Unable to read the time zone: %s", std::strerror(errno));

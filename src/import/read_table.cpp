@@ -28,13 +28,42 @@ std::optional<std::string> read_bytes(const std::string& path, std::string& erro
   return bytes;
 }
 
-/// The separator that is asked for, that the first line names as Excel reads it ("sep=;"), or that
-/// is found out.
-char separator_of(std::string_view text, char asked) {
+/// The separator that is asked for, or that the first line names as Excel reads it ("sep=;").
+/// 0 if neither is said.
+char said_separator(std::string_view text, char asked) {
   constexpr std::string_view sign = "sep=";
   const bool is_named = text.starts_with(sign) && text.size() > sign.size() + 1 &&
                         (text[sign.size() + 1] == '\n' || text[sign.size() + 1] == '\r');
-  return asked != 0 ? asked : is_named ? text[sign.size()] : find_csv_separator(text);
+  return asked == 0 && is_named ? text[sign.size()] : asked;
+}
+
+/// The separator that is said, or that the first line with one uses most.
+char separator_of(std::string_view text, char asked) {
+  const char said = said_separator(text, asked);
+  return said != 0 ? said : find_csv_separator(text);
+}
+
+/// The rows of the text. A title above the header may have other separators than the table, so
+/// each is tried until there is a header.
+std::optional<std::vector<CsvRow>> rows_of_text(std::string_view text, const TableForm& form,
+                                                CsvMistake& mistake) {
+  const char first = separator_of(text, form.separator);
+  auto rows = read_csv(text, first, mistake);
+  if (said_separator(text, form.separator) != 0 ||
+      (rows && has_table_header(*rows, form.columns))) {
+    return rows;
+  }
+  for (const char other : {',', ';', '\t'}) {
+    CsvMistake ignored;
+    if (other == first || text.find(other) == std::string_view::npos) {
+      continue;
+    }
+    auto others = read_csv(text, other, ignored);
+    if (others && has_table_header(*others, form.columns)) {
+      return others;
+    }
+  }
+  return rows;
 }
 
 /// The place of the text's end, in a table with that separator.
@@ -75,9 +104,8 @@ std::optional<Table> table_of_text(std::string_view bytes, const TableForm& form
                         {}});
     return std::nullopt;
   }
-  const char separator = separator_of(*text, form.separator);
   CsvMistake mistake;
-  auto rows = read_csv(*text, separator, mistake);
+  auto rows = rows_of_text(*text, form, mistake);
   if (!rows) {
     findings.push_back({FindingKind::bad_quotes,
                         {static_cast<int64_t>(mistake.row), static_cast<int64_t>(mistake.column)},
@@ -96,7 +124,7 @@ std::optional<Table> read_table(const std::string& path, const TableForm& form, 
     return bytes ? table_of_text(*bytes, form, findings) : std::nullopt;
   }
   const std::optional<std::string> text = csv_of_spreadsheet(*bytes, error);
-  std::optional<Table> table = text ? table_of_text(*text, {"", ','}, findings) : std::nullopt;
+  std::optional<Table> table = text ? table_of_text(*text, {"", ',', {}}, findings) : std::nullopt;
   if (table) {
     table->has_raw_numbers = true;
   }

@@ -6,11 +6,13 @@
 
 #include "check/finding.hpp"
 #include "import/table.hpp"
+#include "import/table_header.hpp"
 
 /// How the bytes of a table are read.
 struct TableForm {
-  std::string encoding;  ///< empty: UTF-8, or what a byte order mark says
-  char separator = 0;    ///< 0: the one that the table uses most
+  std::string encoding;        ///< empty: UTF-8, or what a byte order mark says
+  char separator = 0;          ///< 0: the one that the header uses
+  ColumnChoices columns = {};  ///< by which a header is known
 };
 
 /// Reads the table; "-" is standard input. Nothing on failure: then either `error` says why the

@@ -4,6 +4,8 @@
 #include <set>
 #include <tuple>
 
+#include "platform/time/calendar_names.hpp"
+
 namespace {
 
 constexpr int days_in_week = 7;
@@ -67,6 +69,12 @@ class DayFinder {
     for (const DayTerm& term : dates_) {
       if (!term.first.year || !term.first.month || !term.last.year || !term.last.month) {
         return fail("a weekly schedule needs weekdays, or dates with their year");
+      }
+      for (const CellDate& date : {term.first, term.last}) {
+        if (date.day > length_of_month(*date.year, *date.month)) {
+          return fail(std::string(month_names.at(static_cast<size_t>(*date.month) - 1)) + " " +
+                      std::to_string(*date.year) + " has no day " + std::to_string(date.day));
+        }
       }
       if (!walk(term, [&](const CellDate& date) {
             days_.insert(static_cast<uint32_t>(weekday_of(date)));

@@ -4,8 +4,11 @@
 #include <cstdlib>
 #include <utility>
 
+#include "check/time_advice.hpp"
 #include "import/folded_word.hpp"
+#include "import/written_position.hpp"
 #include "platform/syntax/text.hpp"
+#include "platform/time/written_time.hpp"
 
 namespace {
 
@@ -18,6 +21,39 @@ struct CellTime {
 
 /// The most that a row may last: longer than any programme, shorter than the shortest month.
 constexpr double longest_duration = 27.0 * seconds_per_day;
+
+constexpr size_t longest_time = 200;  // longer cells hold something else
+
+/// Many programs write a date as its midnight: "2026-03-05 00:00:00".
+std::string_view without_midnight(std::string_view text) {
+  const size_t at = text.find_last_of(" T");
+  if (at == std::string_view::npos || text.find(':', at) == std::string_view::npos) {
+    return text;
+  }
+  const auto clock = read_clock(text.substr(at + 1));
+  const bool is_midnight = clock && clock->hour == 0 && clock->minute == 0 && clock->second == 0;
+  return is_midnight ? strip_blanks(text.substr(0, at)) : text;
+}
+
+/// What is wrong with a time that is not understood, in the words of the checker where it has some.
+Finding finding_of_time(const Place& place, std::string_view text, bool is_end) {
+  const auto advice = advise_on_time(text, *find_schedule_type("daily"));
+  const FindingKind kind = advice.empty() ? FindingKind::bad_time : advice.front().kind;
+  if (kind == FindingKind::out_of_range && advice.front().position) {
+    const auto second = static_cast<uint32_t>(*advice.front().position % seconds_per_day);
+    return {kind,
+            place,
+            quoted_cell(text) + " is out of range: clocks run from 00:00 to 24:00; write " +
+                quoted(clock_text(second)) +
+                (is_end ? ", which is on the next day if it is before the start"
+                        : " in a row of the next day"),
+            {}};
+  }
+  const bool is_known = kind == FindingKind::bad_time || kind == FindingKind::out_of_range;
+  return advice.empty() || !is_known || text.size() > longest_time
+             ? Finding{FindingKind::bad_time, place, "invalid time " + quoted_cell(text), {}}
+             : Finding{kind, place, advice.front().text, {}};
+}
 
 class RowReader {
  public:
@@ -49,7 +85,7 @@ class RowReader {
                                                                          : TableColumn::start;
     for (const TableColumn column : {TableColumn::day, TableColumn::date}) {
       const std::string_view text = cell(column);
-      auto found = terms_of(column, text);
+      auto found = terms_of(column, without_midnight(text));
       if (!found) {
         return std::nullopt;
       }
@@ -124,8 +160,7 @@ class RowReader {
     if (const auto clock = read_cell_clock(text, rules_.numbers, problem)) {
       return CellTime{{}, *clock};
     }
-    constexpr size_t longest = 200;  // longer cells hold something else
-    if (!problem.empty() || text.size() > longest) {
+    if (!problem.empty() || text.size() > longest_time) {
       return std::nullopt;
     }
     for (size_t at = text.find_first_of(" \tT,"); at != std::string_view::npos;
@@ -170,9 +205,12 @@ class RowReader {
     if (const auto time = divide(text, problem)) {
       return time;
     }
-    const bool is_ambiguous = !problem.empty();
-    return add(is_ambiguous ? FindingKind::ambiguous : FindingKind::bad_time, column,
-               is_ambiguous ? problem : "invalid time " + quoted_cell(text));
+    if (!problem.empty()) {
+      return add(FindingKind::ambiguous, column, problem);
+    }
+    findings_.push_back(
+        finding_of_time(rules_.place(row_, column), text, column == TableColumn::end));
+    return std::nullopt;
   }
 
   bool read_end(RowTimes& times) {
@@ -190,7 +228,12 @@ class RowReader {
     std::string problem;
     const auto length =
         read_cell_duration(duration, rules_.header.duration_unit, rules_.numbers, problem);
-    if (!length || *length > longest_duration) {
+    if (length && *length > longest_duration) {
+      add(FindingKind::bad_duration, TableColumn::duration,
+          quoted_cell(duration) + " is longer than 27 days");
+      return false;
+    }
+    if (!length) {
       add(problem.empty() ? FindingKind::bad_duration : FindingKind::ambiguous,
           TableColumn::duration,
           problem.empty() ? "invalid duration " + quoted_cell(duration) : problem);

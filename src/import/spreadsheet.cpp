@@ -1,6 +1,7 @@
 #include "import/spreadsheet.hpp"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,6 +18,7 @@
 
 #include "platform/system/file.hpp"
 #include "platform/system/run_limits.hpp"
+#include "station/held_signals.hpp"
 
 namespace {
 
@@ -95,6 +97,7 @@ constexpr int most_seconds = 60;
 [[noreturn]] void become(const char* program, char* const* arguments, char* const* environment) {
   constexpr rlim_t most_file_bytes = 1UL << 30U;
   constexpr rlim_t most_memory = 4UL << 30U;
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
   setpgid(0, 0);
   limit_child(RLIMIT_CPU, most_seconds);
   limit_child(RLIMIT_FSIZE, most_file_bytes);
@@ -119,7 +122,8 @@ bool wait_for(pid_t process) {
     if (ended == process) {
       return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
-    if ((ended < 0 && errno != EINTR) || time(nullptr) - begin > most_seconds) {
+    if ((ended < 0 && errno != EINTR) || time(nullptr) - begin > most_seconds ||
+        SignalsHeldBack::is_end_waiting()) {
       kill(-process, SIGKILL);
       kill(process, SIGKILL);
       waitpid(process, &status, 0);
@@ -140,7 +144,8 @@ std::vector<char*> pointers_to(std::vector<std::string>& texts) {
   return pointers;
 }
 
-bool run_converter(std::vector<std::string> words, const std::string& folder) {
+bool run_converter(std::vector<std::string> words, const std::string& folder,
+                   const SignalsHeldBack& held_back) {
   const char* const path = std::getenv("PATH");
   std::vector<std::string> environment = {
       "HOME=" + folder, "TMPDIR=" + folder, "LC_ALL=C.UTF-8", "GSETTINGS_BACKEND=memory",
@@ -149,6 +154,7 @@ bool run_converter(std::vector<std::string> words, const std::string& folder) {
   const std::vector<char*> variables = pointers_to(environment);
   const pid_t process = fork();
   if (process == 0) {
+    held_back.let_go();
     become(words.front().c_str(), arguments.data(), variables.data());
   }
   return process > 0 && wait_for(process);
@@ -173,6 +179,7 @@ std::optional<std::string> csv_of_spreadsheet(std::string_view bytes, std::strin
         "save it as CSV";
     return std::nullopt;
   }
+  const SignalsHeldBack held_back;  // until the folder is removed
   const WorkFolder folder;
   const std::string source = folder.path() + "/" + input;
   const std::string result = folder.path() + "/table.csv";
@@ -180,7 +187,8 @@ std::optional<std::string> csv_of_spreadsheet(std::string_view bytes, std::strin
     error = std::string("cannot be copied for the conversion: ") + std::strerror(errno);
     return std::nullopt;
   }
-  const bool is_converted = run_converter(conversion(program, source, result), folder.path());
+  const bool is_converted =
+      run_converter(conversion(program, source, result), folder.path(), held_back);
   const FileDescriptor file = open_regular_file(AT_FDCWD, result.c_str(), Links::refused);
   auto text = is_converted && file.is_open() ? read_content(file.get()) : std::nullopt;
   if (!text) {

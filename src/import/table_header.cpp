@@ -41,6 +41,16 @@ bool is_header_row(const CsvRow& row, const ColumnChoices& choices) {
   return has_item && known >= 2;
 }
 
+std::optional<size_t> header_row(const std::vector<CsvRow>& rows, const ColumnChoices& choices) {
+  constexpr size_t last_row = 50;  // titles and remarks may stand above the header
+  for (size_t row = 0; row < std::min(last_row, rows.size()); ++row) {
+    if (is_header_row(rows[row], choices)) {
+      return row;
+    }
+  }
+  return std::nullopt;
+}
+
 void add_column(TableHeader& header, TableColumn column, int64_t place, std::string_view cell,
                 std::vector<Finding>& findings) {
   int64_t& known = header.columns.at(static_cast<size_t>(column));
@@ -87,30 +97,31 @@ std::optional<ColumnChoices> read_column_choices(const std::string& text, std::s
   return choices;
 }
 
+bool has_table_header(const std::vector<CsvRow>& rows, const ColumnChoices& choices) {
+  return header_row(rows, choices).has_value();
+}
+
 std::optional<TableHeader> find_table_header(const Table& table, const ColumnChoices& choices,
                                              std::vector<Finding>& findings) {
-  constexpr size_t last_row = 50;  // titles and remarks may stand above the header
-  TableHeader header;
-  for (size_t row = 0; row < std::min(last_row, table.rows.size()); ++row) {
-    if (!is_header_row(table.rows[row], choices)) {
-      continue;
-    }
-    header.row = static_cast<int64_t>(row) + 1;
-    for (size_t i = 0; i < table.rows[row].size(); ++i) {
-      const std::string_view cell = strip_blanks(table.rows[row][i]);
-      const auto place = static_cast<int64_t>(i) + 1;
-      if (const auto column = chosen_column(cell, choices)) {
-        add_column(header, *column, place, cell, findings);
-      } else if (!cell.empty()) {
-        header.others.push_back({place, metadata_name_of(cell)});
-      }
-    }
-    return header;
+  const std::optional<size_t> row = header_row(table.rows, choices);
+  if (!row) {
+    findings.push_back({FindingKind::no_header,
+                        {},
+                        "no row names the columns; write a first row such as "
+                        "'item', 'day', 'start', 'end', or name the columns with --columns",
+                        {}});
+    return std::nullopt;
   }
-  findings.push_back({FindingKind::no_header,
-                      {},
-                      "no row names the columns; write a first row such as "
-                      "'item', 'day', 'start', 'end', or name the columns with --columns",
-                      {}});
-  return std::nullopt;
+  TableHeader header;
+  header.row = static_cast<int64_t>(*row) + 1;
+  for (size_t i = 0; i < table.rows[*row].size(); ++i) {
+    const std::string_view cell = strip_blanks(table.rows[*row][i]);
+    const auto place = static_cast<int64_t>(i) + 1;
+    if (const auto column = chosen_column(cell, choices)) {
+      add_column(header, *column, place, cell, findings);
+    } else if (!cell.empty()) {
+      header.others.push_back({place, metadata_name_of(cell)});
+    }
+  }
+  return header;
 }

@@ -34,6 +34,9 @@ struct TableHeader {
   int64_t column_of(TableColumn column) const { return columns.at(static_cast<size_t>(column)); }
 };
 
+/// Whether one of the upper rows is a header.
+bool has_table_header(const std::vector<CsvRow>& rows, const ColumnChoices& choices);
+
 /// The first of the upper rows that names the column of the items and another one. Nothing when
 /// there is none; what is wrong with the header goes into `findings`.
 std::optional<TableHeader> find_table_header(const Table& table, const ColumnChoices& choices,

@@ -20,6 +20,31 @@ bool is_remark(const CsvRow& row) {
   return !row.empty() && strip_blanks(row.front()).starts_with('#');
 }
 
+/// Whether a row of that kind can say what is in that column.
+bool uses_column(RowKind kind, TableColumn column) {
+  switch (column) {
+    case TableColumn::kind:
+      return true;
+    case TableColumn::item:
+      return kind != RowKind::block;
+    case TableColumn::day:
+    case TableColumn::date:
+      return kind != RowKind::global_default && kind != RowKind::type;
+    case TableColumn::block:
+    case TableColumn::start:
+    case TableColumn::end:
+    case TableColumn::duration:
+      return kind == RowKind::item || kind == RowKind::block;
+    case TableColumn::announce:
+      return kind == RowKind::block;
+    case TableColumn::label:
+    case TableColumn::event_id:
+    case TableColumn::item_duration:
+      return kind == RowKind::item;
+  }
+  return true;
+}
+
 /// Goes through the rows below the header.
 class TableReader {
  public:
@@ -61,13 +86,15 @@ class TableReader {
     if (!kind) {
       add(FindingKind::unknown_kind, row, TableColumn::kind,
           "unknown kind " + quoted_cell(cell(row, TableColumn::kind)) +
-              "; a row is an item, block, default, global default or type");
+              "; a row is an item, block, default, global default or type. Give the column "
+              "another header if it says something else");
       return;
     }
     if (!has_subject(row, *kind)) {
       return;
     }
     warn_of_needless_day(row);
+    warn_of_unused_cell(row, *kind);
     switch (*kind) {
       case RowKind::item:
       case RowKind::block:
@@ -114,7 +141,23 @@ class TableReader {
     }
   }
 
+  /// Told once, at the header, and not at each row.
+  bool has_start_column() {
+    const bool has_one = rules_.header.column_of(TableColumn::start) > 0;
+    if (!has_one && !has_told_of_start_) {
+      has_told_of_start_ = true;
+      findings_.push_back({FindingKind::missing,
+                           {rules_.header.row, 1},
+                           "no column is the start; name it with --columns start=HEADER",
+                           {}});
+    }
+    return has_one;
+  }
+
   void read_section(int64_t row, RowKind kind) {
+    if (!has_start_column()) {
+      return;
+    }
     const size_t before = findings_.size();
     check_item_duration(row);
     const std::optional<RowTimes> times = read_row_times(rules_, row, known_days_, findings_);
@@ -189,6 +232,18 @@ class TableReader {
     }
   }
 
+  void warn_of_unused_cell(int64_t row, RowKind kind) {
+    for (const ColumnName& column : column_names()) {
+      const std::string_view text = cell(row, column.column);
+      if (!text.empty() && !uses_column(kind, column.column)) {
+        add(FindingKind::unused_cell, row, column.column,
+            "a row of the kind " + quoted(name_of(kind)) + " has no " + std::string(column.name) +
+                ", so " + quoted_cell(text) + " is not used");
+        return;
+      }
+    }
+  }
+
   void warn_of_cells_without_header(int64_t row, const CsvRow& cells) {
     const CsvRow& names = rules_.table.rows[static_cast<size_t>(rules_.header.row) - 1];
     for (size_t i = 0; i < cells.size(); ++i) {
@@ -210,6 +265,7 @@ class TableReader {
   std::vector<MadeSection> open_;  ///< items without an end
   bool is_full_ = false;
   bool has_warned_of_day_ = false;
+  bool has_told_of_start_ = false;
 };
 
 /// The type that a row names, or that of the options.

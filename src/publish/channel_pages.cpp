@@ -10,7 +10,6 @@
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "publish/station_index.hpp"
-#include "publish/well_formed.hpp"
 #include "schedule/run_options.hpp"
 #include "schedule/watchdog.hpp"
 #include "station/channel_programmes.hpp"
@@ -18,6 +17,7 @@
 #include "station/channel_schedule.hpp"
 #include "station/guards.hpp"
 #include "station/now_and_next.hpp"
+#include "station/well_formed.hpp"
 #include "station/xmltv_guide.hpp"
 #include "writers/formats.hpp"
 

@@ -5,8 +5,8 @@
 
 #include "station/station_config.hpp"
 
-/// Prints on standard error, with their lines, the ids that cannot be names of pages. False when
-/// there is one.
+/// Prints on standard error, with their lines, the ids that cannot be names of pages, and the pages
+/// that would take the place of a schedule or a render-manager file. False when there is one.
 bool print_page_mistakes(const std::string& config_file,
                          const std::vector<StationChannel>& channels);
 

@@ -276,8 +276,7 @@ class PublishRun {
         continue;
       }
       if (site->guide) {
-        rows_.push_back(site->guide->publish(site->guide_error));
-        print_if_bad(station_guide_page, rows_.back());
+        publish_guide(*site);
       }
       publish_index(channels.at(path), *site);
       std::string reason;
@@ -287,6 +286,16 @@ class PublishRun {
         error.append("', the counts for the next run: ").append(reason);
       }
     }
+  }
+
+  void publish_guide(Site& site) {
+    if (const uint64_t unreadable = site.guide->unreadable(); unreadable > 0) {
+      print_line(std::string(station_guide_page) +
+                 ": programmes of the old guide that are not well-formed XML, left out: " +
+                 std::to_string(unreadable));
+    }
+    rows_.push_back(site.guide->publish(site.guide_error));
+    print_if_bad(station_guide_page, rows_.back());
   }
 
   void publish_index(const std::vector<const StationChannel*>& channels, Site& site) {

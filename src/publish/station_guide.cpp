@@ -29,9 +29,10 @@ bool StationGuide::add_old(const StationChannel& channel, bool is_asked) {
   is_lacking_ = is_lacking_ || is_asked;
   channels_.push_back(&channel);
   const time_t from = is_asked ? now_ : std::numeric_limits<time_t>::min();
-  const auto count = old_.copy_ahead(channel.id, from, programmes_.get());
-  count_ += count.value_or(0);
-  return count.has_value();
+  const auto old = old_.copy_ahead(channel.id, from, programmes_.get());
+  count_ += old ? old->copied : 0;
+  unreadable_ += old ? old->unreadable : 0;
+  return old.has_value();
 }
 
 PageRow StationGuide::publish(const std::string& error) {

@@ -29,6 +29,9 @@ class StationGuide {
   /// have it and `is_asked` is false. False, with errno set, when that fails.
   bool add_old(const StationChannel& channel, bool is_asked);
 
+  /// How many programmes of the old guide were left out because they are not well-formed XML.
+  uint64_t unreadable() const { return unreadable_; }
+
   /// Publishes the guide, unless `error` says that it is not whole. The row says what became of it.
   PageRow publish(const std::string& error);
 
@@ -39,5 +42,6 @@ class StationGuide {
   FileDescriptor programmes_;
   std::vector<const StationChannel*> channels_;
   uint64_t count_ = 0;
+  uint64_t unreadable_ = 0;
   bool is_lacking_ = false;  ///< a channel was refused or failed
 };

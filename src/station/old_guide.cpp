@@ -11,6 +11,7 @@
 #include "platform/syntax/text.hpp"
 #include "station/channel_report.hpp"
 #include "station/guards.hpp"
+#include "station/well_formed.hpp"
 #include "writers/xml_escape.hpp"
 
 namespace {
@@ -98,20 +99,27 @@ OldGuide::OldGuide(const std::string& path) : file_(open_regular_file(AT_FDCWD, 
 void OldGuide::index_channels(const std::string& content) {
   for (size_t at = 0; (at = content.find(channel_begin, at)) != std::string::npos;) {
     at += channel_begin.size();
-    const size_t end = content.find("\">\n", at);
-    if (end != std::string::npos) {
+    const size_t end = content.find('"', at);
+    if (end == std::string::npos) {
+      return;
+    }
+    if (std::string_view(content).substr(end).starts_with("\">\n")) {
       channels_.try_emplace(content.substr(at, end - at));
     }
+    at = end;
   }
 }
 
 void OldGuide::index_programmes(const std::string& content) {
   std::string_view rest = content;
-  while (take_until(rest, programme_begin)) {
-    const auto offset =
-        static_cast<uint64_t>(rest.data() - content.data()) - programme_begin.size();
-    const auto element = take_until(rest, programme_end);
-    std::string_view attributes = element.value_or("");
+  while (const auto element = take_until(rest, programme_end)) {
+    // An element that has no end comes before the next one.
+    const size_t begin = element->rfind(programme_begin);
+    if (begin == std::string_view::npos) {
+      continue;
+    }
+    const uint64_t offset = static_cast<uint64_t>(element->data() - content.data()) + begin;
+    std::string_view attributes = element->substr(begin + programme_begin.size());
     const auto start = time_of(take_until(attributes, "\"").value_or(""));
     std::optional<time_t> stop;
     if (attributes.starts_with(" stop=\"")) {
@@ -122,8 +130,7 @@ void OldGuide::index_programmes(const std::string& content) {
     const auto id = take_until(attributes, "\">\n");
     if (start && before_id && before_id->empty() && id) {
       channels_[std::string(*id)].push_back(
-          {*start, stop.value_or(*start), offset,
-           programme_begin.size() + element->size() + programme_end.size()});
+          {*start, stop.value_or(*start), offset, element->size() - begin + programme_end.size()});
     }
   }
 }
@@ -146,24 +153,29 @@ uint64_t OldGuide::count(const std::string& id, time_t begin, time_t end, time_t
   return number;
 }
 
-std::optional<uint64_t> OldGuide::copy_ahead(const std::string& id, time_t now, int to) const {
+std::optional<OldProgrammes> OldGuide::copy_ahead(const std::string& id, time_t now, int to) const {
   const auto channel = channels_.find(escaped_id(id));
-  uint64_t number = 0;
+  OldProgrammes found;
   if (channel == channels_.end()) {
-    return number;
+    return found;
   }
   for (const OldProgramme& programme : channel->second) {
-    if (programme.end > now) {
-      ChannelPart part;
-      part.offset = programme.offset;
-      part.bytes = programme.bytes;
-      if (!copy_part(file_.get(), part, to)) {
-        return std::nullopt;
-      }
-      ++number;
+    if (programme.end <= now) {
+      continue;
     }
+    if (!complaint_about_document("xml", file_.get(), programme.offset, programme.bytes).empty()) {
+      ++found.unreadable;
+      continue;
+    }
+    ChannelPart part;
+    part.offset = programme.offset;
+    part.bytes = programme.bytes;
+    if (!copy_part(file_.get(), part, to)) {
+      return std::nullopt;
+    }
+    ++found.copied;
   }
-  return number;
+  return found;
 }
 
 std::string complaint_about_programmes(const std::vector<Programme>& programmes,

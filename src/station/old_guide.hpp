@@ -11,6 +11,12 @@
 #include "station/channel_programmes.hpp"
 #include "station/station_config.hpp"
 
+/// What became of a channel's programmes.
+struct OldProgrammes {
+  uint64_t copied = 0;
+  uint64_t unreadable = 0;  ///< left out, because no reader could parse a guide with them
+};
+
 /// A guide that was published before. Only guides as these programs write them are understood.
 class OldGuide {
  public:
@@ -31,9 +37,9 @@ class OldGuide {
   /// of the last of them.
   uint64_t count(const std::string& id, time_t begin, time_t end, time_t& last) const;
 
-  /// Appends the channel's programmes that end after `now` to the file. Returns their number, or
-  /// nothing, with errno set, when that fails.
-  std::optional<uint64_t> copy_ahead(const std::string& id, time_t now, int to) const;
+  /// Appends the channel's programmes that end after `now` to the file. Nothing, with errno set,
+  /// when that fails.
+  std::optional<OldProgrammes> copy_ahead(const std::string& id, time_t now, int to) const;
 
  private:
   struct OldProgramme {

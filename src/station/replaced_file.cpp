@@ -6,10 +6,11 @@
 
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+
+#include "station/held_signals.hpp"
 
 namespace {
 
@@ -17,22 +18,6 @@ namespace {
 std::atomic<const char*> draft_at_work = nullptr;
 pid_t owner_of_draft = 0;
 static_assert(std::atomic<const char*>::is_always_lock_free, "a handler of signals reads it");
-
-/// Blocks the signals that end a run, while it lives.
-class SignalsHeldBack {
- public:
-  SignalsHeldBack() {
-    sigset_t all;
-    sigfillset(&all);
-    sigprocmask(SIG_BLOCK, &all, &before_);
-  }
-  SignalsHeldBack(const SignalsHeldBack&) = delete;
-  SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
-  ~SignalsHeldBack() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
-
- private:
-  sigset_t before_{};
-};
 
 /// Whether a new file can replace the one at the path. `old` describes that file; its mode is 0
 /// when there is none.

@@ -51,7 +51,7 @@ Complaint take_formats(StationChannel& channel, std::string_view value) {
     }
     channel.formats.emplace_back(name);
   }
-  return {};
+  return channel.formats.empty() ? "'formats' names no format" : Complaint();
 }
 
 Complaint take_check(StationChannel& channel, std::string_view value) {
@@ -129,11 +129,6 @@ std::string_view without_comment(std::string_view line) {
     }
   }
   return strip_blanks(line);
-}
-
-/// A path of the channel, relative to its folder unless it is absolute.
-std::string in_folder(const StationChannel& channel, const std::string& path) {
-  return path.starts_with('/') ? path : channel.folder + "/" + path;
 }
 
 /// The folder's pattern with the id in it. Nothing when another letter than "i" follows a "%".
@@ -341,13 +336,17 @@ std::optional<std::vector<StationChannel>> read_station_config(const char* progr
   return mistakes.empty() ? std::optional(std::move(channels)) : std::nullopt;
 }
 
+std::string path_in_folder(const StationChannel& channel, const std::string& path) {
+  return path.starts_with('/') ? path : channel.folder + "/" + path;
+}
+
 std::string complaint_about_channel(const StationChannel& channel) {
   struct stat status = {};
   if (stat(channel.folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) {
     return "'" + channel.folder + "' is no folder";
   }
   const std::string& file = channel.schedule.empty() ? channel.rendermgr : channel.schedule;
-  const std::string path = in_folder(channel, file);
+  const std::string path = path_in_folder(channel, file);
   if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
     return "'" + path + "' is no file";
   }

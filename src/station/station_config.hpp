@@ -64,6 +64,10 @@ std::optional<std::vector<StationChannel>> read_station_config(const char* progr
                                                                const std::string& path,
                                                                const char* advice = "");
 
+/// A path as the channel's files name it. It is relative to the channel's folder unless it begins
+/// with a slash.
+std::string path_in_folder(const StationChannel& channel, const std::string& path);
+
 /// What is wrong with the channel's folder, schedule or zone on this machine. Empty if nothing is.
 std::string complaint_about_channel(const StationChannel& channel);
 

@@ -264,7 +264,7 @@ TEST(RowDays, SaysWhatIsWrong) {
   const std::vector<Mistake> mistakes = {
       {"weekly", "", "the row has no day; write the day, or 'daily'"},
       {"weekly", "Mon-", "'mon-' is no range of days"},
-      {"weekly", "Mondey", "'mondey' is not understood"},
+      {"weekly", "Mondey", "'mondey' is not understood; did you mean 'monday'?"},
       {"weekly", "1st Tue",
        "a weekly schedule is the same every week; it has no 1st or last weekday"},
       {"weekly", "5.3.", "a weekly schedule needs weekdays, or dates with their year"},

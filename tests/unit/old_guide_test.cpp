@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -90,6 +91,36 @@ TEST_F(OldGuideFile, LeavesOutWhatIsNotWhole) {
     EXPECT_EQ(ahead(guide_with(programme(times, "a", "x") + later_programme), "a", noon),
               later_programme)
         << times;
+  }
+}
+
+TEST_F(OldGuideFile, LeavesOutWhatNoReaderCouldParse) {
+  const std::string times = "20260101160000 +0000\" stop=\"20260101170000 +0000\"";
+  for (const char* title : {"A & B", "\xe9", "<b>", "\x01"}) {
+    const OldGuide guide = guide_with(now_on + programme(times, "a", title) + later_programme);
+    const FileDescriptor to(memfd_create("guide", MFD_CLOEXEC));
+    const auto found = guide.copy_ahead("a", noon, to.get());
+    ASSERT_TRUE(found) << title;
+    EXPECT_EQ(found->copied, 2U) << title;
+    EXPECT_EQ(found->unreadable, 1U) << title;
+    EXPECT_EQ(ahead(guide, "a", noon), now_on + later_programme) << title;
+  }
+}
+
+TEST_F(OldGuideFile, KeepsWhatFollowsAnElementWithoutEnd) {
+  const std::string cut = now_on.substr(0, now_on.size() - 5);
+  EXPECT_EQ(ahead(guide_with(cut + later_programme + of_another), "a", noon), later_programme);
+}
+
+TEST_F(OldGuideFile, ManyElementsWithoutEndTakeLittleTime) {
+  for (const std::string begin : {"  <channel id=\"", "  <programme start=\"", "  <channel id="}) {
+    std::string content;
+    while (content.size() < 1024UL * 1024) {
+      content += begin;
+    }
+    const clock_t before = clock();
+    EXPECT_FALSE(guide_with(content + "\">\n").has_channel("a")) << begin;
+    EXPECT_LT(clock() - before, 2 * CLOCKS_PER_SEC) << begin;
   }
 }
 

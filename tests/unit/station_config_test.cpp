@@ -67,6 +67,10 @@ TEST(StationConfig, ReadsTheKeysOfPages) {
   EXPECT_EQ(channels[0].web_folder, "/web");
 }
 
+TEST(StationConfig, AChannelHasAPage) {
+  EXPECT_EQ(mistakes_of(one + std::string("formats =  ; none")), "5: 'formats' names no format\n");
+}
+
 TEST(StationConfig, NumbersHaveBounds) {
   for (const std::string value : {"0", "100"}) {
     EXPECT_EQ(mistakes_of(one + ("min-percent = " + value)), "") << value;

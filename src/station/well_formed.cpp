@@ -1,4 +1,4 @@
-#include "publish/well_formed.hpp"
+#include "station/well_formed.hpp"
 
 #include <expat.h>
 
