@@ -4,12 +4,16 @@
 //   FAULT_ERRNO=E     with this errno; 0: a read or write moves one byte instead of failing
 //   FAULT_REPORT=PATH this file is created when the Nth call is made
 //
+// With FAULT_SERVER=SOCKET the process forks a run for each fault that is asked for there instead.
+//
 // The kinds are open (all that makes a descriptor of a file), read (with pread), stat (with
 // access), fadvise, lseek, mmap, malloc (all that takes memory), write, close, fsync, rename,
 // unlink, mkdir, chmod, chdir, fork, waitpid, socketpair, sendmsg, send, recvmsg and setitimer.
 // Allocations fail in programs that link the project's own allocation functions. Calls that the C
 // library makes for itself pass by: those are strace's. All goes by system call from here, as
 // looking the real functions up would take memory.
+
+#include "fault_server.hpp"
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -50,8 +54,17 @@ int fault_errno = 0;
 const char* report_path = nullptr;
 long* calls = nullptr;  // shared with the processes that the program forks
 
-[[gnu::constructor]] void read_environment() {
-  const char* fault = std::getenv("FAULT");
+FaultOfRun wanted_fault() {
+  if (const char* number = std::getenv("FAULT_SERVER")) {
+    const auto socket = static_cast<int>(std::strtol(number, nullptr, 10));
+    unsetenv("FAULT_SERVER");  // what the program starts is no server
+    return serve_runs(socket);
+  }
+  return {std::getenv("FAULT"), std::getenv("FAULT_ERRNO"), std::getenv("FAULT_REPORT")};
+}
+
+[[gnu::constructor]] void plant_fault() {
+  const auto [fault, wanted_errno, report] = wanted_fault();
   const char* number = fault != nullptr ? std::strchr(fault, ':') : nullptr;
   if (number == nullptr) {
     return;
@@ -59,10 +72,9 @@ long* calls = nullptr;  // shared with the processes that the program forks
   char* end = nullptr;
   first_failing = std::strtol(number + 1, &end, 10);
   all_that_follow = *end == '+';
-  const char* wanted_errno = std::getenv("FAULT_ERRNO");
   fault_errno =
       wanted_errno != nullptr ? static_cast<int>(std::strtol(wanted_errno, nullptr, 10)) : EIO;
-  report_path = std::getenv("FAULT_REPORT");
+  report_path = report;
   constexpr int no_file = -1;
   calls = static_cast<long*>(
       // NOLINTNEXTLINE(performance-no-int-to-ptr,bugprone-casting-through-void): a number

@@ -8,6 +8,8 @@ import time
 from collections import Counter
 from pathlib import Path
 
+from fault_server import FaultServer
+
 TIME_LIMIT = 20  # seconds
 MIB = 1024 * 1024
 
@@ -36,6 +38,7 @@ class FaultRuns:
             self.can_fail_malloc = b'__asan_init' not in file.read()
         self.failures = []
         self.runs = Counter()
+        self.server = None
 
     def run(self, command, environment=None, answers=b'', prepare=None):
         """One run, of whose processes none may be left."""
@@ -49,18 +52,36 @@ class FaultRuns:
             os.killpg(process.pid, signal.SIGKILL)
             process.communicate()
             raise
-        if leaves_processes(process.pid):
-            self.failures.append(f'{" ".join(command)}: processes are left behind')
+        self.expect_no_processes(process.pid, command)
         return subprocess.CompletedProcess(command, process.returncode, out, err)
+
+    def expect_no_processes(self, leader, command):
+        if leaves_processes(leader):
+            self.failures.append(f'{" ".join(command)}: processes are left behind')
+
+    def run_with_fault(self, arguments, fault, error, report, answers=b'', prepare=None):
+        """One run in which the preloaded library makes calls fail."""
+        command = [self.program, *arguments]
+        if answers or prepare:  # which a run that is forked cannot have
+            return self.run(command, {'LD_PRELOAD': self.preload, 'FAULT': fault, 'FAULT_ERRNO': str(error),
+                                      'FAULT_REPORT': report}, answers, prepare)
+        if self.server is None or self.server.command != command:
+            self.close_server()
+            self.server = FaultServer(command, self.preload, self.environment)
+        leader, result = self.server.run(fault, error, report, TIME_LIMIT)
+        self.expect_no_processes(leader, command)
+        return result
+
+    def close_server(self):
+        if self.server is not None:
+            self.server.close()
 
     def preloaded(self, arguments, fault, error, judge, **run):
         """One run with a fault, given to judge(what, result); whether the call was reached."""
         report = os.path.join(os.getcwd(), 'report')
         what = f'{fault} errno {error} {" ".join(arguments)}'
         try:
-            result = self.run([self.program, *arguments],
-                              {'LD_PRELOAD': self.preload, 'FAULT': fault,
-                               'FAULT_ERRNO': str(error), 'FAULT_REPORT': report}, **run)
+            result = self.run_with_fault(arguments, fault, error, report, **run)
         except subprocess.TimeoutExpired:
             self.failures.append(f'{what}: did not end')
             return True
@@ -102,6 +123,7 @@ class FaultRuns:
 
     def report(self):
         """Prints what was tried and what went wrong; the exit status."""
+        self.close_server()
         print(', '.join(f'{kind} {count}' for kind, count in sorted(self.runs.items())),
               'runs with a fault')
         print(*self.failures, sep='\n')
