@@ -44,6 +44,7 @@ TEST(MediaTypeDatabase, StepsBackFromABootSectorThatBeginsLikeAnMp3Frame) {
 TEST(MediaTypeDatabase, LeavesTextsToLibmagic) {
   EXPECT_EQ(known_media_type("RIFF, said the drum.\n"), "");
   EXPECT_EQ(libmagic_type("RIFF, said the drum.\n"), "text/plain");
+  EXPECT_EQ(libmagic_type("MZ begins a program, but not here.\n"), "text/plain");
 }
 
 TEST(MediaTypeDatabase, LeavesUnknownBytesToLibmagic) {
