@@ -7,18 +7,21 @@
 #include <string>
 #include <vector>
 
-#include "check/check_failures.hpp"
 #include "check/check_options.hpp"
-#include "check/finding.hpp"
-#include "check/schedule_check.hpp"
+#include "check/explain.hpp"
+#include "checks/finding.hpp"
+#include "checks/schedule_check.hpp"
+#include "platform/system/early_end.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
+#include "schedule/watchdog.hpp"
 
 namespace {
 
 constexpr int something_found = 1;
+constexpr int could_not_check = 2;  // never means findings
 
 int explain_all(const CheckCommand& command, const std::string& moment, const FileFindings& zone) {
   int status = EXIT_SUCCESS;
@@ -54,7 +57,8 @@ bool has_failing_finding(const FileFindings& file, bool strict) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  report_check_failures();
+  set_early_end({"nv8x_schedule_check", could_not_check});
+  end_early_at_alarm(watchdog_seconds);
   prepare_standard_streams();
   limit_memory();
   int status = EXIT_SUCCESS;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/folded_word.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/written_time.hpp"

@@ -10,18 +10,20 @@
 
 #include "import/aired_table.hpp"
 #include "import/export_table.hpp"
-#include "import/import_failures.hpp"
 #include "import/import_options.hpp"
 #include "import/import_table.hpp"
+#include "platform/system/early_end.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
+#include "schedule/watchdog.hpp"
 #include "station/replaced_file.hpp"
 
 namespace {
 
 constexpr int mistakes_found = 1;
+constexpr int could_not_import = 2;
 
 int report_failure(const std::string& what, const std::string& why) {
   std::fprintf(stderr, "nv8x_schedule_import: %s: %s\n", what.c_str(), why.c_str());
@@ -108,7 +110,8 @@ int run(const ImportCommand& command) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  report_import_failures();
+  set_early_end({"nv8x_schedule_import", could_not_import, remove_draft});
+  end_early_at_alarm(watchdog_seconds);
   prepare_standard_streams();
   limit_memory();
   int status = EXIT_SUCCESS;

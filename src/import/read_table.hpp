@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/table.hpp"
 
 /// How the bytes of a table are read.

@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "check/checks.hpp"
-#include "check/line_checks.hpp"
-#include "check/named_files.hpp"
 #include "check/story.hpp"
+#include "checks/checks.hpp"
+#include "checks/line_checks.hpp"
+#include "checks/named_files.hpp"
 #include "schedule/complete_schedule.hpp"
 
 namespace {
