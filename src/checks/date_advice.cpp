@@ -1,16 +1,14 @@
 #include "checks/date_advice.hpp"
 
-#include <array>
 #include <ctime>
 #include <string>
 
 #include "checks/position_text.hpp"
 #include "platform/time/calendar_names.hpp"
+#include "platform/time/civil_date.hpp"
 #include "platform/time/parse_time.hpp"
 
 namespace {
-
-constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
 /// The parts of a written date that a schedule of that type ignores.
 std::string needless_parts(const WrittenDate& date, DayName day_name) {

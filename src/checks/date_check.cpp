@@ -1,4 +1,3 @@
-#include <array>
 #include <optional>
 #include <string>
 
@@ -6,14 +5,13 @@
 #include "checks/time_advice.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/time/calendar_names.hpp"
+#include "platform/time/civil_date.hpp"
 
 namespace {
 
 constexpr uint64_t last_common_day = 28;  // of a month: each has it
 constexpr uint64_t february = 1;
-constexpr uint64_t months = 12;
-constexpr std::array<uint64_t, months> month_lengths = {31, 29, 31, 30, 31, 30,
-                                                        31, 31, 30, 31, 30, 31};
+constexpr uint64_t months = month_lengths.size();
 
 bool is_leap_year(uint64_t year) {
   return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
@@ -33,7 +31,7 @@ std::optional<std::string> advice_on_day(uint64_t day) {
 
 /// What happens to a date that no year has.
 std::optional<std::string> advice_on_no_date(uint64_t position) {
-  const uint64_t day = position / seconds_per_day % days_per_month + 1;
+  const auto day = static_cast<int>(position / seconds_per_day % days_per_month) + 1;
   const uint64_t month = position / seconds_per_month % months;
   if (day <= month_lengths.at(month)) {
     return std::nullopt;
@@ -44,7 +42,7 @@ std::optional<std::string> advice_on_no_date(uint64_t position) {
 
 /// What happens to a February 29. Nothing for other dates.
 std::optional<std::string> advice_on_leap_day(uint64_t position, DayName day_name) {
-  const uint64_t day = position / seconds_per_day % days_per_month + 1;
+  const auto day = static_cast<int>(position / seconds_per_day % days_per_month) + 1;
   if (position / seconds_per_month % months != february || day != month_lengths.at(february)) {
     return std::nullopt;
   }

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int months = 12;
+constexpr int last_month = 12;
 
 /// A date with slashes and without the year at its front: 5/3/2026 or 5/3.
 std::optional<WrittenDate> slash_date(std::string_view text) {
@@ -27,7 +27,7 @@ std::optional<WrittenDate> slash_date(std::string_view text) {
 }
 
 bool is_ambiguous(const WrittenDate& date) {
-  return *date.month <= months && *date.day <= months && *date.month != *date.day;
+  return *date.month <= last_month && *date.day <= last_month && *date.month != *date.day;
 }
 
 /// What the dates of a file say about their order.
@@ -56,7 +56,8 @@ void take_value(DateHabit& habit, const WrittenValue& value) {
   if (!date) {
     return;
   }
-  habit.is_month_first = habit.is_month_first || (*date->month <= months && *date->day > months);
+  habit.is_month_first =
+      habit.is_month_first || (*date->month <= last_month && *date->day > last_month);
   if (is_ambiguous(*date) && habit.first_ambiguous == nullptr) {
     habit.first_ambiguous = &value;
     habit.first_date = *date;

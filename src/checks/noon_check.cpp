@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr uint64_t half_a_day = seconds_per_day / 2;
+constexpr uint64_t noon = seconds_per_day / 2;
 
 /// "12 hours and 25 minutes".
 std::string hours_and_minutes(uint64_t seconds) {
@@ -46,7 +46,7 @@ std::set<uint64_t> ends_of(const WrittenSections& items) {
 /// Whether the item ends in the afternoon of its first day, or later. From noon on, it would last
 /// at most half a day.
 bool lasts_from_noon(const WrittenSection& item, const WrittenSections& items) {
-  if (item.is_broken || as_signed(item.end) <= as_signed(item.start + half_a_day) ||
+  if (item.is_broken || as_signed(item.end) <= as_signed(item.start + noon) ||
       item.end - item.start > seconds_per_day) {
     return false;
   }
