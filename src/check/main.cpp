@@ -54,6 +54,32 @@ bool has_failing_finding(const FileFindings& file, bool strict) {
   });
 }
 
+int check_all(const CheckCommand& command, const FileFindings& zone) {
+  int status = EXIT_SUCCESS;
+  std::vector<FileFindings> found;
+  if (!zone.findings.empty()) {
+    found.push_back(zone);
+  }
+  for (const std::string& file : command.files) {
+    if (!check_schedule_file(file, command.options, found.emplace_back())) {
+      status = could_not_check;
+    }
+  }
+  for (const FileFindings& file : found) {
+    if (has_failing_finding(file, command.strict) && status == EXIT_SUCCESS) {
+      status = something_found;
+    }
+    if (!command.json) {
+      print_output(text_of(file, command.max_findings));
+    }
+  }
+  if (command.json) {
+    print_output(json_of(found));
+  }
+  finish_output();
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -71,29 +97,6 @@ int main(int argc, char** argv) {
   }
   FileFindings zone{.file = "TZ"};
   check_zone(zone);
-  if (command->moment) {
-    return explain_all(*command, *command->moment, zone);
-  }
-  std::vector<FileFindings> found;
-  if (!zone.findings.empty()) {
-    found.push_back(zone);
-  }
-  for (const std::string& file : command->files) {
-    if (!check_schedule_file(file, command->options, found.emplace_back())) {
-      status = could_not_check;
-    }
-  }
-  for (const FileFindings& file : found) {
-    if (has_failing_finding(file, command->strict) && status == EXIT_SUCCESS) {
-      status = something_found;
-    }
-    if (!command->json) {
-      print_output(text_of(file, command->max_findings));
-    }
-  }
-  if (command->json) {
-    print_output(json_of(found));
-  }
-  finish_output();
-  return status;
+  return command->moment ? explain_all(*command, *command->moment, zone)
+                         : check_all(*command, zone);
 }

@@ -17,19 +17,16 @@ namespace {
 EarlyEnd early_end = {"", EXIT_FAILURE};
 std::array<char, 64> limit_message;
 
-/// Allocates no memory. May be called in a signal handler.
-void begin_message() {
+void take_first_step() {
   if (early_end.first_step != nullptr) {
     early_end.first_step();
   }
-  write_fully(STDERR_FILENO, early_end.program);
-  write_fully(STDERR_FILENO, ": ");
 }
 
+/// Prints the line at once, as other processes may print too. Allocates no memory.
 void report_early_end(const char* message) {
-  begin_message();
-  write_fully(STDERR_FILENO, message);
-  write_fully(STDERR_FILENO, "\n");
+  take_first_step();
+  std::fprintf(stderr, "%s: %s\n", early_end.program, message);
 }
 
 [[noreturn]] void end_at_alarm(int /*signal*/) {
@@ -37,7 +34,9 @@ void report_early_end(const char* message) {
   constexpr unsigned time_to_write = 5;  // seconds
   std::signal(SIGALRM, SIG_DFL);
   alarm(time_to_write);
-  begin_message();
+  take_first_step();
+  write_fully(STDERR_FILENO, early_end.program);
+  write_fully(STDERR_FILENO, ": ");
   write_fully(STDERR_FILENO, limit_message.data());
   if (const Activity* activity = current_activity()) {
     for (const char* text : {" while ", activity->doing(), " ", activity->file()}) {
