@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "check/schedule_check.hpp"
+#include "checks/schedule_check.hpp"
 #include "platform/syntax/command_line.hpp"
 
 struct CheckCommand {

@@ -1,13 +1,14 @@
+#include "check/explain.hpp"
+
 #include <charconv>
 #include <ctime>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "check/finding.hpp"
-#include "check/schedule_check.hpp"
-#include "check/schedule_source.hpp"
 #include "check/story.hpp"
+#include "checks/finding.hpp"
+#include "checks/schedule_source.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/activity.hpp"
 #include "platform/system/messages.hpp"

@@ -7,18 +7,21 @@
 #include <string>
 #include <vector>
 
-#include "check/check_failures.hpp"
 #include "check/check_options.hpp"
-#include "check/finding.hpp"
-#include "check/schedule_check.hpp"
+#include "check/explain.hpp"
+#include "checks/finding.hpp"
+#include "checks/schedule_check.hpp"
+#include "platform/system/early_end.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "platform/system/run_limits.hpp"
 #include "platform/time/calendar.hpp"
+#include "schedule/watchdog.hpp"
 
 namespace {
 
 constexpr int something_found = 1;
+constexpr int could_not_check = 2;  // never means findings
 
 int explain_all(const CheckCommand& command, const std::string& moment, const FileFindings& zone) {
   int status = EXIT_SUCCESS;
@@ -51,10 +54,37 @@ bool has_failing_finding(const FileFindings& file, bool strict) {
   });
 }
 
+int check_all(const CheckCommand& command, const FileFindings& zone) {
+  int status = EXIT_SUCCESS;
+  std::vector<FileFindings> found;
+  if (!zone.findings.empty()) {
+    found.push_back(zone);
+  }
+  for (const std::string& file : command.files) {
+    if (!check_schedule_file(file, command.options, found.emplace_back())) {
+      status = could_not_check;
+    }
+  }
+  for (const FileFindings& file : found) {
+    if (has_failing_finding(file, command.strict) && status == EXIT_SUCCESS) {
+      status = something_found;
+    }
+    if (!command.json) {
+      print_output(text_of(file, command.max_findings));
+    }
+  }
+  if (command.json) {
+    print_output(json_of(found));
+  }
+  finish_output();
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  report_check_failures();
+  set_early_end({"nv8x_schedule_check", could_not_check});
+  end_early_at_alarm(watchdog_seconds);
   prepare_standard_streams();
   limit_memory();
   int status = EXIT_SUCCESS;
@@ -67,29 +97,6 @@ int main(int argc, char** argv) {
   }
   FileFindings zone{.file = "TZ"};
   check_zone(zone);
-  if (command->moment) {
-    return explain_all(*command, *command->moment, zone);
-  }
-  std::vector<FileFindings> found;
-  if (!zone.findings.empty()) {
-    found.push_back(zone);
-  }
-  for (const std::string& file : command->files) {
-    if (!check_schedule_file(file, command->options, found.emplace_back())) {
-      status = could_not_check;
-    }
-  }
-  for (const FileFindings& file : found) {
-    if (has_failing_finding(file, command->strict) && status == EXIT_SUCCESS) {
-      status = something_found;
-    }
-    if (!command->json) {
-      print_output(text_of(file, command->max_findings));
-    }
-  }
-  if (command->json) {
-    print_output(json_of(found));
-  }
-  finish_output();
-  return status;
+  return command->moment ? explain_all(*command, *command->moment, zone)
+                         : check_all(*command, zone);
 }

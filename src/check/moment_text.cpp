@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "check/finding.hpp"
 #include "check/story.hpp"
+#include "checks/finding.hpp"
 #include "metadata/item_metadata.hpp"
 #include "platform/system/clock.hpp"
 #include "platform/time/local_text.hpp"

@@ -1,7 +1,7 @@
 #include "check/story.hpp"
 
-#include "check/finding.hpp"
-#include "check/position_text.hpp"
+#include "checks/finding.hpp"
+#include "checks/position_text.hpp"
 
 void Story::add_part(const SchedulePart& part, const PartEffect& effect) {
   const bool is_end = part.kind == PartKind::section_end || part.kind == PartKind::cut_off;

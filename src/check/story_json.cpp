@@ -1,7 +1,7 @@
 #include <string>
 #include <string_view>
 
-#include "check/schedule_check.hpp"
+#include "check/explain.hpp"
 #include "platform/syntax/json_text.hpp"
 #include "platform/syntax/text.hpp"
 

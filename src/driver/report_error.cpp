@@ -5,7 +5,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <string>
 
 #include "platform/syntax/text.hpp"
@@ -29,14 +28,6 @@ void print_error(const char* message) {
   }
 }
 
-/// The C++ library calls this when memory runs out. It must not allocate memory, and it calls no
-/// destructors, because a container may be half changed.
-[[noreturn]] void end_without_memory() {
-  constexpr const char* message = "Out of memory";
-  print_error(message);
-  std::_Exit(EXIT_FAILURE);
-}
-
 }  // namespace
 
 void report_error(const char* message) {
@@ -54,5 +45,4 @@ void report_errorf(const char* format, ...) {
 
 void report_failures() {
   set_failure_reporter(print_error);
-  std::set_new_handler(end_without_memory);
 }

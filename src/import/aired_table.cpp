@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/table_text.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/folded_word.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/syntax/text.hpp"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/folded_word.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/time/calendar_names.hpp"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "check/schedule_check.hpp"
+#include "checks/schedule_check.hpp"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/schedule_text.hpp"
 
 /// What the checker finds in the made schedule, at the rows and columns of the table. With `media`,

@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
+#include "import/day_text.hpp"
 #include "import/folded_word.hpp"
 #include "platform/syntax/text.hpp"
-#include "platform/time/written_time.hpp"
 
 namespace {
-
-bool is_word_byte(char c) {
-  return (c >= 'a' && c <= 'z') || c == '\'' || static_cast<unsigned char>(c) >= 0x80;
-}
 
 bool is_gap_between_words(char c) {
   return std::string_view(" \t,;/+&").find(c) != std::string_view::npos;
@@ -29,8 +25,9 @@ class DayParser {
     while (!rest_.empty()) {
       if (!take_term()) {
         if (problem_.empty()) {
-          problem_ = quoted_cell(rest_) + " is not understood" +
-                     advice_on_day_word(rest_.substr(0, count_word(rest_)));
+          std::string_view rest = rest_;
+          problem_ =
+              quoted_cell(rest_) + " is not understood" + advice_on_day_word(take_day_word(rest));
         }
         return std::nullopt;
       }
@@ -104,28 +101,8 @@ class DayParser {
 
   bool take_days(DayTerm& term) {
     is_ordinal_number_ = false;
-    return take_key_form(term) || take_group(term) || take_ordinal_weekday(term) ||
-           take_written_date(term) || take_number(term) || take_weekday(term);
-  }
-
-  /// "m3d5", "y2026m3d5", "dom5", "day 5", as in schedule files.
-  bool take_key_form(DayTerm& term) {
-    const std::string_view word = rest_.substr(0, count_letters(rest_));
-    const std::string_view behind = rest_.substr(word.size());
-    const bool has_number = !skip_blanks(behind).empty() && is_digit(skip_blanks(behind).front());
-    const bool is_key = is_listed_word(word, "y,m,d,dom,day,tag,jour,dia") && has_number;
-    if (!is_key) {
-      return false;
-    }
-    std::string key(word.size() > 1 ? "d" + std::string(skip_blanks(behind)) : std::string(rest_));
-    TimeText tail = key;
-    const std::optional<WrittenDate> date = take_date(tail);
-    if (!date || !in_range(*date) || !date->day) {
-      return false;
-    }
-    rest_ = rest_.substr(rest_.size() - tail.size());
-    set_date(term, {date->year, date->month, *date->day});
-    return true;
+    return set_date(term, take_key_date(rest_)) || take_group(term) || take_ordinal_weekday(term) ||
+           set_date(term, take_worded_date(rest_)) || take_number(term) || take_weekday(term);
   }
 
   /// "daily", "every day", "am Wochenende". The longest phrase that is known counts.
@@ -149,11 +126,11 @@ class DayParser {
   /// "1st Tue", "1. Dienstag", "last Fri".
   bool take_ordinal_weekday(DayTerm& term) {
     const std::string_view before = rest_;
-    std::optional<int> ordinal = take_ordinal_number();
+    std::optional<int> ordinal = take_ordinal_number(rest_);
     if (!ordinal) {
-      ordinal = find_ordinal_word(take_word());
+      ordinal = find_ordinal_word(take_day_word(rest_));
     }
-    skip_blanks_here();
+    rest_ = skip_blanks(rest_);
     if (ordinal && *ordinal <= 5 && take_weekday(term)) {
       term.ordinal = *ordinal;
       return true;
@@ -162,89 +139,12 @@ class DayParser {
     return false;
   }
 
-  /// "1st", "1er", "1."; no other number.
-  std::optional<int> take_ordinal_number() {
-    const size_t digits = count_digits(rest_);
-    if (digits == 0 || digits > 2) {
-      return std::nullopt;
-    }
-    const int number = number_at_front(rest_.substr(0, digits));
-    std::string_view behind = rest_.substr(digits);
-    const std::string_view ending = behind.substr(0, count_word(behind));
-    if (is_ordinal_ending(ending)) {
-      behind.remove_prefix(ending.size());
-    } else if (!behind.starts_with('.') || (behind.size() > 1 && is_digit(behind[1]))) {
-      return std::nullopt;
-    } else {
-      behind.remove_prefix(1);
-    }
-    rest_ = behind;
-    return number;
-  }
-
-  /// A date whose month is a word: "5 March 2026", "March 5, 2026", "5. März", "05-Mar-26".
-  bool take_written_date(DayTerm& term) {
-    const std::string_view before = rest_;
-    std::optional<int> month = find_month_word(take_word());
-    std::optional<int> day;
-    if (month) {
-      skip_date_gap();
-      day = take_day_number();
-    } else {
-      rest_ = before;
-      day = take_day_number();
-      skip_date_gap();
-      month = find_month_word(take_word());
-      take_sign('.');
-    }
-    if (!month || !day || *day < 1 || *day > 31) {
-      rest_ = before;
-      return false;
-    }
-    set_date(term, {take_year(), month, *day});
-    return true;
-  }
-
-  /// "5", "5th", "5."; nothing when it is a part of a longer number.
-  std::optional<int> take_day_number() {
-    const std::string_view before = rest_;
-    if (const std::optional<int> number = take_ordinal_number()) {
-      return number;
-    }
-    const size_t digits = count_digits(rest_);
-    const std::string text(rest_.substr(0, digits));
-    rest_.remove_prefix(digits);
-    const bool goes_on =
-        rest_.size() > 1 && is_digit(rest_[1]) && rest_.front() != ' ' && rest_.front() != ',';
-    if (digits == 0 || digits > 2 || goes_on) {
-      rest_ = before;
-      return std::nullopt;
-    }
-    return number_at_front(text);
-  }
-
-  /// Behind day and month: "2026", ", 2026", "-26".
-  std::optional<int> take_year() {
-    const std::string_view before = rest_;
-    const bool has_dash = take_sign('-');
-    take_sign(',');
-    skip_date_gap();
-    const size_t digits = count_digits(rest_);
-    const int number = number_at_front(rest_.substr(0, digits));
-    if (digits == 4 || (digits == 2 && has_dash)) {
-      rest_.remove_prefix(digits);
-      return digits == 4 ? number : 2000 + number;
-    }
-    rest_ = before;
-    return std::nullopt;
-  }
-
   /// Dates in figures, and a range without blanks around its dash.
   bool take_number(DayTerm& term) {
     const std::string_view before = rest_;
-    if (const std::optional<int> number = take_ordinal_number()) {
+    if (const std::optional<int> number = take_ordinal_number(rest_)) {
       is_ordinal_number_ = *number <= 5;
-      set_date(term, {std::nullopt, std::nullopt, *number});
+      set_date(term, CellDate{std::nullopt, std::nullopt, *number});
       return *number >= 1 && *number <= 31;
     }
     rest_ = before;
@@ -266,74 +166,46 @@ class DayParser {
       return false;
     }
     rest_.remove_prefix(chunk.size());
-    set_date(term, *date);
-    return true;
+    return set_date(term, date);
   }
 
   bool take_weekday(DayTerm& term) {
     const std::string_view before = rest_;
-    const auto weekday = find_weekday_word(take_word());
+    const auto weekday = find_weekday_word(take_day_word(rest_));
     if (!weekday) {
       rest_ = before;
       return false;
     }
-    take_sign('.');
+    take_day_sign(rest_, '.');
     term.weekdays = 1U << static_cast<unsigned>(*weekday);
     return true;
   }
 
-  static void set_date(DayTerm& term, const CellDate& date) {
-    term.weekdays = 0;
-    term.first = term.last = date;
+  /// False without a date.
+  static bool set_date(DayTerm& term, const std::optional<CellDate>& date) {
+    if (date) {
+      term.weekdays = 0;
+      term.first = term.last = *date;
+    }
+    return date.has_value();
   }
 
   bool take_range_sign() {
     const std::string_view before = rest_;
-    skip_blanks_here();
-    if (take_sign('-') || is_range_word(take_word())) {
-      skip_blanks_here();
+    rest_ = skip_blanks(rest_);
+    if (take_day_sign(rest_, '-') || is_range_word(take_day_word(rest_))) {
+      rest_ = skip_blanks(rest_);
       return true;
     }
     rest_ = before;
     return false;
   }
 
-  std::string_view take_word() {
-    const std::string_view word = rest_.substr(0, count_word(rest_));
-    rest_.remove_prefix(word.size());
-    return word;
-  }
-
-  bool take_sign(char sign) {
-    const bool is_there = rest_.starts_with(sign);
-    rest_.remove_prefix(is_there ? 1 : 0);
-    return is_there;
-  }
-
-  void skip_blanks_here() { rest_ = skip_blanks(rest_); }
-
-  /// Blanks, dashes and words without a meaning inside a date.
-  void skip_date_gap() {
-    while (true) {
-      const std::string_view before = rest_;
-      skip_blanks_here();
-      take_sign('-');
-      take_sign('.');
-      const std::string_view at_word = rest_;
-      if (!is_date_filler(take_word())) {
-        rest_ = at_word;
-      }
-      if (rest_ == before) {
-        return;
-      }
-    }
-  }
-
   void skip_separators() {
     while (true) {
       rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t,;/+&"), rest_.size()));
       const std::string_view before = rest_;
-      const std::string_view word = take_word();
+      const std::string_view word = take_day_word(rest_);
       const bool is_key = !rest_.empty() && is_digit(rest_.front());  // "y2026m3d5"
       if (is_key || (!is_list_word(word) && !is_ignored(before))) {
         rest_ = before;
@@ -344,12 +216,7 @@ class DayParser {
 
   /// "on", "le", "the" before a day.
   static bool is_ignored(std::string_view text) {
-    const std::string_view word = text.substr(0, count_word(text));
-    return is_listed_word(word, "on,am,the,le,el,los,les");
-  }
-
-  static size_t count_word(std::string_view text) {
-    return static_cast<size_t>(std::ranges::find_if_not(text, is_word_byte) - text.begin());
+    return is_listed_word(take_day_word(text), "on,am,the,le,el,los,les");
   }
 
   std::string_view text_;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "platform/syntax/text.hpp"
 #include "platform/syntax/utf_8.hpp"
 

@@ -10,17 +10,20 @@
 
 #include "import/aired_table.hpp"
 #include "import/export_table.hpp"
-#include "import/import_failures.hpp"
 #include "import/import_options.hpp"
 #include "import/import_table.hpp"
+#include "platform/system/early_end.hpp"
 #include "platform/system/messages.hpp"
 #include "platform/system/output.hpp"
 #include "platform/time/calendar.hpp"
+#include "schedule/watchdog.hpp"
+#include "station/early_end.hpp"
 #include "station/replaced_file.hpp"
 
 namespace {
 
 constexpr int mistakes_found = 1;
+constexpr int could_not_import = 2;
 
 int report_failure(const std::string& what, const std::string& why) {
   std::fprintf(stderr, "nv8x_schedule_import: %s: %s\n", what.c_str(), why.c_str());
@@ -108,7 +111,8 @@ int run(const ImportCommand& command) {
 
 int main(int argc, char** argv) {
   prepare_standard_streams();
-  report_import_failures();
+  prepare_for_early_end("nv8x_schedule_import", could_not_import);
+  end_early_at_alarm(watchdog_seconds);
   int status = EXIT_SUCCESS;
   if (!settle_local_zone()) {
     fail_run("Unable to read the time zone: %s", std::strerror(errno));

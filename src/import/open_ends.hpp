@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/made_schedule.hpp"
 #include "import/row_times.hpp"
 

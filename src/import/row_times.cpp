@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "check/time_advice.hpp"
+#include "checks/time_advice.hpp"
 #include "import/folded_word.hpp"
 #include "import/written_position.hpp"
 #include "platform/syntax/text.hpp"

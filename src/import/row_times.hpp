@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/cell_clock.hpp"
 #include "import/row_days.hpp"
 #include "import/table.hpp"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/table.hpp"
 #include "import/table_header.hpp"
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/column_names.hpp"
 #include "import/table.hpp"
 

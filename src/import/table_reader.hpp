@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "check/finding.hpp"
+#include "checks/finding.hpp"
 #include "import/made_schedule.hpp"
 #include "import/row_times.hpp"
 

@@ -56,7 +56,12 @@ class PublishRun {
  public:
   PublishRun(const PublishCommand& command, const std::vector<StationChannel>& all,
              const std::vector<const StationChannel*>& asked, time_t now)
-      : command_(command), all_(all), asked_(asked), now_(now), progress_(asked.size()) {
+      : command_(command),
+        all_(all),
+        asked_(asked),
+        asked_set_(asked.begin(), asked.end()),
+        now_(now),
+        progress_(asked.size()) {
     for (const StationChannel& channel : all) {
       std::string& path = real_paths_[channel.web_folder];
       path = path.empty() ? real_path(channel.web_folder) : path;
@@ -92,11 +97,12 @@ class PublishRun {
   }
 
   void open_sites() {
-    std::set<std::string> paths;  // in one order, so that two runs do not wait for each other
+    // In one order, so that two runs do not wait for each other.
+    std::map<std::string, std::vector<const StationChannel*>> channels;  // by web folder
     for (const StationChannel* channel : asked_) {
-      paths.insert(real_path_of(*channel));
+      channels[real_path_of(*channel)].push_back(channel);
     }
-    for (const std::string& path : paths) {
+    for (const auto& [path, channels_of_site] : channels) {
       Site& site =
           *sites_.emplace(path, std::make_unique<Site>(path, command_.dry_run)).first->second;
       if (!site.folder.error().empty()) {
@@ -105,20 +111,18 @@ class PublishRun {
       if (site.folder.had_damaged_state()) {
         print_line("'" + path + "/" + state_file + "' is damaged; it is made anew");
       }
-      prepare_site(path, site);
+      prepare_site(site, channels_of_site);
     }
   }
 
-  void prepare_site(const std::string& path, Site& site) {
+  void prepare_site(Site& site, const std::vector<const StationChannel*>& channels) {
     std::set<std::string> pages = {station_guide_page, station_index_page, state_file};
     bool has_guide = false;
-    for (const StationChannel* channel : asked_) {
-      if (real_path_of(*channel) == path) {
-        for (const std::string& format : channel->formats) {
-          pages.insert(page_name(channel->id, format));
-        }
-        has_guide = has_guide || has_format(*channel, xmltv_format);
+    for (const StationChannel* channel : channels) {
+      for (const std::string& format : channel->formats) {
+        pages.insert(page_name(channel->id, format));
       }
+      has_guide = has_guide || has_format(*channel, xmltv_format);
     }
     if (!command_.dry_run) {
       site.folder.remove_old_drafts(pages);
@@ -255,8 +259,7 @@ class PublishRun {
     for (; next_ < all_.size() && &all_[next_] != channel; ++next_) {
       const StationChannel& other = all_[next_];
       const auto site = sites_.find(real_path_of(other));
-      const bool is_asked = std::ranges::find(asked_, &other) != asked_.end();
-      if (!is_asked && site != sites_.end() && site->second->guide &&
+      if (!asked_set_.contains(&other) && site != sites_.end() && site->second->guide &&
           has_format(other, xmltv_format) && !site->second->guide->add_old(other, false)) {
         site->second->guide_error = std::strerror(errno);
       }
@@ -306,6 +309,7 @@ class PublishRun {
   const PublishCommand& command_;
   const std::vector<StationChannel>& all_;
   const std::vector<const StationChannel*>& asked_;
+  const std::set<const StationChannel*> asked_set_;
   time_t now_;
   Progress progress_;
   std::map<std::string, std::string> real_paths_;       ///< of web folders as configured

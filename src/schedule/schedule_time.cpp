@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "platform/time/civil_date.hpp"
 
@@ -98,11 +99,11 @@ time_t UnitClock::time_of(uint64_t schedule_seconds) {
   if (week_number >= weeks_.size()) {
     weeks_.resize(week_number + 1);
   }
-  Days& week = weeks_[week_number];
-  if (week.stretches.empty()) {
+  std::optional<Days>& week = weeks_[week_number];
+  if (!week) {
     week = look_at_days(week_number * days_per_week, days_per_week);
   }
-  return time_in(week, schedule_seconds);
+  return time_in(*week, schedule_seconds);
 }
 
 uint64_t UnitClock::schedule_seconds_of(time_t t) {
@@ -111,15 +112,13 @@ uint64_t UnitClock::schedule_seconds_of(time_t t) {
 }
 
 UnitClock::Days UnitClock::look_at_days(uint64_t first, uint64_t count) const {
-  Days days;
-  days.first = first;
+  std::vector<int64_t> civil;
   for (uint64_t day_number = first; day_number < first + count; ++day_number) {
-    days.civil.push_back(advance(base_, day_number));
+    civil.push_back(advance(base_, day_number));
   }
   // Days past the end of a short month are those of the next month, so later days may come first.
-  const auto [earliest, latest] = std::ranges::minmax(days.civil);
-  days.stretches = stretches_around(earliest, latest + int64_t{seconds_per_day} - 1);
-  return days;
+  const auto [earliest, latest] = std::ranges::minmax(civil);
+  return {first, std::move(civil), stretches_around(earliest, latest + int64_t{seconds_per_day})};
 }
 
 time_t UnitClock::time_in(const Days& days, uint64_t schedule_seconds) const {

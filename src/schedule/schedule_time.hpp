@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <ctime>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -57,9 +58,9 @@ class UnitClock {
  private:
   /// Days of the padded calendar that follow each other. Their clock changes are looked up at once.
   struct Days {
-    uint64_t first = 0;                   ///< number of the first one
+    uint64_t first;                       ///< number of the first one
     std::vector<int64_t> civil;           ///< civil seconds of each one's beginning
-    std::vector<LocalStretch> stretches;  ///< that may contain their seconds; empty: not known yet
+    std::vector<LocalStretch> stretches;  ///< that may contain their seconds
   };
 
   Days look_at_days(uint64_t first, uint64_t count) const;
@@ -69,7 +70,7 @@ class UnitClock {
   Beginning beginning_;
   std::tm base_{};  ///< local time of position 0
   LocalClock local_;
-  std::vector<Days> weeks_;
+  std::vector<std::optional<Days>> weeks_;  ///< nothing: not looked at yet
 };
 
 // For users of the library. No program calls what stands below.

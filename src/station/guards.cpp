@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-#include "check/schedule_check.hpp"
+#include "checks/schedule_check.hpp"
 #include "metadata/item_metadata.hpp"
 #include "metadata/place_schedule.hpp"
 #include "platform/system/file.hpp"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "check/schedule_check.hpp"
+#include "checks/schedule_check.hpp"
 #include "fuzz/fuzz_target.hpp"
 #include "fuzz/scratch_folder.hpp"
 

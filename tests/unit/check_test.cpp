@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "check/checks.hpp"
-#include "check/line_checks.hpp"
-#include "check/named_files.hpp"
 #include "check/story.hpp"
+#include "checks/checks.hpp"
+#include "checks/line_checks.hpp"
+#include "checks/named_files.hpp"
 #include "schedule/complete_schedule.hpp"
 
 namespace {
@@ -186,6 +186,10 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
   const std::string finding =
       "4:9 bare-number: '9.30' is read as seconds from the beginning of the unit; write '09:30'\n";
   EXPECT_EQ(schedule("9.30", "10:00"), finding);
+  EXPECT_EQ(schedule("18:00", "180"), "");
+  EXPECT_EQ(schedule("18:00", "18"),
+            "5:7 bare-number: '18' is read as 18 seconds from the beginning of the unit; write "
+            "'18:00'\n");
   EXPECT_EQ(schedule("0", "3605.20"), "");
   EXPECT_EQ(schedule("9.30", "3605.20"), "");
   EXPECT_EQ(schedule("1800", "3600"), "");

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <sstream>
+#include <string>
+
+#include "support/zone.hpp"
 
 namespace {
 
@@ -56,6 +60,29 @@ TEST(LocalStretches, TheDaylightSavingStateComesBeforeTheOffset) {
   EXPECT_EQ(time_of_civil(summer, 1000 * hour, 1, -hour), 999 * hour);
   EXPECT_EQ(time_of_civil(summer, 1000 * hour, 0, hour), 1001 * hour);
   EXPECT_EQ(time_of_civil(summer, 500 * hour, 0, -hour), 499 * hour);
+}
+
+/// "FIRST-LAST@AHEAD " of each stretch.
+std::string stretches_in(const char* zone_name, time_t first, time_t last) {
+  const Zone zone(zone_name);
+  std::ostringstream text;
+  for (const LocalStretch& stretch : local_stretches(first, last)) {
+    text << stretch.first << '-' << stretch.last << '@' << stretch.ahead << ' ';
+  }
+  return text.str();
+}
+
+TEST(LocalStretches, TheLastEndsWithTheSpan) {
+  EXPECT_EQ(stretches_in("UTC", 1000, 1000 + 30 * hour), "1000-109000@0 ");
+  EXPECT_EQ(stretches_in("Europe/Berlin", 1711846799, 1711846801),
+            "1711846799-1711846799@3600 1711846800-1711846801@7200 ");
+}
+
+TEST(LocalStretches, TenMinutesBetweenTwoWrittenChangesAreFound) {
+  // On Sunday, 10 March 2024, from 02:00 to 02:10 in UTC.
+  constexpr time_t change = 1710036000;
+  EXPECT_EQ(stretches_in("AAA0BBB,M3.2.0/2,M3.2.0/3:10", change - 1, change + hour),
+            "1710035999-1710035999@0 1710036000-1710036599@3600 1710036600-1710039600@0 ");
 }
 
 TEST(LocalStretches, CivilSecondsCarryMonthsAndDays) {

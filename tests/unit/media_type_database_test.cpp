@@ -44,6 +44,7 @@ TEST(MediaTypeDatabase, StepsBackFromABootSectorThatBeginsLikeAnMp3Frame) {
 TEST(MediaTypeDatabase, LeavesTextsToLibmagic) {
   EXPECT_EQ(known_media_type("RIFF, said the drum.\n"), "");
   EXPECT_EQ(libmagic_type("RIFF, said the drum.\n"), "text/plain");
+  EXPECT_EQ(libmagic_type("<?xml version=\"1.0\"?>\n<a/>\n"), "text/xml");
 }
 
 TEST(MediaTypeDatabase, LeavesUnknownBytesToLibmagic) {

@@ -83,6 +83,15 @@ TEST(ScheduleTime, FarTooManySecondsAreNoTime) {
   EXPECT_EQ(schedule_seconds_to_time(*schedule, no_time), -1);
 }
 
+TEST(ScheduleTime, PositionsHaveATimeUpToTheLargestMonth) {
+  const Zone utc("UTC");
+  const auto schedule = schedule_around("endless", 0);
+  // 1,073,741,823 months after January 2020 is April 89480505. Day 31 of it is 1 May.
+  constexpr uint64_t last_day = (uint64_t{1073741823} * 31 + 30) * seconds_per_day;
+  EXPECT_EQ(schedule_seconds_to_time(*schedule, last_day), 2823669844416000);
+  EXPECT_EQ(schedule_seconds_to_time(*schedule, last_day + seconds_per_day), -1);
+}
+
 TEST(ScheduleTime, EachTypeKeepsItsPartOfALocalTime) {
   const Zone utc("UTC");
   constexpr time_t t = 1709602205;  // Tuesday 2024-03-05 01:30:05

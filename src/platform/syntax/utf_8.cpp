@@ -42,7 +42,7 @@ std::optional<uint32_t> take_long_utf_8(std::string_view& text) {
     }
     c = c << 6U | (byte(i) & 0x3fU);
   }
-  constexpr std::array<uint32_t, 5> least = {0, 0, 0x80, 0x800, 0x10000};
+  constexpr std::array least = {0U, 0U, 0x80U, 0x800U, 0x10000U};  // by length
   if (c < least.at(length) || c > 0x10ffff || (c >= 0xd800 && c < 0xe000)) {
     return std::nullopt;
   }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -26,6 +27,13 @@ void print_and_record(const std::string& text) {
   }
 }
 int status_of_failure = EXIT_FAILURE;
+
+/// The C++ library calls this when memory runs out. It must not allocate memory, and it calls no
+/// destructors, because a container may be half changed.
+[[noreturn]] void end_without_memory() {
+  report("Out of memory");
+  std::_Exit(status_of_failure);
+}
 
 }  // namespace
 
@@ -77,6 +85,7 @@ DiagnosticsRecord::~DiagnosticsRecord() {
 void set_failure_reporter(FailureReporter reporter, int status) {
   report = reporter;
   status_of_failure = status;
+  std::set_new_handler(end_without_memory);
 }
 
 int failure_status() {

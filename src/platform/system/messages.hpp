@@ -43,10 +43,12 @@ class DiagnosticsRecord {
   bool was_printing_;
 };
 
-/// Prints the message of a failure. It does not have to return.
+/// Prints the message of a failure. It does not have to return. It must not allocate memory if it
+/// is to report that memory ran out.
 using FailureReporter = void (*)(const char* message);
 
-/// Sets the function that reports failures, and the exit status of a run that ends by one.
+/// Sets the function that reports failures, and the exit status of a run that ends by one. From
+/// then on, a lack of memory is such a failure too.
 void set_failure_reporter(FailureReporter reporter, int status = 1);
 int failure_status();
 

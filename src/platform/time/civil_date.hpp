@@ -1,6 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+
+/// The number of days of each month in a leap year.
+inline constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30,
+                                                      31, 31, 30, 31, 30, 31};
 
 /// Days from 1970-01-01 to a date of the proleptic Gregorian calendar (ISO 8601). `month` is 1 to
 /// 12. `day` may be past the end of the month; it then counts into the next month.

@@ -1,5 +1,6 @@
 #include "platform/time/local_stretches.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -93,7 +94,7 @@ std::vector<LocalStretch> local_stretches(time_t first, time_t last) {
                          moment->zone};
     const auto holds = [&](time_t later) { return belongs_to(stretch, look_at(later)); };
     while (stretch.last < last) {
-      const time_t next = last - stretch.last > step ? stretch.last + step : last;
+      const time_t next = std::min(stretch.last + step, last);
       if (!holds(next)) {
         stretch.last = last_that_holds(stretch.last, next, holds);
         break;

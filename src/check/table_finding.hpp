@@ -1,8 +1,0 @@
-#pragma once
-
-#include <span>
-
-#include "check/finding.hpp"
-
-/// The findings of tables, which no schedule file gives, in the order of FindingKind.
-std::span<const FindingInfo> table_finding_infos();
