@@ -1,8 +1,8 @@
-#include <array>
 #include <optional>
 #include <string>
 
 #include "check/checks.hpp"
+#include "check/position_text.hpp"
 #include "check/time_advice.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/time/calendar_names.hpp"
@@ -12,8 +12,6 @@ namespace {
 constexpr uint64_t last_common_day = 28;  // of a month: each has it
 constexpr uint64_t february = 1;
 constexpr uint64_t months = 12;
-constexpr std::array<uint64_t, months> month_lengths = {31, 29, 31, 30, 31, 30,
-                                                        31, 31, 30, 31, 30, 31};
 
 bool is_leap_year(uint64_t year) {
   return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);

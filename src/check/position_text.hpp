@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -7,6 +8,10 @@
 #include "platform/syntax/schedule_types.hpp"
 
 // How findings name days, positions and schedules.
+
+/// The days of each month, January first, in a leap year.
+inline constexpr std::array<uint64_t, 12> month_lengths = {31, 29, 31, 30, 31, 30,
+                                                           31, 31, 30, 31, 30, 31};
 
 /// "Tue"; 0 is Sunday.
 std::string short_weekday(int weekday);

@@ -1,6 +1,5 @@
 #include "check/span_advice.hpp"
 
-#include <array>
 #include <ctime>
 
 #include "check/line_fix.hpp"
@@ -126,7 +125,6 @@ MeantEnd meant_end(const WrittenSection& section, const ScheduleType& type) {
 /// Whether the position is on one of the days that a month lacks, such as 31 April. Only an endless
 /// schedule says which years have a 29 February.
 bool is_after_month(uint64_t position, const ScheduleType& type) {
-  constexpr std::array<uint64_t, 12> lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (type.day_name != DayName::day_of_year && type.day_name != DayName::date) {
     return false;
   }
@@ -134,7 +132,7 @@ bool is_after_month(uint64_t position, const ScheduleType& type) {
   const uint64_t day = position / seconds_per_day % days_per_month + 1;
   const uint64_t year = first_schedule_year + position / seconds_per_year;
   const bool is_short = type.day_name == DayName::date && month == 1 && year % 4 != 0;
-  return day > lengths.at(month) - (is_short ? 1 : 0);
+  return day > month_lengths.at(month) - (is_short ? 1 : 0);
 }
 
 }  // namespace

@@ -21,8 +21,6 @@
 
 namespace {
 
-constexpr std::array<int, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-
 /// Whether a clock follows the date, as in the usual form of a time.
 bool is_date_and_clock(const WrittenDate& date, TimeText rest) {
   return in_range(date) && take_separators(rest) && read_clock(rest);
@@ -298,12 +296,13 @@ std::optional<TimeAdvice> advise_on_date(const WrittenDate& date, std::string_vi
   }
   if (date.month && date.day && in_range(date)) {
     const auto month = static_cast<size_t>(*date.month) - 1;
-    if (*date.day > month_lengths.at(month)) {
+    const auto last_day = static_cast<int>(month_lengths.at(month));
+    if (*date.day > last_day) {
       return TimeAdvice{FindingKind::no_such_date, 0,
                         std::string(month_names.at(month)) + " has no day " +
                             std::to_string(*date.day) + "; it airs on " +
                             std::string(month_names.at((month + 1) % 12)) + " " +
-                            std::to_string(*date.day - month_lengths.at(month)) +
+                            std::to_string(*date.day - last_day) +
                             (month == 1 ? ", or a day later where February has no 29th" : "")};
     }
   }
