@@ -26,6 +26,7 @@ TEST(CellClock, ReadsWhatPeopleWrite) {
       {"18:00", 18 * hour},
       {"6:05:30", 6 * hour + 5 * minute + 30},
       {"6:05:30.5", 6 * hour + 5 * minute + 31},
+      {"6:05:30.499999", 6 * hour + 5 * minute + 30},
       {"24:00", 24 * hour},
       {"18.00", 18 * hour},
       {"9.30", 9 * hour + 30 * minute},
@@ -62,6 +63,10 @@ TEST(CellClock, ReadsWhatPeopleWrite) {
       {"h", std::nullopt},
       {"-1", std::nullopt},
       {"1e5", std::nullopt},
+      {"00.5", std::nullopt},
+      {"18.3", std::nullopt},
+      {"12345", std::nullopt},
+      {"0.5.5", std::nullopt},
   };
   for (const ClockForm& form : forms) {
     std::string problem;
@@ -80,6 +85,8 @@ TEST(CellClock, AsksWhatCouldBeTwo) {
   EXPECT_EQ(problem,
             "'0.30' could be a clock or a fraction of a day; write '00:30' if it is the clock");
   EXPECT_EQ(read_cell_clock("0.75", with_points, problem), 18 * hour);
+  EXPECT_EQ(read_cell_clock("0,30", with_points, problem), 7 * hour + 12 * minute);
+  EXPECT_EQ(read_cell_clock("0.30", {true, true}, problem), 7 * hour + 12 * minute);
 }
 
 TEST(CellClock, ReadsTheNumbersOfSpreadsheets) {
@@ -92,6 +99,8 @@ TEST(CellClock, ReadsTheNumbersOfSpreadsheets) {
   EXPECT_EQ(read_cell_clock("18:00", raw, problem), 18 * hour);
   EXPECT_EQ(read_cell_clock("18.3", raw, problem), std::nullopt);
   EXPECT_EQ(problem, "'18.3' is a number and not a time of the spreadsheet; write it with a colon");
+  EXPECT_EQ(read_cell_clock("01.5", raw, problem), std::nullopt);
+  EXPECT_EQ(problem, "'01.5' is a number and not a time of the spreadsheet; write it with a colon");
 }
 
 struct LengthForm {
@@ -117,6 +126,11 @@ TEST(CellDuration, ReadsWhatPeopleWrite) {
       {"20 Minuten", 0, 1200.0},
       {"2 Stunden", 0, 7200.0},
       {"3600 s", 0, 3600.0},
+      {"2 days", 0, 172800.0},
+      {"1 d 2", 0, 93600.0},
+      {"1000:00", 0, 3600000.0},
+      {"10000:00", 0, std::nullopt},
+      {"1:30 pm", 0, std::nullopt},
       {"0.0625", 0, 5400.0},
       {"90", 60, 5400.0},
       {"90.5", 1, 90.5},
@@ -135,6 +149,8 @@ TEST(CellDuration, ReadsWhatPeopleWrite) {
   std::string problem;
   EXPECT_EQ(read_cell_duration("90", 0, {}, problem), std::nullopt);
   EXPECT_EQ(problem, "'90' has no unit; write '90 min' or '90 s'");
+  EXPECT_EQ(read_cell_duration("1", 0, {}, problem), std::nullopt);
+  EXPECT_EQ(problem, "'1' has no unit; write '1 min' or '1 s'");
 }
 
 struct DayForm {
@@ -187,6 +203,12 @@ TEST(RowDays, OfTheWeek) {
                             {"2026-03-05", {4}},
                             {"Thu 2026-03-05", {4}},
                             {"2026-03-05 - 2026-03-07", {4, 5, 6}},
+                            {"am Montag", {1}},
+                            {"le mardi", {2}},
+                            {"1900-01-01", {1}},
+                            {"9999-12-31", {5}},
+                            {"36526", {6}},
+                            {"73415", {5}},
                         });
 }
 
@@ -203,6 +225,12 @@ TEST(RowDays, OfTheMonth) {
                              {"1st and 3rd Tue", {2, 16}},
                              {"1. Dienstag", {2}},
                              {"last Fri", {26}},
+                             {"last Tue", {30}},
+                             {"5th Sun", {28}},
+                             {"1st Sat", {6}},
+                             {"1st, 2nd and 3rd Tue", {2, 9, 16}},
+                             {"3, 1st and 3rd Tue", {2}},
+                             {"31", {30}},
                              {"weekends", {0, 6, 7, 13, 14, 20, 21, 27, 28}},
                              {"2026-04-07", {6}},
                          });
@@ -228,6 +256,18 @@ TEST(RowDays, OfTheYear) {
                             {"30 Dec - 2 Jan", {0, 1, 11 * month + 29, 11 * month + 30}},
                             {"5 to 7 March", {2 * month + 4, 2 * month + 5, 2 * month + 6}},
                             {"Feb 30", {month + 29}},
+                            {"March 5,2026", {2 * month + 4}},
+                            {"20260305", {2 * month + 4}},
+                            {"5.3", {2 * month + 4}},
+                            {"1 March", {2 * month}},
+                            {"31 March", {2 * month + 30}},
+                            {"31.12.2026", {11 * month + 30}},
+                            {"5-7 March", {2 * month + 4, 2 * month + 5, 2 * month + 6}},
+                            {"46023", {0}},
+                            {"46112", {2 * month + 30}},
+                            {"46113", {3 * month}},
+                            {"46387", {11 * month + 30}},
+                            {"46388", {0}},
                         });
 }
 
@@ -269,7 +309,25 @@ TEST(RowDays, SaysWhatIsWrong) {
        "a weekly schedule is the same every week; it has no 1st or last weekday"},
       {"weekly", "5.3.", "a weekly schedule needs weekdays, or dates with their year"},
       {"weekly", "2026-03-07 - 2026-03-05", "the range of dates ends before it begins"},
+      {"weekly", "1899-12-31", "'1899-12-31' is not understood"},
+      {"weekly", "36525", "'36525' is not understood"},
+      {"weekly", "73416", "'73416' is not understood"},
+      {"weekly", "5 Mar 2026 - 7 Mar",
+       "a weekly schedule needs weekdays, or dates with their year"},
+      {"monthly", "Mon - 1st Fri", "'mon - 1st fri' is no range of days"},
+      {"monthly", "6th Sun", "no day is both one of these dates and one of these weekdays"},
+      {"monthly", "0", "'0' is not understood"},
       {"monthly", "32", "'32' is not understood"},
+      {"yearly", "Mon - Mar 5", "'mon - mar 5' is no range of days"},
+      {"yearly", "m13d5", "'m13d5' is not understood"},
+      {"yearly", "m3", "'m3' is not understood"},
+      {"yearly", "0 March", "'0 march' is not understood"},
+      {"yearly", "32 March", "'32 march' is not understood"},
+      {"yearly", "0.3.2026", "'0.3.2026' is not understood"},
+      {"yearly", "32.3.2026", "'32.3.2026' is not understood"},
+      {"yearly", "5.0.2026", "'5.0.2026' is not understood"},
+      {"yearly", "5.13.2026", "'5.13.2026' is not understood"},
+      {"yearly", "2026035", "'2026035' is not understood"},
       {"monthly", "Tue 2026-03-05", "no day is both one of these dates and one of these weekdays"},
       {"yearly", "5", "the day has no month"},
       {"yearly", "2026-13-05", "'2026-13-05' is not understood"},
