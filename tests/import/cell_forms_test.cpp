@@ -342,6 +342,25 @@ TEST(RowDays, SaysWhatIsWrong) {
   }
 }
 
+TEST(FoldedLetters, AreThoseWithoutAccents) {
+  EXPECT_EQ(folded_letters("ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞß"),
+            "aaaaaaaceeeeiiiiÐnooooo×ouuuuyÞss");
+  EXPECT_EQ(folded_letters("àáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ"), "aaaaaaaceeeeiiiiðnooooo÷ouuuuyþÿ");
+  EXPECT_EQ(folded_letters("A\nZ\r¿"), "a z ¿");
+  EXPECT_EQ(folded_letters("a\u00a0b\u202fc\u2009d\u2008e"), "a b c d\u2008e");
+  EXPECT_EQ(folded_letters("\u200f\u2010\u2015\u2016"), "\u200f--\u2016");
+  EXPECT_EQ(folded_letters("\xe9"), "\xe9");
+}
+
+TEST(QuotedCell, IsCutBetweenCharacters) {
+  const std::string most(80, 'x');
+  const std::string less(79, 'x');
+  EXPECT_EQ(quoted_cell(most), "'" + most + "'");
+  EXPECT_EQ(quoted_cell(most + "y"), "'" + most + "...'");
+  EXPECT_EQ(quoted_cell(less + "éy"), "'" + less + "...'");
+  EXPECT_EQ(quoted_cell(most + "é"), "'" + most + "...'");
+}
+
 TEST(ColumnNames, InFourLanguages) {
   struct Header {
     const char* text;
