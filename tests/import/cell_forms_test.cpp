@@ -89,6 +89,15 @@ TEST(CellClock, AsksWhatCouldBeTwo) {
   EXPECT_EQ(read_cell_clock("0.30", {true, true}, problem), 7 * hour + 12 * minute);
 }
 
+TEST(CellClock, KnowsAClockWithAPoint) {
+  for (const char* text : {"18.30", " 9.05 ", "24.00"}) {
+    EXPECT_TRUE(is_point_clock(text)) << text;
+  }
+  for (const char* text : {"0.30", "18:30", "18.3", "25.00", "18.30 pm", "1830", "18.305", ""}) {
+    EXPECT_FALSE(is_point_clock(text)) << text;
+  }
+}
+
 TEST(CellClock, ReadsTheNumbersOfSpreadsheets) {
   const NumberForm raw{true, false};
   std::string problem;
@@ -405,6 +414,18 @@ TEST(ListedWords, AreWholeWords) {
        {"", "mo", "onday", "day", "days", "all", "mon,all", ",mon", "mon,", ","}) {
     EXPECT_FALSE(is_listed_word(word, words)) << word;
   }
+}
+
+TEST(ColumnNames, MayNameAUnit) {
+  const auto seconds = [](const char* header) {
+    return number_unit_of(folded_word(header)).seconds;
+  };
+  EXPECT_EQ(seconds("Duration (min)"), 60);
+  EXPECT_EQ(seconds("Dauer in Minuten"), 60);
+  EXPECT_EQ(seconds("Item duration [s]"), 1);
+  EXPECT_EQ(seconds("Length (h)"), 3600);
+  EXPECT_EQ(seconds("Length"), 0);
+  EXPECT_EQ(seconds("min"), 0);
 }
 
 TEST(ColumnNames, EachWordNamesOneColumn) {

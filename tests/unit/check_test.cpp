@@ -7,12 +7,7 @@
 #include "check/checks.hpp"
 #include "check/line_checks.hpp"
 #include "check/named_files.hpp"
-#include "check/odd_characters.hpp"
-#include "check/position_text.hpp"
-#include "check/span_advice.hpp"
 #include "check/story.hpp"
-#include "check/time_advice.hpp"
-#include "platform/syntax/utf_8.hpp"
 #include "schedule/complete_schedule.hpp"
 
 namespace {
@@ -263,96 +258,6 @@ TEST(Story, KeepsWhereEachItemComesFrom) {
             (std::vector<std::string>{"line 8: another item starts at the same time, at line 13",
                                       "line 13: ends before it starts and is dropped"}));
   EXPECT_EQ(story.lost_at(3599), std::vector<std::string>{});
-}
-
-TEST(TimeAdvice, KnowsTheLastDayOfEachMonth) {
-  const ScheduleType& type = *find_schedule_type("yearly");
-  const auto says = [&](const std::string& text) {
-    const std::vector<TimeAdvice> advice = advise_on_time(text, type);
-    return advice.empty() ? "" : advice.front().text;
-  };
-  for (const std::string month : {"Jan", "Mar", "May", "Jul", "Aug", "Oct", "Dec"}) {
-    EXPECT_EQ(says(month + " 31 1:00"), "");
-  }
-  const std::vector<std::string> short_months = {"April",     "May",     "June",     "July",
-                                                 "September", "October", "November", "December"};
-  for (size_t i = 0; i < short_months.size(); i += 2) {
-    EXPECT_EQ(says(short_months[i] + " 30 1:00"), "");
-    EXPECT_EQ(says(short_months[i] + " 31 1:00"),
-              short_months[i] + " has no day 31; it airs on " + short_months[i + 1] + " 1");
-  }
-  EXPECT_EQ(says("Feb 29 1:00"), "");
-  EXPECT_EQ(
-      says("Feb 30 1:00"),
-      "February has no day 30; it airs on March 1, or a day later where February has no 29th");
-  EXPECT_EQ(
-      says("Feb 31 1:00"),
-      "February has no day 31; it airs on March 2, or a day later where February has no 29th");
-}
-
-TEST(SpanAdvice, GoesFromTheLastDayOfAMonthToTheFirstOfTheNext) {
-  const auto follow = [](std::string_view type_name, const std::string& before,
-                         const std::string& next) {
-    const ScheduleType& type = *find_schedule_type(type_name);
-    const uint64_t position = position_of(before, type).value_or(0);
-    const uint64_t next_position = position_of(next, type).value_or(0);
-    EXPECT_EQ(a_day_later(position, type), next_position) << before;
-    EXPECT_EQ(a_day_earlier(next_position, type), position) << next;
-  };
-  const std::vector<std::string> days = {
-      "Jan 30", "Jan 31", "Feb 1", "Feb 28", "Feb 29", "Mar 1", "Mar 30", "Mar 31", "Apr 1",
-      "Apr 29", "Apr 30", "May 1", "May 30", "May 31", "Jun 1", "Jun 29", "Jun 30", "Jul 1",
-      "Jul 30", "Jul 31", "Aug 1", "Aug 30", "Aug 31", "Sep 1", "Sep 29", "Sep 30", "Oct 1",
-      "Oct 30", "Oct 31", "Nov 1", "Nov 29", "Nov 30", "Dec 1", "Dec 30", "Dec 31"};
-  for (size_t i = 1; i < days.size(); ++i) {
-    if (i % 3 != 0) {
-      follow("yearly", days[i - 1], days[i]);
-    }
-  }
-  follow("endless", "2023-02-28", "2023-03-01");
-  follow("endless", "2024-02-28", "2024-02-29");
-  follow("endless", "2024-02-29", "2024-03-01");
-  follow("endless", "2025-02-28", "2025-03-01");
-  follow("endless", "2025-03-31", "2025-04-01");
-  follow("monthly", "day 30", "day 31");
-}
-
-TEST(OddCharacters, AreBlanksOfAnyWidthAndWhatHasNone) {
-  const auto between = [](uint32_t c) {
-    std::string text = "5";
-    append_utf_8(text, c);
-    return text + "6";
-  };
-  for (const uint32_t c : {0xa0U, 0x2000U, 0x200aU, 0x202fU, 0x205fU, 0x3000U}) {
-    EXPECT_EQ(with_plain_characters(between(c)), "5 6") << c;
-  }
-  for (const uint32_t c : {0xadU, 0x200bU, 0x200fU, 0x2028U, 0x202eU, 0x2060U, 0x206fU, 0xfeffU}) {
-    EXPECT_EQ(with_plain_characters(between(c)), "56") << c;
-  }
-  for (const uint32_t c : {0x9fU, 0xa1U, 0xacU, 0xaeU, 0x1fffU, 0x2010U, 0x2027U, 0x2030U, 0x205eU,
-                           0x2070U, 0x2fffU, 0x3001U, 0xfefeU, 0xff00U}) {
-    EXPECT_EQ(with_plain_characters(between(c)), between(c)) << c;
-  }
-  EXPECT_EQ(with_odd_characters_shown(between(0xa0)), "5\\u00a06");
-  EXPECT_EQ(with_odd_characters_shown("5\xff"
-                                      "6"),
-            "5\xff"
-            "6");
-}
-
-TEST(OddCharacters, AreLettersOfAnotherScriptAmongLatinOnes) {
-  EXPECT_EQ(with_plain_characters("qΑΒΕΖΗΙΚΜΝΟΡΤΥΧοЅІЈАВЕКМНОРСТХаеорсухѕіј"),
-            "qABEZHIKMNOPTYXoSIJABEKMHOPCTXaeopcyxsij");
-  EXPECT_EQ(with_plain_characters("СТОП"), "СТОП");
-  EXPECT_EQ(with_odd_characters_shown("qд"), "q\\u0434");
-  for (const std::string letter : {"a", "z", "A", "Z", "À", "ɏ"}) {
-    EXPECT_EQ(with_plain_characters("о" + letter), "o" + letter);
-  }
-  for (const std::string sign : {"`", "{", "@", "[", "¿", "ɐ"}) {
-    EXPECT_EQ(with_plain_characters("о" + sign), "о" + sign);
-  }
-  EXPECT_EQ(with_odd_characters_shown("q\u0370\u052f"), "q\\u0370\\u052f");
-  EXPECT_EQ(with_odd_characters_shown("q\u036f\u0530"), "q\u036f\u0530");
 }
 
 }  // namespace
