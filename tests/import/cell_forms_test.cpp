@@ -330,6 +330,7 @@ TEST(RowDays, SaysWhatIsWrong) {
       {"yearly", "Mon - Mar 5", "'mon - mar 5' is no range of days"},
       {"yearly", "m13d5", "'m13d5' is not understood"},
       {"yearly", "m3", "'m3' is not understood"},
+      {"yearly", "March 5-7", "'march 5-7' is not understood"},
       {"yearly", "0 March", "'0 march' is not understood"},
       {"yearly", "32 March", "'32 march' is not understood"},
       {"yearly", "0.3.2026", "'0.3.2026' is not understood"},
