@@ -13,8 +13,9 @@ constexpr uint64_t last_common_day = 28;  // of a month: each has it
 constexpr uint64_t february = 1;
 constexpr uint64_t months = 12;
 
+/// Of the years that a schedule can have, none of which ends a century.
 bool is_leap_year(uint64_t year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+  return year % 4 == 0;
 }
 
 /// Which months lack the day of a monthly schedule, and what happens there.
