@@ -5,6 +5,7 @@
 #include <string>
 
 #include "metadata/item_metadata.hpp"
+#include "station/programme.hpp"
 
 namespace {
 
@@ -76,6 +77,16 @@ TEST(ProgrammeTexts, DivideARatingAtItsLastSlash) {
   EXPECT_EQ(rating("VCHIP/TV-PG"), "VCHIP|TV-PG");
   EXPECT_EQ(rating("a/b/c"), "a/b|c");
   EXPECT_EQ(rating("PG"), "|PG");
+}
+
+TEST(EpisodeNumbers, AreDecimal) {
+  Programme programme{};
+  programme.texts.season = "9";
+  programme.texts.episode = "0120";
+  std::string out;
+  append_programme(out, programme, "a", "");
+  EXPECT_NE(out.find(">8 . 119 . </episode-num>\n"), std::string::npos) << out;
+  EXPECT_NE(out.find(">S09E120</episode-num>\n"), std::string::npos) << out;
 }
 
 }  // namespace
