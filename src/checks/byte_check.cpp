@@ -18,7 +18,7 @@ bool is_unmarked_utf_16(std::string_view content) {
   }
   const auto are_nul = [&](size_t first) {
     for (size_t i = first; i < checked; i += 2) {
-      if ((content[i] == '\0') == (content[i ^ 1U] == '\0') || content[i] != '\0') {
+      if (content[i] != '\0' || content[i ^ 1U] == '\0') {
         return false;
       }
     }

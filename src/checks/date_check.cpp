@@ -2,6 +2,7 @@
 #include <string>
 
 #include "checks/checks.hpp"
+#include "checks/position_text.hpp"
 #include "checks/time_advice.hpp"
 #include "platform/syntax/schedule_types.hpp"
 #include "platform/time/calendar_names.hpp"
@@ -13,8 +14,9 @@ constexpr uint64_t last_common_day = 28;  // of a month: each has it
 constexpr uint64_t february = 1;
 constexpr uint64_t months = month_lengths.size();
 
+/// Of the years that a schedule can have, none of which ends a century.
 bool is_leap_year(uint64_t year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+  return year % 4 == 0;
 }
 
 /// Which months lack the day of a monthly schedule, and what happens there.

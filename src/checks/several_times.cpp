@@ -29,17 +29,14 @@ bool is_weekday(std::string_view word) {
 
 bool names_several_days(std::string_view lower) {
   int weekdays = 0;
-  for (size_t i = 0; i < lower.size();) {
-    size_t end = i;
-    while (end < lower.size() && is_letter(lower[end])) {
-      ++end;
-    }
-    const std::string_view word = lower.substr(i, end - i);
+  while (!lower.empty()) {
+    const auto* const end = std::ranges::find_if_not(lower, is_letter);
+    const std::string_view word(lower.begin(), end);
     if (std::ranges::find(words_for_several_days, word) != words_for_several_days.end()) {
       return true;
     }
     weekdays += is_weekday(word) ? 1 : 0;
-    i = std::max(end, i + 1);
+    lower.remove_prefix(std::max<size_t>(word.size(), 1));
   }
   return weekdays > 1;
 }

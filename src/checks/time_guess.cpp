@@ -139,7 +139,7 @@ std::optional<std::string> guess_time(std::string_view text) {
     return std::string(rest);
   }
   std::vector<std::string> words = corrected_words(rest);
-  if (const std::string guess = joined(words); is_time(guess) && !words.empty()) {
+  if (const std::string guess = joined(words); is_time(guess)) {
     return guess;
   }
   if (words.size() > 1 && is_hour(words.back())) {

@@ -26,7 +26,7 @@ int seconds_of(const ClockTime& clock) {
 
 /// "1800" or "930".
 std::optional<int> clock_of_figures(std::string_view text) {
-  if (!are_all_digits(text) || text.size() < 3 || text.size() > 4) {
+  if (!are_all_digits(text) || text.size() < 3) {
     return std::nullopt;
   }
   const std::string hour(text.substr(0, text.size() - 2));

@@ -126,8 +126,8 @@ void close_open_ends(std::vector<MadeSection>& open, const TableRules& rules,
     }
     const auto midnight = end_after(day, seconds_per_day * 2, rules.days);
     const uint64_t end_of_day = (uint64_t{day} + 1) * seconds_per_day;
-    const bool is_at_midnight = midnight && *next % seconds_per_day == 0 &&
-                                *next == midnight->at - seconds_per_day && !is_next_unit;
+    const bool is_at_midnight =
+        midnight && *next == midnight->at - seconds_per_day && !is_next_unit;
     end.at = is_at_midnight ? end_of_day : end.at;
     add_section(item.row, item.start, end, type, items);
   }

@@ -67,7 +67,7 @@ class DayFinder {
       }
     }
     for (const DayTerm& term : dates_) {
-      if (!term.first.year || !term.first.month || !term.last.year || !term.last.month) {
+      if (!term.last.year || !term.last.month) {
         return fail("a weekly schedule needs weekdays, or dates with their year");
       }
       for (const CellDate& date : {term.first, term.last}) {
@@ -91,10 +91,10 @@ class DayFinder {
     }
     const bool counts_months = rules_.type->day_name != DayName::day_of_month;
     for (DayTerm term : dates_) {
-      if (counts_months && (!term.first.month || !term.last.month)) {
+      if (counts_months && !term.last.month) {
         return fail("the day has no month");
       }
-      if (rules_.type->day_name == DayName::date && (!term.first.year || !term.last.year)) {
+      if (rules_.type->day_name == DayName::date && !term.last.year) {
         return fail("the date has no year");
       }
       const bool is_plain = weekdays_.empty() && (is_single(term) || !term.first.month);
@@ -231,9 +231,8 @@ std::optional<uint32_t> day_of_unit_after(uint32_t day, uint32_t count, const Da
     // A month of the calendar may end before its 31st day. The next real day follows then.
     if (rules.type->day_name == DayName::day_of_year || rules.type->day_name == DayName::date) {
       const int year = first_schedule_year + static_cast<int>(day / days_per_year);
-      while (day % days_per_month != 0 &&
-             static_cast<int>(day % days_per_month) >=
-                 length_of_month(year, static_cast<int>(day / days_per_month % 12) + 1)) {
+      while (static_cast<int>(day % days_per_month) >=
+             length_of_month(year, static_cast<int>(day / days_per_month % 12) + 1)) {
         ++day;
       }
     }

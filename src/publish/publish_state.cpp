@@ -88,7 +88,7 @@ std::string text_of_state(const PublishState& state) {
 
 bool parse_state(std::string_view text, PublishState& state) {
   state = {};
-  bool is_whole = take_last_line(text) && !text.empty() && take_line(text) == first_line;
+  bool is_whole = take_last_line(text) && take_line(text) == first_line;
   while (is_whole && !text.empty()) {
     is_whole = take_state_line(take_line(text), state);
   }

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr time_t day = 24L * 60 * 60;
+
 std::optional<Programme> announced_programme(const ScheduleItem& item, time_t start, time_t stop) {
   const OpenedMetadata opened = open_item_metadata(item);
   if (derive_announce(extract_item_metadata(opened.set), item) == 0) {
@@ -46,7 +48,6 @@ bool is_at_seam(const Schedule& schedule, const Programme& programme) {
 
 /// Across the ends of units.
 NowAndNext in_next_day(const std::string& path, time_t now) {
-  constexpr time_t day = 24L * 60 * 60;
   const auto schedule = std::make_unique<Schedule>();
   std::string error;
   NowAndNext found;
@@ -67,7 +68,6 @@ NowAndNext in_next_day(const std::string& path, time_t now) {
 }  // namespace
 
 NowAndNext now_and_next(const Schedule& schedule, const std::string& path, time_t now) {
-  constexpr time_t day = 24L * 60 * 60;
   NowAndNext found = in_unit(schedule, now);
   if (!found.next || is_at_seam(schedule, *found.next) ||
       (found.now && is_at_seam(schedule, *found.now))) {

@@ -17,8 +17,9 @@ constexpr std::array<uint16_t, 32> windows_1252 = {
     0x2039, 0x0152, 0,      0x017d, 0,      0,      0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0,      0x017e, 0x0178};
 
-bool is_for_xml(uint32_t c) {
-  return c >= 0x20 && c != 0x7f && c != 0xfffe && c != 0xffff && (c < 0x80 || c >= 0xa0);
+/// Whether XML allows the character, and it is neither a blank nor a control character.
+bool is_visible(uint32_t c) {
+  return c > ' ' && c != 0x7f && c != 0xfffe && c != 0xffff && (c < 0x80 || c >= 0xa0);
 }
 
 /// Of several entries with one name, the last one that is not blank counts.
@@ -128,7 +129,7 @@ std::string clean_text(std::string_view text) {
       c = byte < 0xa0 ? windows_1252.at(byte - 0x80U) : byte;
       text.remove_prefix(1);
     }
-    if (*c == ' ' || !is_for_xml(*c)) {
+    if (!is_visible(*c)) {
       is_blank_due = !clean.empty();
       continue;
     }

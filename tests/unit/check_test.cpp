@@ -88,6 +88,10 @@ TEST(TypeCheck, SaysOfAMisspeltTypeAloneThatItIsNone) {
   EXPECT_EQ(findings_in("*wekly\n{\nitem = a\nstart = 1:00\nend = 2:00\n}\n"),
             "1:1 unknown-type: unknown type '*wekly'; did you mean '*weekly'?\n");
   EXPECT_EQ(
+      findings_in("*intervals\n"),
+      "1:1 unknown-type: unknown type '*intervals'; the types are daily, weekly, monthly, yearly "
+      "and endless\n");
+  EXPECT_EQ(
       findings_in("*weekly # x\n"),
       "1:1 unknown-type: unknown type '*weekly # x': nothing else may stand on the line; write "
       "'*weekly'\n");

@@ -27,6 +27,16 @@ TEST(PublishState, IsReadAsItWasWritten) {
   EXPECT_TRUE(state.counts.empty());
 }
 
+TEST(PublishState, EndsWithTheFingerprintOfItsLines) {
+  EXPECT_EQ(text_of_state(example()),
+            "nv8x_schedule_publish state 1\n"
+            "channel\tearly\t0\t-5\n"
+            "channel\tkbt 1\t12\t1772733600\n"
+            "page\tkbt 1-rovi.csv\t0000000000000001\n"
+            "page\tkbt 1.html\tfedcba9876543210\n"
+            "end\t55e60f7c5a38d24e\n");
+}
+
 TEST(PublishState, ThatIsDamagedAnywhereIsRefused) {
   const std::string whole = text_of_state(example());
   PublishState state;

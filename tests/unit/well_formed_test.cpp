@@ -45,6 +45,7 @@ TEST(ComplaintAboutDocument, CharactersMayLieOnTheEndsOfPieces) {
   for (size_t front = piece - 5; front <= piece + 1; ++front) {
     const std::string begin(front, 'x');
     EXPECT_EQ(complaint_about("json", around(begin, "\xf0\x9f\x8e\xac")), "") << front;
+    EXPECT_EQ(complaint_about("json", around(begin, "\xc2\xbf")), "") << front;
     EXPECT_NE(complaint_about("json", around(begin, "\xf0\x9f\x8e")), "") << front;
     EXPECT_EQ(complaint_about("xml", "<a>" + around(begin, "\xf0\x9f\x8e\xac") + "</a>"), "")
         << front;
