@@ -87,6 +87,9 @@ std::optional<WeekdaySet> find_weekday_group(std::string_view phrase) {
 
 std::string advice_on_day_word(std::string_view word) {
   constexpr size_t shortest = 5;  // a shorter word is near to too many others
+  if (find_month_word(word)) {
+    return {};  // it is right, and something else is wrong
+  }
   std::vector<std::string_view> words;
   const auto add = [&](std::string_view list) {
     while (!list.empty()) {

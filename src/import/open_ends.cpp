@@ -60,6 +60,17 @@ void add_section(int64_t row, uint64_t start, const SectionEnd& end, const Sched
   }
 }
 
+std::set<uint64_t> starts_of(const std::vector<MadeSection>& open,
+                             const std::vector<MadeSection>& items) {
+  std::set<uint64_t> starts;
+  for (const auto* sections : {&open, &items}) {
+    for (const MadeSection& section : *sections) {
+      starts.insert(section.start);
+    }
+  }
+  return starts;
+}
+
 }  // namespace
 
 bool place_section(const TableRules& rules, int64_t row, const RowTimes& times, uint32_t day,
@@ -97,12 +108,7 @@ void close_open_ends(std::vector<MadeSection>& open, const TableRules& rules,
     return;
   }
   const ScheduleType& type = *rules.days.type;
-  std::set<uint64_t> starts;
-  for (const auto* sections : {&open, &items}) {
-    for (const MadeSection& section : *sections) {
-      starts.insert(section.start);
-    }
-  }
+  const std::set<uint64_t> starts = starts_of(open, items);
   int64_t refused_row = 0;
   for (const MadeSection& item : open) {
     const auto day = static_cast<uint32_t>(item.start / seconds_per_day);

@@ -37,6 +37,9 @@ std::string_view without_midnight(std::string_view text) {
 
 /// What is wrong with a time that is not understood, in the words of the checker where it has some.
 Finding finding_of_time(const Place& place, std::string_view text, bool is_end) {
+  if (text.size() > longest_time) {
+    return {FindingKind::bad_time, place, "invalid time " + quoted_cell(text), {}};
+  }
   const auto advice = advise_on_time(text, *find_schedule_type("daily"));
   const FindingKind kind = advice.empty() ? FindingKind::bad_time : advice.front().kind;
   if (kind == FindingKind::out_of_range && advice.front().position) {
@@ -50,14 +53,14 @@ Finding finding_of_time(const Place& place, std::string_view text, bool is_end) 
             {}};
   }
   const bool is_known = kind == FindingKind::bad_time || kind == FindingKind::out_of_range;
-  return advice.empty() || !is_known || text.size() > longest_time
+  return advice.empty() || !is_known
              ? Finding{FindingKind::bad_time, place, "invalid time " + quoted_cell(text), {}}
              : Finding{kind, place, advice.front().text, {}};
 }
 
 class RowReader {
  public:
-  RowReader(const TableRules& rules, int64_t row, KnownDayTerms& known,
+  RowReader(const TableRules& rules, int64_t row, KnownDayCells& known,
             std::vector<Finding>& findings)
       : rules_(rules), row_(row), known_(known), findings_(findings) {}
 
@@ -106,17 +109,15 @@ class RowReader {
   }
 
   std::optional<std::vector<DayTerm>> terms_of(TableColumn column, std::string_view text) {
-    const auto known = known_.find(std::string(text));
-    if (known != known_.end()) {
-      return known->second;
+    const auto [known, is_new] = known_.try_emplace(std::string(text));
+    auto& [terms, problem] = known->second;
+    if (is_new) {
+      terms = read_day_terms(text, rules_.dates, problem);
     }
-    std::string problem;
-    auto terms = read_day_terms(text, rules_.dates, problem);
     if (!terms) {
       const bool is_ambiguous = problem.find("--dates") != std::string::npos;
       return add(is_ambiguous ? FindingKind::ambiguous : FindingKind::bad_day, column, problem);
     }
-    known_.emplace(text, *terms);
     return terms;
   }
 
@@ -268,19 +269,19 @@ class RowReader {
 
   const TableRules& rules_;
   const int64_t row_;
-  KnownDayTerms& known_;
+  KnownDayCells& known_;
   std::vector<Finding>& findings_;
 };
 
 }  // namespace
 
-std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayTerms& known,
+std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayCells& known,
                                        std::vector<Finding>& findings) {
   return RowReader(rules, row, known, findings).read();
 }
 
 std::optional<std::vector<uint32_t>> read_row_days(const TableRules& rules, int64_t row,
-                                                   KnownDayTerms& known,
+                                                   KnownDayCells& known,
                                                    std::vector<Finding>& findings) {
   return RowReader(rules, row, known, findings).read_days();
 }

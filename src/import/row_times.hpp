@@ -38,15 +38,21 @@ struct RowTimes {
   bool has_end() const { return end_clock || end_at || length; }
 };
 
-/// What the cells of days mean that were read before, by their text. Most rows repeat one.
-using KnownDayTerms = std::unordered_map<std::string, std::vector<DayTerm>>;
+/// What a cell of days means, or what is wrong with it.
+struct DayCell {
+  std::optional<std::vector<DayTerm>> terms;
+  std::string problem;
+};
+
+/// The cells of days that were read before, by their text. Most rows repeat one.
+using KnownDayCells = std::unordered_map<std::string, DayCell>;
 
 /// Reads day, date, start, end and duration of a row. Nothing, with findings, when one of them is
 /// wrong. `known` is for all rows of a table.
-std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayTerms& known,
+std::optional<RowTimes> read_row_times(const TableRules& rules, int64_t row, KnownDayCells& known,
                                        std::vector<Finding>& findings);
 
 /// The days that the row's columns of days and dates name. The same rules for failures.
 std::optional<std::vector<uint32_t>> read_row_days(const TableRules& rules, int64_t row,
-                                                   KnownDayTerms& known,
+                                                   KnownDayCells& known,
                                                    std::vector<Finding>& findings);

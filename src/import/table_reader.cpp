@@ -259,7 +259,7 @@ class TableReader {
   }
 
   const TableRules& rules_;
-  KnownDayTerms known_days_;
+  KnownDayCells known_days_;
   std::vector<Finding>& findings_;
   MadeSchedule made_;
   std::vector<MadeSection> open_;  ///< items without an end

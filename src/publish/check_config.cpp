@@ -62,12 +62,13 @@ class ScheduleFiles {
   std::string complaint_about_pages(const StationChannel& channel) const {
     for (const std::string& format : channel.formats) {
       const std::string page = page_name(channel.id, format);
-      if (std::string text = complaint("its", page, channel.web_folder); !text.empty()) {
+      if (std::string text = complaint("its page", page, channel.web_folder); !text.empty()) {
         return text;
       }
     }
     for (const char* page : {station_guide_page, station_index_page}) {
-      if (std::string text = complaint("the station's", page, channel.web_folder); !text.empty()) {
+      if (std::string text = complaint("the station's page", page, channel.web_folder);
+          !text.empty()) {
         return text;
       }
     }
@@ -90,13 +91,13 @@ class ScheduleFiles {
     }
   }
 
-  std::string complaint(const char* whose, const std::string& page,
+  std::string complaint(const char* what, const std::string& page,
                         const std::string& folder) const {
     const auto id = id_of(folder + "/" + page);
     const auto path = id ? paths_.find(*id) : paths_.end();
     return path == paths_.end()
                ? std::string()
-               : std::string(whose) + " page '" + page + "' would replace '" + path->second + "'";
+               : std::string(what) + " '" + page + "' would replace '" + path->second + "'";
   }
 
   std::map<FileId, std::string> paths_;
