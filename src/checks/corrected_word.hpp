@@ -17,4 +17,4 @@ std::optional<std::string> reordered_date(std::string_view word);
 
 /// A word of an invalid time as it was probably meant: "Mon" for "Mo", "18:05" for "18:5". Empty
 /// for a word that says nothing, such as "Uhr".
-std::string corrected_word(std::string_view word);
+std::string corrected_word(std::string_view written);

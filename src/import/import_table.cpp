@@ -77,7 +77,8 @@ std::optional<UncheckedSchedule> unchecked_schedule(const Table& table,
     findings.push_back({FindingKind::missing, {header->row, 1}, "the table has no rows", {}});
     return std::nullopt;
   }
-  UncheckedSchedule written{schedule_text(made, *rules, command.table), {}};
+  UncheckedSchedule written;
+  written.schedule = schedule_text(made, *rules, command.table);
   if (!command.sidecars.empty()) {
     written.sidecars = sidecars_of_table(table, *header, command.sidecars, command.table, findings);
   }

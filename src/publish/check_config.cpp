@@ -94,10 +94,10 @@ class ScheduleFiles {
   std::string complaint(const char* what, const std::string& page,
                         const std::string& folder) const {
     const auto id = id_of(folder + "/" + page);
-    const auto path = id ? paths_.find(*id) : paths_.end();
-    return path == paths_.end()
-               ? std::string()
-               : std::string(what) + " '" + page + "' would replace '" + path->second + "'";
+    if (!id || !paths_.contains(*id)) {
+      return {};
+    }
+    return std::string(what) + " '" + page + "' would replace '" + paths_.at(*id) + "'";
   }
 
   std::map<FileId, std::string> paths_;

@@ -46,9 +46,12 @@ TEST_F(LongFinding, KeepsItsCharactersWhole) {
   };
   for (const std::string& first : {std::string(), std::string("x")}) {
     for (const std::string& last : {std::string(), std::string("x")}) {
-      EXPECT_EQ(complaint_about(first + letters(600) + last),
-                begin_ + front() + first + letters(200 - front().size() - first.size()) + " ... " +
-                    letters(200 - back().size() - last.size()) + last + back());
+      std::string written = first;
+      written.append(letters(600)).append(last);
+      std::string shown = begin_ + front();
+      shown.append(first).append(letters(200 - front().size() - first.size())).append(" ... ");
+      shown.append(letters(200 - back().size() - last.size())).append(last).append(back());
+      EXPECT_EQ(complaint_about(written), shown);
     }
   }
 }

@@ -97,7 +97,9 @@ TEST_F(OldGuideFile, LeavesOutWhatIsNotWhole) {
 TEST_F(OldGuideFile, LeavesOutWhatNoReaderCouldParse) {
   const std::string times = "20260101160000 +0000\" stop=\"20260101170000 +0000\"";
   for (const char* title : {"A & B", "\xe9", "<b>", "\x01"}) {
-    const OldGuide guide = guide_with(now_on + programme(times, "a", title) + later_programme);
+    std::string content = now_on;
+    content.append(programme(times, "a", title)).append(later_programme);
+    const OldGuide guide = guide_with(content);
     const FileDescriptor to(memfd_create("guide", MFD_CLOEXEC));
     const auto found = guide.copy_ahead("a", noon, to.get());
     ASSERT_TRUE(found) << title;
