@@ -22,28 +22,37 @@ bool is_key_of_a_section(std::string_view name) {
          find_section_key(SectionKind::block, name) != nullptr;
 }
 
-}  // namespace
-
-Finding finding_for_unused_name(const SchedulePart& part) {
+/// The finding for a line that is a type, but has no star or has letters that only look right.
+std::optional<Finding> finding_for_meant_type(const SchedulePart& part) {
   const Place place = place_of(part);
   const std::string word = lower_case(strip_blanks(part.text));
   if (find_schedule_type(word) != nullptr) {
-    return {FindingKind::unknown_type,
-            place,
-            "a type needs a star before it; write " + quoted("*" + word),
-            {},
-            {line_with(part, part.text, "*" + word)}};
+    return Finding{FindingKind::unknown_type,
+                   place,
+                   "a type needs a star before it; write " + quoted("*" + word),
+                   {},
+                   {line_with(part, part.text, "*" + word)}};
   }
   const std::string plain = with_plain_characters(part.text);
   const std::string type(strip_blanks(plain));
   if (type != part.text && type.starts_with('*') && find_schedule_type(type.substr(1)) != nullptr) {
-    return {
+    return Finding{
         FindingKind::unknown_type,
         place,
         quoted(part.text) + " has letters or blanks that only look right; write " + quoted(type),
         {},
         {line_with(part, part.text, type)}};
   }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Finding finding_for_unused_name(const SchedulePart& part) {
+  if (auto finding = finding_for_meant_type(part)) {
+    return *std::move(finding);
+  }
+  const Place place = place_of(part);
   const std::string_view name = strip_blanks(part.text.substr(0, part.text.find_first_of("=:")));
   if (is_key_of_a_section(name)) {
     return {FindingKind::unknown_name, place, quoted(name) + " stands outside all sections"};
