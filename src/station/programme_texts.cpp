@@ -98,9 +98,31 @@ void set_categories(ProgrammeTexts& texts, const Values& values) {
   }
 }
 
+/// A year, month and day with dashes as figures alone: "20240305" for "2024-3-5". A clock may
+/// follow. Empty for a text of another form.
+std::string figures_of_date(std::string_view text) {
+  std::string figures;
+  for (const size_t length : {4UL, 2UL, 2UL}) {
+    if (!figures.empty() && !text.starts_with('-')) {
+      break;
+    }
+    text.remove_prefix(figures.empty() ? 0 : 1);
+    const size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+    if (count == 0 || count > length || (figures.empty() && count != length)) {
+      return {};
+    }
+    figures.append(length - count, '0').append(text.substr(0, count));
+    text.remove_prefix(count);
+  }
+  const bool is_at_end = text.empty() || text.front() == 'T' || text.front() == ' ';
+  return is_at_end ? figures : std::string();
+}
+
 void set_date(ProgrammeTexts& texts, const Values& values) {
   std::string date = values.last("date").substr(0, 10);
-  std::erase(date, '-');
+  if (date.find('-') != std::string::npos) {
+    date = figures_of_date(date);
+  }
   const bool has_length = date.size() == 4 || date.size() == 6 || date.size() == 8;
   if (has_length && std::ranges::all_of(date, is_digit)) {
     texts.date = date;

@@ -53,8 +53,10 @@ def credits(entries):
 
 
 def dates(entries):
-    match = re.fullmatch(r"(\d{4}|\d{6}|\d{8})", last_of(entries, "date")[:10].replace("-", ""))
-    return [element("date", match[1])] if match else []
+    text = last_of(entries, "date")[:10]
+    if parts := re.fullmatch(r"(\d{4})-(\d{1,2})(?:-(\d{1,2}))?(?:[T ].*)?", text):
+        text = "".join(part.zfill(2) for part in parts.groups("") if part)
+    return [element("date", text)] if re.fullmatch(r"\d{4}|\d{6}|\d{8}", text) else []
 
 
 def categories(entries):

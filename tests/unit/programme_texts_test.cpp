@@ -42,7 +42,11 @@ TEST(ProgrammeTexts, TakeADateOfFigures) {
   EXPECT_EQ(date("2024"), "2024");
   EXPECT_EQ(date("2024-03"), "202403");
   EXPECT_EQ(date("2024-03-05T18:00"), "20240305");
-  for (const char* value : {"", "202", "20245", "2024035", "202403051", "March", "May!"}) {
+  EXPECT_EQ(date("2024-3-5"), "20240305");
+  EXPECT_EQ(date("2024-3-15 18:00"), "20240315");
+  EXPECT_EQ(date("2024-3"), "202403");
+  for (const char* value : {"", "202", "20245", "2024035", "202403051", "March", "May!", "2024-",
+                            "20-24", "2024-3-5-", "2024-123", "2024--5"}) {
     EXPECT_EQ(date(value), "") << value;
   }
 }
