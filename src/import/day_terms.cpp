@@ -74,6 +74,10 @@ class DayParser {
         term.first.year = end.first.year;
       }
       term.last = end.last;
+      if (!term.last.month) {  // "March 5 - 7"
+        term.last.month = term.first.month;
+        term.last.year = term.first.year;
+      }
       return true;
     }
     const auto is_one_day = [](WeekdaySet days) { return (days & (days - 1)) == 0; };

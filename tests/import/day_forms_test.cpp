@@ -76,6 +76,8 @@ TEST(RowDays, OfTheMonth) {
                              {"day 5", {4}},
                              {"dom5", {4}},
                              {"1-3", {0, 1, 2}},
+                             {"Mar 5 - 7", {4, 5, 6}},
+                             {"2026-03-05 - 7", {4, 5, 6}},
                              {"1, 15, 31", {0, 14, 30}},
                              {"1st and 15th", {0, 14}},
                              {"1st Tue", {2}},
@@ -112,6 +114,7 @@ TEST(RowDays, OfTheYear) {
                             {"28 Feb - 1 Mar", {month + 27, month + 28, 2 * month}},
                             {"30 Dec - 2 Jan", {0, 1, 11 * month + 29, 11 * month + 30}},
                             {"5 to 7 March", {2 * month + 4, 2 * month + 5, 2 * month + 6}},
+                            {"March 5 to 7", {2 * month + 4, 2 * month + 5, 2 * month + 6}},
                             {"Feb 30", {month + 29}},
                             {"March 5,2026", {2 * month + 4}},
                             {"20260305", {2 * month + 4}},
@@ -135,6 +138,7 @@ TEST(RowDays, OfAnEndlessSchedule) {
                              {"y2026m3d5", {march + 4}},
                              {"2026-03-02 - 2026-03-08, weekends", {march + 6, march + 7}},
                              {"2026-03-31 to 2026-04-01", {march + 30, march + 31}},
+                             {"2026-03-05 - 6", {march + 4, march + 5}},
                          });
 }
 
