@@ -18,7 +18,8 @@ namespace {
 /// file cannot be read.
 bool for_each_piece(int file, uint64_t offset, uint64_t bytes,
                     const std::function<bool(std::string_view piece, bool is_last)>& take) {
-  std::string buffer(256UL * 1024, '\0');
+  constexpr uint64_t longest_piece = 256UL * 1024;
+  std::string buffer(std::min(bytes, longest_piece), '\0');
   for (uint64_t left = bytes; left > 0;) {
     const auto wanted = static_cast<size_t>(std::min<uint64_t>(left, buffer.size()));
     errno = EIO;
