@@ -8,9 +8,9 @@ struct FaultOfRun {
   const char* report;
 };
 
-/// Forks a run for each request that comes through the socket, with the two descriptors sent along
-/// as its standard output and error, and as the leader of a session of its own. Returns in the runs
-/// alone: each goes on as the program, with no other descriptor than its standard streams. Whoever
-/// asked is sent the run's process number, and its status when it has ended. The process itself
-/// ends with the socket.
+/// Forks a run for each request that comes through the socket. The two descriptors that are sent
+/// along become its standard output and error, and all processes that it starts can be ended with
+/// it. Whoever asked is sent the run's process number, and its status when it has ended. Returns in
+/// the runs alone: each goes on as the program, with no other descriptor than its standard streams.
+/// The process itself ends with the socket.
 FaultOfRun serve_runs(int socket);

@@ -22,8 +22,8 @@ class FaultServer:
                 env={**environment, 'LD_PRELOAD': preload, 'FAULT_SERVER': str(theirs.fileno())})
 
     def run(self, fault, error, report, time_limit):
-        """The leader of the run's session, and how it went. `report` is there afterwards if the fault was
-        reached."""
+        """The number of the run's first process, and how it went. `report` is there afterwards if the fault
+        was reached."""
         out, err = os.pipe(), os.pipe()
         request = b'\0'.join(text.encode() for text in (fault, str(error), report))
         socket.send_fds(self.socket, [request], [out[1], err[1]])
