@@ -45,11 +45,11 @@ std::optional<std::vector<StationChannel>> channels_of(const GrabCommand& comman
   return channels;
 }
 
-enum class Outcome { whole, parts, empty, failed };
+enum class GuideOutcome { whole, parts, empty, failed };
 
 /// Writes what the command asks for, and reports errors.
-Outcome write_to(int fd, const GrabCommand& command, const std::vector<StationChannel>& channels,
-                 const OldGuide& old_guide) {
+GuideOutcome write_to(int fd, const GrabCommand& command,
+                      const std::vector<StationChannel>& channels, const OldGuide& old_guide) {
   std::string error;
   std::optional<GuideResult> result = GuideResult();
   if (command.task == GrabTask::guide) {
@@ -59,21 +59,21 @@ Outcome write_to(int fd, const GrabCommand& command, const std::vector<StationCh
   }
   if (!error.empty()) {
     fail("the guide cannot be written", error);
-    return Outcome::failed;
+    return GuideOutcome::failed;
   }
   if (command.task == GrabTask::guide && result->programmes == 0 && !channels.empty()) {
-    return Outcome::empty;
+    return GuideOutcome::empty;
   }
-  return result->lacking == 0 ? Outcome::whole : Outcome::parts;
+  return result->lacking == 0 ? GuideOutcome::whole : GuideOutcome::parts;
 }
 
 int write_to_standard_output(const GrabCommand& command,
                              const std::vector<StationChannel>& channels) {
-  const Outcome outcome = write_to(STDOUT_FILENO, command, channels, OldGuide());
-  if (outcome == Outcome::empty) {
+  const GuideOutcome outcome = write_to(STDOUT_FILENO, command, channels, OldGuide());
+  if (outcome == GuideOutcome::empty) {
     fail("the guide", "no channel has a programme in these days");
   }
-  return outcome == Outcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
+  return outcome == GuideOutcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 /// Whether a guide without programmes may replace the old file. Prints the reason if not.
@@ -105,18 +105,18 @@ int write_file(const GrabCommand& command, const std::vector<StationChannel>& ch
   if (!old_guide.is_readable()) {
     return fail(command.output, std::strerror(old_guide.error()));
   }
-  const Outcome outcome = write_to(file.fd(), command, channels, old_guide);
-  if (outcome == Outcome::failed ||
-      (outcome == Outcome::empty && file.is_draft() && !may_be_emptied(command.output))) {
+  const GuideOutcome outcome = write_to(file.fd(), command, channels, old_guide);
+  if (outcome == GuideOutcome::failed ||
+      (outcome == GuideOutcome::empty && file.is_draft() && !may_be_emptied(command.output))) {
     return EXIT_FAILURE;
   }
   if (!file.publish()) {
     return fail(command.output, std::strerror(errno));
   }
-  if (outcome == Outcome::empty) {
+  if (outcome == GuideOutcome::empty) {
     fail(command.output, "no channel has a programme in these days");
   }
-  return outcome == Outcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
+  return outcome == GuideOutcome::whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace

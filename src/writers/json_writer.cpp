@@ -74,13 +74,13 @@ const char* required(const char* text) {
   return text;
 }
 
-struct ItemTexts {
+struct JsonTexts {
   ItemMetadata metadata;
   std::string object;  ///< the metadata as a JSON object
 };
 
-ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
-  ItemTexts texts{extract_item_metadata(set), {}};
+JsonTexts json_texts_of(const std::string& /*path*/, const MetadataSet& set) {
+  JsonTexts texts{extract_item_metadata(set), {}};
   std::string& out = texts.object;
   MetadataCollector collector;
   for_each_entry(set, [&](const metadata_v4_entry& entry) {
@@ -101,7 +101,7 @@ ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
 
 struct GatheredItem {
   int32_t announce = 0;
-  std::string_view object;  ///< the metadata, see ItemTexts
+  std::string_view object;  ///< the metadata, see JsonTexts
 };
 
 /// The metadata of all items that are printed. It is read before anything is printed, because it
@@ -112,7 +112,7 @@ class GatheredTexts {
     if (per_file_.remembered(item) != nullptr) {
       return;
     }
-    const ItemTexts& texts = per_file_.of(item);
+    const JsonTexts& texts = per_file_.of(item);
     if (per_file_.remembered(item) == nullptr) {
       own_.push_back({item.start, derive_announce(texts.metadata, item), texts.object});
     }
@@ -124,7 +124,7 @@ class GatheredTexts {
       const OwnTexts& own = own_[next_own_++];
       return {own.announce, own.object};
     }
-    const ItemTexts& texts = *per_file_.remembered(item);
+    const JsonTexts& texts = *per_file_.remembered(item);
     return {derive_announce(texts.metadata, item), texts.object};
   }
 
@@ -136,7 +136,7 @@ class GatheredTexts {
     std::string object;
   };
 
-  MetadataPerFile<ItemTexts> per_file_{texts_of};
+  MetadataPerFile<JsonTexts> per_file_{json_texts_of};
   std::deque<OwnTexts> own_;
   size_t next_own_ = 0;
 };

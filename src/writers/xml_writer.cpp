@@ -91,13 +91,13 @@ void append_entry(std::string& out, const MetadataSet& set, const metadata_v4_en
   append(out, "</entry>\n");
 }
 
-struct ItemTexts {
+struct XmlTexts {
   ItemMetadata metadata;
   std::string meta;  ///< the element of that name
 };
 
-ItemTexts texts_of(const std::string& /*path*/, const MetadataSet& set) {
-  ItemTexts texts{extract_item_metadata(set), {}};
+XmlTexts xml_texts_of(const std::string& /*path*/, const MetadataSet& set) {
+  XmlTexts texts{extract_item_metadata(set), {}};
   if (set != nullptr) {
     append(texts.meta, "      <meta>\n");
     for_each_entry(set,
@@ -114,9 +114,9 @@ void print_to_xml(Schedule& schedule, time_t window_start, time_t window_end) {
   UnitClock clock(schedule);
   append_head(out, schedule, clock, window_start, window_end);
   TimeText last_time;
-  MetadataPerFile<ItemTexts> texts_per_file(texts_of);
+  MetadataPerFile<XmlTexts> texts_per_file(xml_texts_of);
   const auto append_entry_of = [&](const ScheduleItem& item, time_t start) {
-    const ItemTexts& texts = texts_per_file.of(item);
+    const XmlTexts& texts = texts_per_file.of(item);
     append_time(out, last_time, clock, "    <entry>\n      <start", "</start>\n", start);
     append_time(out, last_time, clock, "      <end", "</end>\n", clock.time_of(item.end));
     append_item(out, item, derive_announce(texts.metadata, item) > 0);

@@ -15,6 +15,7 @@
 #include "schedule/schedule_time.hpp"
 #include "schedule/unit_times.hpp"
 #include "support/plain_conversion.hpp"
+#include "support/schedule_around.hpp"
 #include "support/zone.hpp"
 
 namespace {
@@ -38,14 +39,6 @@ void expect_same_position(UnitClock& clock, const Schedule& schedule, uint64_t p
   const time_t expected = plain_time_of(schedule, position);
   ASSERT_EQ(clock.time_of(position), expected) << schedule.type << " " << position;
   ASSERT_EQ(clock.schedule_seconds_of(expected), time_to_schedule_seconds(schedule, expected));
-}
-
-std::unique_ptr<Schedule> schedule_around(const char* type, time_t report_time) {
-  auto schedule = std::make_unique<Schedule>();
-  schedule->type = type;
-  compute_unit_times(*schedule, report_time);
-  schedule->unit_length = find_schedule_type(type)->unit_length;
-  return schedule;
 }
 
 struct ChangeDay {

@@ -10,56 +10,57 @@
 
 namespace {
 
-constexpr int64_t hour = 3600;
+constexpr int64_t hour_length = 3600;
 
 /// Clocks an hour ahead of UTC until 1000 hours, then an hour behind it: two hours come twice.
 constexpr std::array<LocalStretch, 2> put_back = {{
-    {0, 1000 * hour - 1, hour, hour, 0, "A"},
-    {1000 * hour, 2000 * hour, -hour, -hour, 0, "B"},
+    {0, 1000 * hour_length - 1, hour_length, hour_length, 0, "A"},
+    {1000 * hour_length, 2000 * hour_length, -hour_length, -hour_length, 0, "B"},
 }};
 
 /// From the second to the first: two hours are skipped.
 constexpr std::array<LocalStretch, 2> put_forward = {{
-    {0, 1000 * hour - 1, -hour, -hour, 0, "A"},
-    {1000 * hour, 2000 * hour, hour, hour, 0, "B"},
+    {0, 1000 * hour_length - 1, -hour_length, -hour_length, 0, "A"},
+    {1000 * hour_length, 2000 * hour_length, hour_length, hour_length, 0, "B"},
 }};
 
 TEST(LocalStretches, OfTwoTimesTheOneWithTheNearerOffsetCounts) {
-  constexpr int64_t twice = 1000 * hour;
-  EXPECT_EQ(time_of_civil(put_back, twice, 0, hour), 999 * hour);
-  EXPECT_EQ(time_of_civil(put_back, twice, 0, -hour), 1001 * hour);
-  EXPECT_EQ(normalised_time_of_civil(put_back, twice, hour), 999 * hour);
-  EXPECT_EQ(normalised_time_of_civil(put_back, twice, -hour), 1001 * hour);
+  constexpr int64_t twice = 1000 * hour_length;
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, hour_length), 999 * hour_length);
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, -hour_length), 1001 * hour_length);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, hour_length), 999 * hour_length);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, -hour_length), 1001 * hour_length);
 }
 
 TEST(LocalStretches, OfTwoTimesWithOffsetsAsNearTheEarlierCounts) {
-  constexpr int64_t twice = 1000 * hour;
-  EXPECT_EQ(time_of_civil(put_back, twice, 0, 0), 999 * hour);
-  EXPECT_EQ(normalised_time_of_civil(put_back, twice, 0), 999 * hour);
+  constexpr int64_t twice = 1000 * hour_length;
+  EXPECT_EQ(time_of_civil(put_back, twice, 0, 0), 999 * hour_length);
+  EXPECT_EQ(normalised_time_of_civil(put_back, twice, 0), 999 * hour_length);
 }
 
 TEST(LocalStretches, TheFirstAndTheLastSecondThatComeTwiceDo) {
-  EXPECT_EQ(time_of_civil(put_back, 999 * hour - 1, 0, -hour), 998 * hour - 1);
-  EXPECT_EQ(time_of_civil(put_back, 999 * hour, 0, -hour), 1000 * hour);
-  EXPECT_EQ(time_of_civil(put_back, 1001 * hour - 1, 0, hour), 1000 * hour - 1);
-  EXPECT_EQ(time_of_civil(put_back, 1001 * hour, 0, hour), 1002 * hour);
+  EXPECT_EQ(time_of_civil(put_back, 999 * hour_length - 1, 0, -hour_length), 998 * hour_length - 1);
+  EXPECT_EQ(time_of_civil(put_back, 999 * hour_length, 0, -hour_length), 1000 * hour_length);
+  EXPECT_EQ(time_of_civil(put_back, 1001 * hour_length - 1, 0, hour_length),
+            1000 * hour_length - 1);
+  EXPECT_EQ(time_of_civil(put_back, 1001 * hour_length, 0, hour_length), 1002 * hour_length);
 }
 
 TEST(LocalStretches, WhatIsSkippedHasNoTimeAndIsCountedOn) {
-  EXPECT_EQ(time_of_civil(put_forward, 999 * hour - 1, 0, 0), 1000 * hour - 1);
-  EXPECT_EQ(time_of_civil(put_forward, 999 * hour, 0, 0), std::nullopt);
-  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour - 1, 0, 0), std::nullopt);
-  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour, 0, 0), 1000 * hour);
-  EXPECT_EQ(normalised_time_of_civil(put_forward, 1000 * hour, 0), 1001 * hour);
-  EXPECT_EQ(normalised_time_of_civil(put_forward, -2 * hour, 0), std::nullopt);
+  EXPECT_EQ(time_of_civil(put_forward, 999 * hour_length - 1, 0, 0), 1000 * hour_length - 1);
+  EXPECT_EQ(time_of_civil(put_forward, 999 * hour_length, 0, 0), std::nullopt);
+  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour_length - 1, 0, 0), std::nullopt);
+  EXPECT_EQ(time_of_civil(put_forward, 1001 * hour_length, 0, 0), 1000 * hour_length);
+  EXPECT_EQ(normalised_time_of_civil(put_forward, 1000 * hour_length, 0), 1001 * hour_length);
+  EXPECT_EQ(normalised_time_of_civil(put_forward, -2 * hour_length, 0), std::nullopt);
 }
 
 TEST(LocalStretches, TheDaylightSavingStateComesBeforeTheOffset) {
   std::array<LocalStretch, 2> summer = put_back;
   summer[0].is_daylight_saving = 1;
-  EXPECT_EQ(time_of_civil(summer, 1000 * hour, 1, -hour), 999 * hour);
-  EXPECT_EQ(time_of_civil(summer, 1000 * hour, 0, hour), 1001 * hour);
-  EXPECT_EQ(time_of_civil(summer, 500 * hour, 0, -hour), 499 * hour);
+  EXPECT_EQ(time_of_civil(summer, 1000 * hour_length, 1, -hour_length), 999 * hour_length);
+  EXPECT_EQ(time_of_civil(summer, 1000 * hour_length, 0, hour_length), 1001 * hour_length);
+  EXPECT_EQ(time_of_civil(summer, 500 * hour_length, 0, -hour_length), 499 * hour_length);
 }
 
 /// "FIRST-LAST@AHEAD " of each stretch.
@@ -73,7 +74,7 @@ std::string stretches_in(const char* zone_name, time_t first, time_t last) {
 }
 
 TEST(LocalStretches, TheLastEndsWithTheSpan) {
-  EXPECT_EQ(stretches_in("UTC", 1000, 1000 + 30 * hour), "1000-109000@0 ");
+  EXPECT_EQ(stretches_in("UTC", 1000, 1000 + 30 * hour_length), "1000-109000@0 ");
   EXPECT_EQ(stretches_in("Europe/Berlin", 1711846799, 1711846801),
             "1711846799-1711846799@3600 1711846800-1711846801@7200 ");
 }
@@ -81,7 +82,7 @@ TEST(LocalStretches, TheLastEndsWithTheSpan) {
 TEST(LocalStretches, TenMinutesBetweenTwoWrittenChangesAreFound) {
   // On Sunday, 10 March 2024, from 02:00 to 02:10 in UTC.
   constexpr time_t change = 1710036000;
-  EXPECT_EQ(stretches_in("AAA0BBB,M3.2.0/2,M3.2.0/3:10", change - 1, change + hour),
+  EXPECT_EQ(stretches_in("AAA0BBB,M3.2.0/2,M3.2.0/3:10", change - 1, change + hour_length),
             "1710035999-1710035999@0 1710036000-1710036599@3600 1710036600-1710039600@0 ");
 }
 
@@ -95,10 +96,10 @@ TEST(LocalStretches, CivilSecondsCarryMonthsAndDays) {
   tm.tm_hour = 1;
   tm.tm_min = 2;
   tm.tm_sec = 3;
-  EXPECT_EQ(civil_seconds(tm), (365 + 31 + 28 + 31) * 24 * hour + hour + 123);
+  EXPECT_EQ(civil_seconds(tm), (365 + 31 + 28 + 31) * 24 * hour_length + hour_length + 123);
   tm.tm_mon = -1;  // December of 1969
   tm.tm_mday = 31;
-  EXPECT_EQ(civil_seconds(tm), -24 * hour + hour + 123);
+  EXPECT_EQ(civil_seconds(tm), -24 * hour_length + hour_length + 123);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr time_t noon = 1767268800;  // 1 January 2026, 12:00 UTC
-constexpr time_t hour = 3600;
+constexpr time_t one_hour = 3600;
 
 std::string programme(const std::string& times, const std::string& id, const std::string& title) {
   return "  <programme start=\"" + times + " channel=\"" + id + "\">\n    <title>" + title +
@@ -60,7 +60,7 @@ TEST_F(OldGuideFile, KeepsWhatEndsLater) {
                                     of_another + endless_programme + "</tv>\n");
   EXPECT_TRUE(guide.is_there());
   EXPECT_EQ(ahead(guide, "a", noon), now_on + later_programme + endless_programme);
-  EXPECT_EQ(ahead(guide, "a", noon + hour), later_programme + endless_programme);
+  EXPECT_EQ(ahead(guide, "a", noon + one_hour), later_programme + endless_programme);
   EXPECT_EQ(ahead(guide, "b & c", noon), of_another);
   EXPECT_EQ(ahead(guide, "c", noon), "");
 }
@@ -68,11 +68,11 @@ TEST_F(OldGuideFile, KeepsWhatEndsLater) {
 TEST_F(OldGuideFile, CountsWhatStartsInTheTime) {
   const OldGuide guide = guide_with(past_programme + now_on + later_programme + endless_programme);
   time_t last = 0;
-  EXPECT_EQ(guide.count("a", noon, noon + 24 * hour, last), 2U);
-  EXPECT_EQ(last, noon + 3 * hour);
-  EXPECT_EQ(guide.count("a", noon + 2 * hour, noon + 3 * hour, last), 1U);
-  EXPECT_EQ(last, noon + 2 * hour);
-  EXPECT_EQ(guide.count("b", noon, noon + 24 * hour, last), 0U);
+  EXPECT_EQ(guide.count("a", noon, noon + 24 * one_hour, last), 2U);
+  EXPECT_EQ(last, noon + 3 * one_hour);
+  EXPECT_EQ(guide.count("a", noon + 2 * one_hour, noon + 3 * one_hour, last), 1U);
+  EXPECT_EQ(last, noon + 2 * one_hour);
+  EXPECT_EQ(guide.count("b", noon, noon + 24 * one_hour, last), 0U);
 }
 
 TEST_F(OldGuideFile, KnowsItsChannels) {
@@ -139,20 +139,22 @@ TEST_F(OldGuideFile, ComparesTheSameTime) {
   StationChannel channel;
   channel.id = "a";
   const OldGuide guide = guide_with(now_on + later_programme + endless_programme);
-  const GuideTimes times{noon - 12 * hour, noon + 24 * hour};
+  const GuideTimes times{noon - 12 * one_hour, noon + 24 * one_hour};
   const auto starting_at = [](time_t start) {
     Programme programme{};
     programme.start = start;
-    programme.stop = start + hour;
+    programme.stop = start + one_hour;
     return programme;
   };
   // Two lie ahead in the old guide, the last of them three hours after noon.
   EXPECT_EQ(complaint_about_programmes({starting_at(noon)}, guide, channel, times, noon), "");
-  EXPECT_EQ(complaint_about_programmes({starting_at(noon + 3 * hour)}, guide, channel, times, noon),
-            "");
-  EXPECT_EQ(complaint_about_programmes({starting_at(noon - 1), starting_at(noon + 3 * hour + 1)},
-                                       guide, channel, times, noon),
-            "programmes ahead: 0, fewer than 50 percent of the 2 in the old guide");
+  EXPECT_EQ(
+      complaint_about_programmes({starting_at(noon + 3 * one_hour)}, guide, channel, times, noon),
+      "");
+  EXPECT_EQ(
+      complaint_about_programmes({starting_at(noon - 1), starting_at(noon + 3 * one_hour + 1)},
+                                 guide, channel, times, noon),
+      "programmes ahead: 0, fewer than 50 percent of the 2 in the old guide");
   EXPECT_EQ(complaint_about_programmes({}, OldGuide(), channel, times, noon), "");
 }
 

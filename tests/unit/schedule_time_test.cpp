@@ -3,20 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <memory>
 
-#include "schedule/unit_times.hpp"
+#include "support/schedule_around.hpp"
 #include "support/zone.hpp"
 
 namespace {
-
-/// A schedule of that type with its unit around the report time.
-std::unique_ptr<Schedule> schedule_around(const char* type, time_t report_time) {
-  auto schedule = std::make_unique<Schedule>();
-  schedule->type = type;
-  compute_unit_times(*schedule, report_time);
-  return schedule;
-}
 
 TEST(ScheduleTime, SecondZeroIsTheStartOfTheUnit) {
   const Zone berlin("Europe/Berlin");
