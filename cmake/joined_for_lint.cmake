@@ -16,3 +16,7 @@ join_for_lint(joined_fuzz_targets run_target ${sources}
 target_include_directories(joined_fuzz_targets PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_link_libraries(joined_fuzz_targets PRIVATE nv8x_publish nv8x_import nv8x_csv PkgConfig::LIBXML2)
 target_compile_definitions(joined_fuzz_targets PRIVATE NV8X_EXAMPLE_CLIP="")
+
+join_for_lint(joined_fuzz_entries main ${fuzz}/replay.cpp ${fuzz}/libfuzzer_entry.cpp ${fuzz}/one_process.cpp)
+target_include_directories(joined_fuzz_entries PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_link_libraries(joined_fuzz_entries PRIVATE nv8x_metadata)
