@@ -190,6 +190,9 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
   const std::string finding =
       "4:9 bare-number: '9.30' is read as seconds from the beginning of the unit; write '09:30'\n";
   EXPECT_EQ(schedule("9.30", "10:00"), finding);
+  EXPECT_EQ(schedule("0.30", "10:00"),
+            "4:9 bare-number: '0.30' is read as seconds from the beginning of the unit; write "
+            "'00:30'\n");
   EXPECT_EQ(schedule("18:00", "180"), "");
   EXPECT_EQ(schedule("18:00", "18"),
             "5:7 bare-number: '18' is read as 18 seconds from the beginning of the unit; write "
@@ -209,6 +212,20 @@ TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
   const auto complaint = complaint_about_path("a # b # c");
   ASSERT_TRUE(complaint);
   EXPECT_EQ(complaint->offset, 2U);
+}
+
+TEST(PathCheck, TakesAQuoteAloneForAPath) {
+  EXPECT_FALSE(complaint_about_path("\""));
+}
+
+TEST(MissingPartCheck, PutsAStartWithTheClockOfItsEndOnTheDayBefore) {
+  WrittenSchedule written{.content = "*weekly\n{\nitem = a\nstart = 18:00\nend = Tue 18:00\n}\n"};
+  FileFindings found{.file = "f"};
+  read_and_check_lines(written, {.media = false}, found);
+  check_missing_parts(written, 0, found);
+  EXPECT_EQ(text_of(found),
+            "4:9 incomplete-time: '18:00' has no weekday and is on Sunday, but the end names its "
+            "day; write 'Mon 18:00'\n");
 }
 
 TEST(MadeFormats, AreThoseOfTheList) {
@@ -251,7 +268,8 @@ TEST(Story, KeepsWhereEachItemComesFrom) {
   Story story("f", schedule);
   ScheduleFile file(
       "*daily\nglobal default = z\n{\nitem = a\nstart = 0:00\nend = 2:00\n}\n"
-      "{\nitem = b\nstart = 1:00\nend = 24:00\n}\n{\nitem = c\nstart = 1:00\nend = 0:30\n}\n");
+      "{\nitem = b\nstart = 1:00\nend = 24:00\n}\n{\nitem = c\nstart = 1:00\nend = 0:30\n}\n"
+      "{\nlabel = without an item\nstart = 1:00\nend = 2:00\n}\n");
   ScheduleBuilder builder(schedule);
   for (SchedulePart part; file.next(part);) {
     story.add_part(part, builder.add_part(part));

@@ -41,6 +41,27 @@ TEST(TimeAdvice, KnowsTheLastDayOfEachMonth) {
       "February has no day 31; it airs on March 2, or a day later where February has no 29th");
 }
 
+TEST(TimeAdvice, GivesAnEndAfterMidnightTheNextDay) {
+  const std::vector<TimeAdvice> advice =
+      advise_on_time("Mon 23:00-1:00", *find_schedule_type("weekly"));
+  ASSERT_EQ(advice.size(), 1U);
+  EXPECT_EQ(advice.front().text,
+            "'Mon 23:00-1:00' are two times; write 'start = Mon 23:00' and 'end = Tue 01:00'");
+}
+
+TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
+  const auto says = [](const std::string& text) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    return advice.empty() ? "" : advice.front().text;
+  };
+  for (const std::string sign : {",", ";", "-", "_", "'", " "}) {
+    EXPECT_EQ(says("Mon 6" + sign + "30 pm"),
+              "'6" + sign + "30' is not understood; did you mean '06:30'?");
+  }
+  EXPECT_EQ(says("Mon 18,05"), "'18,05' is not understood; did you mean '18:05'?");
+  EXPECT_EQ(says("Mon 18,60"), "invalid time 'Mon 18,60'");
+}
+
 TEST(SpanAdvice, GoesFromTheLastDayOfAMonthToTheFirstOfTheNext) {
   const auto follow = [](std::string_view type_name, const std::string& before,
                          const std::string& next) {
@@ -120,7 +141,8 @@ TEST(TimeGuess, PutsADateInOrder) {
       {"32.3.2026", std::nullopt},  {"0.1.2026", std::nullopt},
       {"1.0.2026", std::nullopt},   {"1.13.2026", std::nullopt},
       {"31.12.1899", std::nullopt}, {"123.1.2026", std::nullopt},
-      {"1.123.2026", std::nullopt}, {"1.2/2026", std::nullopt},
+      {"1.123.2026", std::nullopt}, {"005.3.2026", std::nullopt},
+      {"5.003.2026", std::nullopt}, {"1.2/2026", std::nullopt},
       {"1.2.3.4", std::nullopt},    {"5.", std::nullopt},
       {"", std::nullopt},
   };
@@ -142,6 +164,9 @@ TEST(TimeGuess, CorrectsAWord) {
       {"18:5", "18:05"},
       {"18:5:7", "18:05:07"},
       {"1800", "18:00"},
+      {"20261231", "2026-12-31"},
+      {"20261301", "20261301"},
+      {"20261232", "20261232"},
       {"2400", "2400"},
       {"1860", "1860"},
       {"24.00", "24:00"},
