@@ -212,6 +212,7 @@ TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
   const auto complaint = complaint_about_path("a # b # c");
   ASSERT_TRUE(complaint);
   EXPECT_EQ(complaint->offset, 2U);
+  EXPECT_EQ(complaint->instead, "a");
 }
 
 TEST(PathCheck, TakesAQuoteAloneForAPath) {

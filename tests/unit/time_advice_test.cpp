@@ -49,6 +49,18 @@ TEST(TimeAdvice, GivesAnEndAfterMidnightTheNextDay) {
             "'Mon 23:00-1:00' are two times; write 'start = Mon 23:00' and 'end = Tue 01:00'");
 }
 
+TEST(TimeAdvice, TakesHoursTo35ForTheNextDay) {
+  const auto position = [](const std::string& text) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    return advice.empty() ? std::nullopt : advice.front().position;
+  };
+  constexpr uint64_t tuesday = 2UL * seconds_per_day;
+  EXPECT_EQ(position("Mon 24:01"), tuesday + 60);
+  EXPECT_EQ(position("Mon 35:59:59"), tuesday + 43199);
+  EXPECT_EQ(position("Mon 36:00"), std::nullopt);
+  EXPECT_EQ(position("Mon 99:00"), std::nullopt);
+}
+
 TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
   const auto says = [](const std::string& text) {
     const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
@@ -60,6 +72,14 @@ TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
   }
   EXPECT_EQ(says("Mon 18,05"), "'18,05' is not understood; did you mean '18:05'?");
   EXPECT_EQ(says("Mon 18,60"), "invalid time 'Mon 18,60'");
+  EXPECT_EQ(says("Mon 25:00:"), "'25:00:' is not understood");
+}
+
+TEST(TimeAdvice, TakesAllOfALetterWithAnAccentForAPartOfTheWord) {
+  const std::vector<TimeAdvice> advice =
+      advise_on_time("Mon \u00c0tue 18:00", *find_schedule_type("weekly"));
+  ASSERT_EQ(advice.size(), 1U);
+  EXPECT_EQ(advice.front().text, "'\u00c0tue' is not understood");
 }
 
 TEST(SpanAdvice, GoesFromTheLastDayOfAMonthToTheFirstOfTheNext) {
