@@ -49,6 +49,15 @@ TEST(TimeAdvice, GivesAnEndAfterMidnightTheNextDay) {
             "'Mon 23:00-1:00' are two times; write 'start = Mon 23:00' and 'end = Tue 01:00'");
 }
 
+TEST(TimeAdvice, TakesTwoTimesWithColonsAloneForAStartAndAnEnd) {
+  for (const std::string text :
+       {"Mon 18:00-19", "18-Mon 19:00", "x 18:00-19:00", "18:00-19:00 x"}) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    ASSERT_EQ(advice.size(), 1U) << text;
+    EXPECT_EQ(advice.front().end_time, "") << text;
+  }
+}
+
 TEST(TimeAdvice, TakesHoursTo35ForTheNextDay) {
   const auto position = [](const std::string& text) {
     const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
