@@ -161,7 +161,7 @@ std::optional<TimeAdvice> advise_on_clock_range(std::string_view text,
       continue;
     }
     const std::string_view minutes = word.text.substr(word.text.find(':') + 1);
-    if (minutes.size() > 2 && is_digit(minutes[2])) {
+    if (count_digits(minutes.substr(std::min<size_t>(2, minutes.size()))) > 0) {
       continue;
     }
     TimeAdvice advice{FindingKind::out_of_range, word.offset,

@@ -82,6 +82,7 @@ TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
   EXPECT_EQ(says("Mon 18,05"), "'18,05' is not understood; did you mean '18:05'?");
   EXPECT_EQ(says("Mon 18,60"), "invalid time 'Mon 18,60'");
   EXPECT_EQ(says("Mon 25:00:"), "'25:00:' is not understood");
+  EXPECT_EQ(says("Mon 25:000"), "'25:000' is not understood");
 }
 
 TEST(TimeAdvice, TakesAllOfALetterWithAnAccentForAPartOfTheWord) {
