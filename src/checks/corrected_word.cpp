@@ -118,7 +118,7 @@ std::string corrected_clock(std::string_view word) {
       return clock_of(clock);
     }
   }
-  if (looks_like_clock(clock, true)) {
+  if (looks_like_clock(clock)) {
     return clock_of(clock);
   }
   return is_part_of_day(clock) ? clock_of_part(clock) : with_two_digits(clock);

@@ -91,7 +91,7 @@ std::optional<TimeAdvice> advise_on_separator(std::string_view text,
     const std::string number = std::string(hour) + "." + std::string(minute);
     const bool is_alone = at_boundary(behind.substr(minute.size()));
     const bool is_sure = rest.front() != ' ' || minute.ends_with('0') || minute.ends_with('5');
-    if (!is_alone || !is_sure || !looks_like_clock(number, false)) {
+    if (!is_alone || !is_sure || !is_dotted_clock(number)) {
       continue;
     }
     const TimeWord clock{word.offset, text.substr(word.offset, number.size())};
@@ -109,7 +109,7 @@ std::optional<TimeAdvice> advise_on_clock(std::string_view text,
   for (const TimeWord& word : words) {
     std::string number = lower_case(word.text);
     std::ranges::replace(number, 'h', '.');
-    if (!looks_like_clock(number, true) && !is_hour(number)) {
+    if (!looks_like_clock(number) && !is_hour(number)) {
       continue;
     }
     if (auto found = advise_to_replace(FindingKind::bad_time, text, word, clock_of(number),

@@ -51,6 +51,11 @@ std::string id_of(const Finding& finding) {
   return std::string(info_of(finding.kind).id);
 }
 
+TEST(Findings, ShowControlCharactersAsTheirBytes) {
+  EXPECT_EQ(escaped("\x1f \x7e\x7f"), "\\x1f \x7e\\x7f");
+  EXPECT_EQ(escaped("\u0080\u009f\u00a0"), "\\xc2\\x80\\xc2\\x9f\u00a0");
+}
+
 TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   const auto id = [](const std::string& line) {
     return id_of(finding_for_unused_name(part_of(line, PartKind::name_value)));

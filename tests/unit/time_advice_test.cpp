@@ -80,6 +80,9 @@ TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
               "'6" + sign + "30' is not understood; did you mean '06:30'?");
   }
   EXPECT_EQ(says("Mon 18,05"), "'18,05' is not understood; did you mean '18:05'?");
+  EXPECT_EQ(says("Mon 18,37"), "'18,37' is not understood; did you mean '18:37'?");
+  EXPECT_EQ(says("Mon 18 37"), "invalid time 'Mon 18 37'");
+  EXPECT_EQ(says("Mon 6,30pm"), "invalid time 'Mon 6,30pm'");
   EXPECT_EQ(says("Mon 18,60"), "invalid time 'Mon 18,60'");
   EXPECT_EQ(says("Mon 25:00:"), "'25:00:' is not understood");
   EXPECT_EQ(says("Mon 25:000"), "'25:000' is not understood");
