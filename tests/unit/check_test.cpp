@@ -257,6 +257,15 @@ TEST(LineCheck, FindsBracesOutOfPlace) {
             "5:2 text-behind-brace: 'x' after a '}' is not read; write '} # x'\n");
 }
 
+TEST(LineCheck, ShowsWhereTextBehindABraceBegins) {
+  EXPECT_EQ(
+      findings_in("*daily\n schedule block { block = b\nend = 5\n}\n"),
+      "2:18 text-behind-brace: text after the '{' keeps this line from beginning a section; put "
+      "the text on a line of its own\n");
+  EXPECT_EQ(findings_in("*daily\n schedule block {\u00a0\nend = 5\n}\n"),
+            "2:18 text-behind-brace: '\\u00a0' behind the '{' cannot be seen; remove it\n");
+}
+
 TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {
   EXPECT_EQ(findings_in("*daily\n{\nitem = a\n {\nnothing\n}\n{\n"),
             "2:1 unclosed-section: no '}' closes this section before the next begins\n"

@@ -170,6 +170,7 @@ TEST(TimeGuess, PutsADateInOrder) {
       {"13/3", "Mar 13"},           {"31-12", "Dec 31"},
       {"5.3", std::nullopt},        {"18.30", std::nullopt},
       {"3/13", std::nullopt},       {"5/3/2026", std::nullopt},
+      {"5/12/2026", std::nullopt},  {"5/13/2026", "2026-05-13"},
       {"12/32/2026", std::nullopt}, {"0/31/2026", std::nullopt},
       {"32.3.2026", std::nullopt},  {"0.1.2026", std::nullopt},
       {"1.0.2026", std::nullopt},   {"1.13.2026", std::nullopt},
