@@ -44,8 +44,9 @@ TEST(ChannelJobs, AreAsManyAtOnceAsAllowedAndNoMore) {
     run.channels.push_back(&channel);
     ids += channel.id;
   }
+  constexpr int no_file = -1;
   void* const shared =
-      mmap(nullptr, sizeof(AtWork), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+      mmap(nullptr, sizeof(AtWork), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, no_file, 0);
   ASSERT_NE(shared, MAP_FAILED);
   for (run.jobs = 1; run.jobs <= 3; ++run.jobs) {
     auto& at_work = *new (shared) AtWork;
