@@ -118,10 +118,10 @@ std::string corrected_clock(std::string_view word) {
       return clock_of(clock);
     }
   }
-  if (is_part_of_day(clock) && !looks_like_clock(clock, true)) {
-    return clock_of_part(clock);
+  if (looks_like_clock(clock)) {
+    return clock_of(clock);
   }
-  return looks_like_clock(clock, true) ? clock_of(clock) : with_two_digits(clock);
+  return is_part_of_day(clock) ? clock_of_part(clock) : with_two_digits(clock);
 }
 
 std::string corrected_name(std::string_view word) {

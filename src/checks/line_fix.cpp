@@ -35,7 +35,7 @@ LineFix closing_line(const WrittenSchedule& written, const WrittenValue& value) 
 LineFix line_with(std::string_view content, int64_t line, std::string_view piece,
                   std::string_view replacement) {
   const auto begin = static_cast<size_t>(piece.data() - content.data());
-  const size_t line_begin = begin == 0 ? 0 : content.rfind('\n', begin - 1) + 1;
+  const size_t line_begin = content.substr(0, begin).rfind('\n') + 1;  // 0 if there is none
   const std::string_view whole = line_at(content, line_begin);
   std::string text(whole.substr(0, begin - line_begin));
   text += replacement;

@@ -188,7 +188,7 @@ SpanAdvice advise_on_end(const WrittenSchedule& written, const WrittenSection& s
 
 SpanAdvice advise_on_span(const WrittenSchedule& written, const WrittenSection& section,
                           const ScheduleType& type) {
-  if (section.value_of(ScheduleKey::start) == nullptr || type.unit_length == 0) {
+  if (type.unit_length == 0) {
     return {};
   }
   const MeantEnd meant = meant_end(section, type);

@@ -189,7 +189,7 @@ class SubscheduleCheck : public PassObserver {
   }
 
   bool is_schedule(const ScheduleItem& item) {
-    const auto [known, is_new] = known_.emplace(item.item, false);
+    const auto [known, is_new] = known_.try_emplace(item.item);
     if (is_new) {
       const auto schedule = std::make_unique<Schedule>();
       known->second =

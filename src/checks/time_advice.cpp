@@ -78,26 +78,25 @@ std::optional<TimeAdvice> advise_on_name(std::string_view text,
 }
 
 /// Advice on a clock with another character in place of its colon: "18,00", "18 30".
-std::optional<TimeAdvice> advise_on_separator(std::string_view text) {
-  for (size_t at = 1; at + 2 < text.size(); ++at) {
-    size_t begin = at;
-    while (begin > 0 && at - begin < 2 && is_digit(text[begin - 1])) {
-      --begin;
-    }
-    const std::string_view minute = text.substr(at + 1, 2);
-    const bool is_alone = (begin == 0 || is_separator(text[begin - 1])) &&
-                          (at + 3 == text.size() || is_separator(text[at + 3]));
-    const bool is_minute = is_digit(minute[0]) && is_digit(minute[1]) && minute[0] < '6';
-    const bool is_sure = text[at] != ' ' || (minute[1] == '0' || minute[1] == '5');
-    if (begin == at || !is_alone || !is_minute || !is_sure ||
-        std::string_view(",;-_' ").find(text[at]) == std::string_view::npos) {
+std::optional<TimeAdvice> advise_on_separator(std::string_view text,
+                                              const std::vector<TimeWord>& words) {
+  for (const TimeWord& word : words) {
+    const std::string_view hour = word.text.substr(0, count_digits(word.text));
+    const std::string_view rest = text.substr(word.offset + hour.size());
+    if (rest.empty() || std::string_view(",;-_' ").find(rest.front()) == std::string_view::npos) {
       continue;
     }
-    const TimeWord clock{begin, text.substr(begin, at + 3 - begin)};
-    const std::string meant =
-        clock_of(std::string(text.substr(begin, at - begin)) + "." + std::string(minute));
-    if (auto found = advise_to_replace(FindingKind::bad_time, text, clock, meant,
-                                       did_you_mean_word(clock, meant))) {
+    const std::string_view behind = rest.substr(1);
+    const std::string_view minute = behind.substr(0, count_digits(behind));
+    const std::string number = std::string(hour) + "." + std::string(minute);
+    const bool is_alone = at_boundary(behind.substr(minute.size()));
+    const bool is_sure = rest.front() != ' ' || minute.ends_with('0') || minute.ends_with('5');
+    if (!is_alone || !is_sure || !is_dotted_clock(number)) {
+      continue;
+    }
+    const TimeWord clock{word.offset, text.substr(word.offset, number.size())};
+    if (auto found = advise_to_replace(FindingKind::bad_time, text, clock, clock_of(number),
+                                       did_you_mean_word(clock, clock_of(number)))) {
       return found;
     }
   }
@@ -110,7 +109,7 @@ std::optional<TimeAdvice> advise_on_clock(std::string_view text,
   for (const TimeWord& word : words) {
     std::string number = lower_case(word.text);
     std::ranges::replace(number, 'h', '.');
-    if (!looks_like_clock(number, true) && !is_hour(number)) {
+    if (!looks_like_clock(number) && !is_hour(number)) {
       continue;
     }
     if (auto found = advise_to_replace(FindingKind::bad_time, text, word, clock_of(number),
@@ -162,7 +161,7 @@ std::optional<TimeAdvice> advise_on_clock_range(std::string_view text,
       continue;
     }
     const std::string_view minutes = word.text.substr(word.text.find(':') + 1);
-    if (minutes.size() > 2 && is_digit(minutes[2])) {
+    if (count_digits(minutes.substr(std::min<size_t>(2, minutes.size()))) > 0) {
       continue;
     }
     TimeAdvice advice{FindingKind::out_of_range, word.offset,
@@ -263,7 +262,7 @@ TimeAdvice advise_on_invalid_time(std::string_view text, const ScheduleType& typ
   }
   for (const auto& found :
        {advise_on_comment(text), advise_on_odd_characters(text), advise_on_several(text, type),
-        advise_on_name(text, words), advise_on_separator(text), advise_on_clock(text, words),
+        advise_on_name(text, words), advise_on_separator(text, words), advise_on_clock(text, words),
         advise_on_clock_range(text, words, type), advise_on_date_range(text, words, type),
         advise_on_word(text, words, type), advise_on_misspelt_name(text, words),
         advise_by_guess(text, type)}) {

@@ -89,7 +89,7 @@ std::string with_day_of_other(const BareNumber& number, const std::string& clock
 /// Whether the numbers of the file are parts of a day. "0.30" alone could be a clock too.
 bool has_parts_of_day(const LineChecks& checks) {
   return std::ranges::any_of(checks.bare_numbers, [](const BareNumber& number) {
-    return is_part_of_day(number.value.text) && !looks_like_clock(number.value.text, false);
+    return is_part_of_day(number.value.text) && !is_dotted_clock(number.value.text);
   });
 }
 
@@ -110,7 +110,8 @@ std::string meant_clock(const LineChecks& checks, const BareNumber& number, bool
   if (has_parts && is_part_of_day(text)) {
     return clock_of_part(text);
   }
-  if (looks_like_clock(text, has_clocks) || is_meant_as_hour(number, type_of(checks))) {
+  const bool is_clock = has_clocks ? looks_like_clock(text) : is_dotted_clock(text);
+  if (is_clock || is_meant_as_hour(number, type_of(checks))) {
     return clock_of(text);
   }
   return {};

@@ -99,20 +99,22 @@ std::string clock_of_part(std::string_view number) {
   return text.data();
 }
 
-bool looks_like_clock(std::string_view number, bool in_figures) {
+bool is_dotted_clock(std::string_view number) {
   const std::string_view text = strip_blanks(number);
   const size_t point = text.find('.');
-  const auto are_digits = [](std::string_view part) {
-    return !part.empty() && std::ranges::all_of(part, is_digit);
-  };
   if (point == std::string_view::npos) {
-    return in_figures && text.size() == 4 && are_digits(text) && text.substr(0, 2) < "24" &&
-           text[2] < '6';
+    return false;
   }
   const std::string_view hour = text.substr(0, point);
   const std::string_view minute = text.substr(point + 1);
-  return hour.size() <= 2 && minute.size() == 2 && are_digits(hour) && are_digits(minute) &&
+  return is_hour(hour) && minute.size() == 2 && count_digits(minute) == 2 &&
          (hour.size() < 2 || hour <= "24") && minute[0] < '6';
+}
+
+bool looks_like_clock(std::string_view number) {
+  const std::string_view text = strip_blanks(number);
+  return is_dotted_clock(text) ||
+         (has_four_figures(text) && text.substr(0, 2) < "24" && text[2] < '6');
 }
 
 std::string clock_of(std::string_view number) {

@@ -20,8 +20,11 @@ std::vector<TimeWord> words_of(std::string_view text);
 /// Whether the text is a valid time.
 bool is_time(std::string_view text);
 
-/// Whether such a number looks like an hour and minutes: "18.00", or "1800" where `in_figures`.
-bool looks_like_clock(std::string_view number, bool in_figures);
+/// Whether such a number looks like an hour, a full stop and minutes: "18.00".
+bool is_dotted_clock(std::string_view number);
+
+/// The same, or without the full stop: "1800".
+bool looks_like_clock(std::string_view number);
 
 /// Whether the text is an hour: one or two digits.
 bool is_hour(std::string_view number);

@@ -112,16 +112,17 @@ class DayFinder {
                               weekdays_.front().ordinal == 0;
     switch (rules_.type->day_name) {
       case DayName::day_of_month:
-        dates_.push_back({0, 0, {today.year, today.month, 1}, {today.year, today.month, 31}});
+        dates_.push_back(
+            {.first = {today.year, today.month, 1}, .last = {today.year, today.month, 31}});
         if (is_every_day) {
           weekdays_.clear();
-          dates_.back() = {0, 0, {{}, {}, 1}, {{}, {}, 31}};
+          dates_.back() = {.first = {{}, {}, 1}, .last = {{}, {}, 31}};
         } else {
           dates_.back().last.day = length_of_month(today.year.value_or(0), today.month.value_or(1));
         }
         return true;
       case DayName::day_of_year:
-        dates_.push_back({0, 0, {today.year, 1, 1}, {today.year, 12, 31}});
+        dates_.push_back({.first = {today.year, 1, 1}, .last = {today.year, 12, 31}});
         if (is_every_day) {  // with 29 February, which this year may not have
           constexpr int leap_year = 2024;
           dates_.back().first.year = dates_.back().last.year = leap_year;
@@ -228,13 +229,12 @@ std::optional<uint32_t> day_of_unit_after(uint32_t day, uint32_t count, const Da
   is_next_unit = false;
   for (; count > 0; --count) {
     ++day;
-    // A month of the calendar may end before its 31st day. The next real day follows then.
-    if (rules.type->day_name == DayName::day_of_year || rules.type->day_name == DayName::date) {
-      const int year = first_schedule_year + static_cast<int>(day / days_per_year);
-      while (static_cast<int>(day % days_per_month) >=
-             length_of_month(year, static_cast<int>(day / days_per_month % 12) + 1)) {
-        ++day;
-      }
+    // A month of the calendar may end before its 31st day. The next real day follows then. Units
+    // of a month and less do not reach the end of the second month.
+    const int year = first_schedule_year + static_cast<int>(day / days_per_year);
+    while (static_cast<int>(day % days_per_month) >=
+           length_of_month(year, static_cast<int>(day / days_per_month % 12) + 1)) {
+      ++day;
     }
     if (day >= days && rules.type->day_name == DayName::date) {
       return std::nullopt;

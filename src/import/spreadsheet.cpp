@@ -26,7 +26,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view zip_begin = "PK\x03\x04";
 constexpr std::string_view ole_begin = "\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1";
-constexpr std::string_view open_document = "mimetypeapplication/vnd.oasis.opendocument";
 
 constexpr const char* converter = "ssconvert";
 
@@ -167,11 +166,6 @@ bool is_spreadsheet(std::string_view bytes) {
 }
 
 std::optional<std::string> csv_of_spreadsheet(std::string_view bytes, std::string& error) {
-  constexpr size_t head_size = 128;
-  const bool is_ods = bytes.substr(0, head_size).find(open_document) != std::string_view::npos;
-  const std::string input = bytes.starts_with(ole_begin) ? "table.xls"
-                            : is_ods                     ? "table.ods"
-                                                         : "table.xlsx";
   const std::string program = path_of_program(converter);
   if (program.empty()) {
     error =
@@ -181,7 +175,7 @@ std::optional<std::string> csv_of_spreadsheet(std::string_view bytes, std::strin
   }
   const SignalsHeldBack held_back;  // until the folder is removed
   const WorkFolder folder;
-  const std::string source = folder.path() + "/" + input;
+  const std::string source = folder.path() + "/table";  // the converter goes by the content
   const std::string result = folder.path() + "/table.csv";
   if (folder.path().empty() || !write_new_file(source, bytes)) {
     error = std::string("cannot be copied for the conversion: ") + std::strerror(errno);

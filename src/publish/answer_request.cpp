@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -24,23 +25,19 @@ constexpr const char* not_found =
     "Status: 404 Not Found\nContent-Type: text/plain\n\nThe station has no such channel.\n";
 constexpr std::string_view default_format = "html";
 
-int hexadecimal_digit(char c) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  const size_t value = digits.find(c >= 'A' && c <= 'F' ? static_cast<char>(c - 'A' + 'a') : c);
-  return value == std::string_view::npos ? -1 : static_cast<int>(value);
-}
-
 /// The text with "+" and "%20" replaced by what they stand for.
 std::string decoded(std::string_view text) {
   std::string out;
-  for (size_t i = 0; i < text.size(); ++i) {
-    const int high = i + 2 < text.size() && text[i] == '%' ? hexadecimal_digit(text[i + 1]) : -1;
-    const int low = high >= 0 ? hexadecimal_digit(text[i + 2]) : -1;
-    if (low >= 0) {
-      out += static_cast<char>(high * 16 + low);
-      i += 2;
+  for (; !text.empty(); text.remove_prefix(1)) {
+    const std::string_view digits = text.substr(1, 2);
+    const char* const end = digits.data() + digits.size();
+    unsigned char byte = 0;
+    const bool is_number = std::from_chars(digits.data(), end, byte, 16).ptr == end;
+    if (text.front() == '%' && digits.size() == 2 && is_number) {
+      out += static_cast<char>(byte);
+      text.remove_prefix(digits.size());
     } else {
-      out += text[i] == '+' ? ' ' : text[i];
+      out += text.front() == '+' ? ' ' : text.front();
     }
   }
   return out;

@@ -81,11 +81,10 @@ void Progress::count(const std::vector<PageRow>& rows) {
   show();
 }
 
-void Progress::finish() {
+void Progress::finish() const {
   if (is_shown_) {
     std::fputs("\n", stderr);
   }
-  is_shown_ = false;
 }
 
 void Progress::show() const {

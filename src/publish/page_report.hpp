@@ -37,8 +37,8 @@ class Progress {
   /// Counts a channel with its rows.
   void count(const std::vector<PageRow>& rows);
 
-  /// Ends the line.
-  void finish();
+  /// Ends the line. Nothing more is printed afterwards.
+  void finish() const;
 
  private:
   void show() const;

@@ -20,6 +20,6 @@ struct Programme {
 bool has_four_digit_year(time_t t);
 
 /// Appends the programme as an XMLTV element, with times in the local zone. The stop is left out
-/// when it is not known, lies before the start or has a year of five digits.
+/// when it is not known, is not after the start or has a year of five digits.
 void append_programme(std::string& out, const Programme& programme, const std::string& channel,
                       const std::string& language);

@@ -81,6 +81,8 @@ TEST(RowDays, OfTheMonth) {
                              {"1, 15, 31", {0, 14, 30}},
                              {"1st and 15th", {0, 14}},
                              {"1st Tue", {2}},
+                             {"first Tue", {2}},
+                             {"dritter Dienstag", {16}},
                              {"1st and 3rd Tue", {2, 16}},
                              {"1. Dienstag", {2}},
                              {"last Fri", {26}},

@@ -51,6 +51,11 @@ std::string id_of(const Finding& finding) {
   return std::string(info_of(finding.kind).id);
 }
 
+TEST(Findings, ShowControlCharactersAsTheirBytes) {
+  EXPECT_EQ(escaped("\x1f \x7e\x7f"), "\\x1f \x7e\\x7f");
+  EXPECT_EQ(escaped("\u0080\u009f\u00a0"), "\\xc2\\x80\\xc2\\x9f\u00a0");
+}
+
 TEST(NameCheck, TellsWhatALineOutsideOfSectionsWasMeantAs) {
   const auto id = [](const std::string& line) {
     return id_of(finding_for_unused_name(part_of(line, PartKind::name_value)));
@@ -190,6 +195,9 @@ TEST(ValueCheck, TakesNumbersForClocksOnlyWhereAllCouldBe) {
   const std::string finding =
       "4:9 bare-number: '9.30' is read as seconds from the beginning of the unit; write '09:30'\n";
   EXPECT_EQ(schedule("9.30", "10:00"), finding);
+  EXPECT_EQ(schedule("0.30", "10:00"),
+            "4:9 bare-number: '0.30' is read as seconds from the beginning of the unit; write "
+            "'00:30'\n");
   EXPECT_EQ(schedule("18:00", "180"), "");
   EXPECT_EQ(schedule("18:00", "18"),
             "5:7 bare-number: '18' is read as 18 seconds from the beginning of the unit; write "
@@ -209,6 +217,21 @@ TEST(PathCheck, FindsACommentThatIsPartOfThePath) {
   const auto complaint = complaint_about_path("a # b # c");
   ASSERT_TRUE(complaint);
   EXPECT_EQ(complaint->offset, 2U);
+  EXPECT_EQ(complaint->instead, "a");
+}
+
+TEST(PathCheck, TakesAQuoteAloneForAPath) {
+  EXPECT_FALSE(complaint_about_path("\""));
+}
+
+TEST(MissingPartCheck, PutsAStartWithTheClockOfItsEndOnTheDayBefore) {
+  WrittenSchedule written{.content = "*weekly\n{\nitem = a\nstart = 18:00\nend = Tue 18:00\n}\n"};
+  FileFindings found{.file = "f"};
+  read_and_check_lines(written, {.media = false}, found);
+  check_missing_parts(written, 0, found);
+  EXPECT_EQ(text_of(found),
+            "4:9 incomplete-time: '18:00' has no weekday and is on Sunday, but the end names its "
+            "day; write 'Mon 18:00'\n");
 }
 
 TEST(MadeFormats, AreThoseOfTheList) {
@@ -234,6 +257,15 @@ TEST(LineCheck, FindsBracesOutOfPlace) {
             "5:2 text-behind-brace: 'x' after a '}' is not read; write '} # x'\n");
 }
 
+TEST(LineCheck, ShowsWhereTextBehindABraceBegins) {
+  EXPECT_EQ(
+      findings_in("*daily\n schedule block { block = b\nend = 5\n}\n"),
+      "2:18 text-behind-brace: text after the '{' keeps this line from beginning a section; put "
+      "the text on a line of its own\n");
+  EXPECT_EQ(findings_in("*daily\n schedule block {\u00a0\nend = 5\n}\n"),
+            "2:18 text-behind-brace: '\\u00a0' behind the '{' cannot be seen; remove it\n");
+}
+
 TEST(LineCheck, FindsASectionThatRunsIntoTheNext) {
   EXPECT_EQ(findings_in("*daily\n{\nitem = a\n {\nnothing\n}\n{\n"),
             "2:1 unclosed-section: no '}' closes this section before the next begins\n"
@@ -251,7 +283,8 @@ TEST(Story, KeepsWhereEachItemComesFrom) {
   Story story("f", schedule);
   ScheduleFile file(
       "*daily\nglobal default = z\n{\nitem = a\nstart = 0:00\nend = 2:00\n}\n"
-      "{\nitem = b\nstart = 1:00\nend = 24:00\n}\n{\nitem = c\nstart = 1:00\nend = 0:30\n}\n");
+      "{\nitem = b\nstart = 1:00\nend = 24:00\n}\n{\nitem = c\nstart = 1:00\nend = 0:30\n}\n"
+      "{\nlabel = without an item\nstart = 1:00\nend = 2:00\n}\n");
   ScheduleBuilder builder(schedule);
   for (SchedulePart part; file.next(part);) {
     story.add_part(part, builder.add_part(part));

@@ -83,6 +83,21 @@ TEST(ProgrammeTexts, DivideARatingAtItsLastSlash) {
   EXPECT_EQ(rating("PG"), "|PG");
 }
 
+TEST(Programmes, HaveAStopOnlyBehindTheirStart) {
+  const auto times = [](time_t stop) {
+    Programme programme{};
+    programme.start = 86400;
+    programme.stop = stop;
+    std::string out;
+    append_programme(out, programme, "a", "");
+    return out.substr(0, out.find('\n'));
+  };
+  const std::string start = R"(  <programme start="19700102000000 +0000")";
+  EXPECT_EQ(times(86401), start + R"( stop="19700102000001 +0000" channel="a">)");
+  EXPECT_EQ(times(86400), start + R"( channel="a">)");
+  EXPECT_EQ(times(-1), start + R"( channel="a">)");
+}
+
 TEST(EpisodeNumbers, AreDecimal) {
   Programme programme{};
   programme.texts.season = "9";

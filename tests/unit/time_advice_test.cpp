@@ -41,6 +41,60 @@ TEST(TimeAdvice, KnowsTheLastDayOfEachMonth) {
       "February has no day 31; it airs on March 2, or a day later where February has no 29th");
 }
 
+TEST(TimeAdvice, GivesAnEndAfterMidnightTheNextDay) {
+  const std::vector<TimeAdvice> advice =
+      advise_on_time("Mon 23:00-1:00", *find_schedule_type("weekly"));
+  ASSERT_EQ(advice.size(), 1U);
+  EXPECT_EQ(advice.front().text,
+            "'Mon 23:00-1:00' are two times; write 'start = Mon 23:00' and 'end = Tue 01:00'");
+}
+
+TEST(TimeAdvice, TakesTwoTimesWithColonsAloneForAStartAndAnEnd) {
+  for (const std::string text :
+       {"Mon 18:00-19", "18-Mon 19:00", "x 18:00-19:00", "18:00-19:00 x"}) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    ASSERT_EQ(advice.size(), 1U) << text;
+    EXPECT_EQ(advice.front().end_time, "") << text;
+  }
+}
+
+TEST(TimeAdvice, TakesHoursTo35ForTheNextDay) {
+  const auto position = [](const std::string& text) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    return advice.empty() ? std::nullopt : advice.front().position;
+  };
+  constexpr uint64_t tuesday = 2UL * seconds_per_day;
+  EXPECT_EQ(position("Mon 24:01"), tuesday + 60);
+  EXPECT_EQ(position("Mon 35:59:59"), tuesday + 43199);
+  EXPECT_EQ(position("Mon 36:00"), std::nullopt);
+  EXPECT_EQ(position("Mon 99:00"), std::nullopt);
+}
+
+TEST(TimeAdvice, FindsTheColonThatAnotherSignStandsFor) {
+  const auto says = [](const std::string& text) {
+    const std::vector<TimeAdvice> advice = advise_on_time(text, *find_schedule_type("weekly"));
+    return advice.empty() ? "" : advice.front().text;
+  };
+  for (const std::string sign : {",", ";", "-", "_", "'", " "}) {
+    EXPECT_EQ(says("Mon 6" + sign + "30 pm"),
+              "'6" + sign + "30' is not understood; did you mean '06:30'?");
+  }
+  EXPECT_EQ(says("Mon 18,05"), "'18,05' is not understood; did you mean '18:05'?");
+  EXPECT_EQ(says("Mon 18,37"), "'18,37' is not understood; did you mean '18:37'?");
+  EXPECT_EQ(says("Mon 18 37"), "invalid time 'Mon 18 37'");
+  EXPECT_EQ(says("Mon 6,30pm"), "invalid time 'Mon 6,30pm'");
+  EXPECT_EQ(says("Mon 18,60"), "invalid time 'Mon 18,60'");
+  EXPECT_EQ(says("Mon 25:00:"), "'25:00:' is not understood");
+  EXPECT_EQ(says("Mon 25:000"), "'25:000' is not understood");
+}
+
+TEST(TimeAdvice, TakesAllOfALetterWithAnAccentForAPartOfTheWord) {
+  const std::vector<TimeAdvice> advice =
+      advise_on_time("Mon \u00c0tue 18:00", *find_schedule_type("weekly"));
+  ASSERT_EQ(advice.size(), 1U);
+  EXPECT_EQ(advice.front().text, "'\u00c0tue' is not understood");
+}
+
 TEST(SpanAdvice, GoesFromTheLastDayOfAMonthToTheFirstOfTheNext) {
   const auto follow = [](std::string_view type_name, const std::string& before,
                          const std::string& next) {
@@ -116,11 +170,13 @@ TEST(TimeGuess, PutsADateInOrder) {
       {"13/3", "Mar 13"},           {"31-12", "Dec 31"},
       {"5.3", std::nullopt},        {"18.30", std::nullopt},
       {"3/13", std::nullopt},       {"5/3/2026", std::nullopt},
+      {"5/12/2026", std::nullopt},  {"5/13/2026", "2026-05-13"},
       {"12/32/2026", std::nullopt}, {"0/31/2026", std::nullopt},
       {"32.3.2026", std::nullopt},  {"0.1.2026", std::nullopt},
       {"1.0.2026", std::nullopt},   {"1.13.2026", std::nullopt},
       {"31.12.1899", std::nullopt}, {"123.1.2026", std::nullopt},
-      {"1.123.2026", std::nullopt}, {"1.2/2026", std::nullopt},
+      {"1.123.2026", std::nullopt}, {"005.3.2026", std::nullopt},
+      {"5.003.2026", std::nullopt}, {"1.2/2026", std::nullopt},
       {"1.2.3.4", std::nullopt},    {"5.", std::nullopt},
       {"", std::nullopt},
   };
@@ -142,6 +198,9 @@ TEST(TimeGuess, CorrectsAWord) {
       {"18:5", "18:05"},
       {"18:5:7", "18:05:07"},
       {"1800", "18:00"},
+      {"20261231", "2026-12-31"},
+      {"20261301", "20261301"},
+      {"20261232", "20261232"},
       {"2400", "2400"},
       {"1860", "1860"},
       {"24.00", "24:00"},
