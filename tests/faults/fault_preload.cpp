@@ -34,7 +34,7 @@
 #include <cstring>
 
 // The names are the C library's, and so are their headers' names of parameters.
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTBEGIN(clang-diagnostic-reserved-*)
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 
 extern "C" {
@@ -394,4 +394,4 @@ void* __libc_realloc(void* memory, size_t size) {
 }  // extern "C"
 
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(clang-diagnostic-reserved-*)

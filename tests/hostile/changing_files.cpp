@@ -4,7 +4,7 @@
 // lies at REPLACE_BY takes its place.
 
 // The C library's checked versions are inline functions of the same names.
-#undef _FORTIFY_SOURCE
+#undef _FORTIFY_SOURCE  // NOLINT(clang-diagnostic-reserved-macro-identifier)
 
 #include <fcntl.h>
 #include <sys/stat.h>

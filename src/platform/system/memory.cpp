@@ -10,13 +10,13 @@
 
 extern "C" {
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the C library's names
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier): the C library's names
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* memory, size_t size);
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* memory);
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)
 }
 
 namespace {
