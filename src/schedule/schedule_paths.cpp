@@ -1,6 +1,6 @@
 #include "schedule/schedule_paths.hpp"
 
-#include "schedule/schedule_file_type.hpp"
+#include <vector>
 
 namespace {
 
@@ -19,25 +19,27 @@ bool all_reach_into(const ScheduleItems& items, UnitClock& clock, const ReportWi
 
 }  // namespace
 
-SchedulePaths::SchedulePaths(const Schedule& schedule, UnitClock& clock, const ReportWindow& window)
-    : all_are_shown_(all_reach_into(schedule.schedule, clock, window)) {
-  if (all_are_shown_) {
-    return;
-  }
+SchedulePaths::SchedulePaths(const Schedule& schedule, UnitClock& clock,
+                             const ReportWindow& window) {
+  const bool all_are_shown = all_reach_into(schedule.schedule, clock, window);
+  std::vector<const std::string*> paths_outside;
   for (const auto& [start, item] : schedule.schedule) {
-    if (reaches_into(item, clock, window)) {
-      known_.try_emplace(item.item, Answer::unknown);
+    if (all_are_shown || reaches_into(item, clock, window)) {
+      is_schedule(item.item, LaterUse::metadata);
+    } else {
+      paths_outside.push_back(&item.item);
     }
+  }
+  for (const std::string* path : paths_outside) {
+    is_schedule(*path, LaterUse::nothing);
   }
 }
 
-bool SchedulePaths::is_schedule(const std::string& path) {
-  const auto [known, is_new] = known_.try_emplace(path, Answer::unknown);
-  if (known->second == Answer::unknown) {
-    const bool is_shown = all_are_shown_ || !is_new;
-    known->second = is_schedule_file(path, is_shown ? LaterUse::metadata : LaterUse::nothing)
-                        ? Answer::yes
-                        : Answer::no;
+bool SchedulePaths::is_schedule(const std::string& path, LaterUse later_use) {
+  const auto [known, is_new] = known_.try_emplace(path, false);
+  if (is_new) {
+    known->second = is_schedule_file(path, later_use);
+    has_schedules_ = has_schedules_ || known->second;
   }
-  return known->second == Answer::yes;
+  return known->second;
 }

@@ -21,6 +21,10 @@ namespace {
 
 constexpr long half_a_second = 500000;  // microseconds
 
+double number_of(std::string_view text) {
+  return std::strtod(std::string(text).c_str(), nullptr);
+}
+
 }  // namespace
 
 ScheduleBuilder::ScheduleBuilder(Schedule& schedule) : schedule_(schedule) {
@@ -35,7 +39,10 @@ PartEffect ScheduleBuilder::add_part(const SchedulePart& part) {
   PartEffect effect;
   switch (part.kind) {
     case PartKind::type:
-      effect.is_used = take_type(part.name);
+      if (const ScheduleType* type = find_schedule_type(part.name);
+          type != nullptr && type->unit_length > 0) {
+        effect.is_used = take_type(*type);
+      }
       break;
     case PartKind::name_value:
       effect.is_used = part.name == global_default_name;
@@ -78,12 +85,13 @@ void ScheduleBuilder::finish() {
   schedule_.unit_length = find_schedule_type(schedule_.type)->unit_length;
 }
 
-bool ScheduleBuilder::take_type(std::string_view text) {
-  const ScheduleType* type = find_schedule_type(text);
-  if (!schedule_.type.empty() || type == nullptr || type->unit_length == 0) {
+/// False when the file has said its type before.
+bool ScheduleBuilder::take_type(const ScheduleType& type) {
+  if (type_ != nullptr) {
     return false;
   }
-  schedule_.type = type->text;
+  type_ = &type;
+  schedule_.type = type.text;
   return true;
 }
 
@@ -94,10 +102,7 @@ void ScheduleBuilder::begin_section(const SchedulePart& part, PartEffect& effect
     block_ = {};
   } else if (part.section == SectionKind::defaults) {
     const ScheduleType* type = find_schedule_type_of_section(part.name);
-    effect.is_used = schedule_.type.empty() && type != nullptr;
-    if (effect.is_used) {
-      schedule_.type = type->text;
-    }
+    effect.is_used = type != nullptr && take_type(*type);
   } else {
     print_diagnostic("WARNING: Unknown section '%.*s' in schedule file\n",
                      static_cast<int>(part.name.size()), part.name.data());
@@ -135,7 +140,7 @@ void ScheduleBuilder::set_item_value(ScheduleKey key, std::string_view value) {
       item_.event_id = value;
       break;
     case ScheduleKey::item_duration:
-      item_.duration = std::strtod(std::string(value).c_str(), nullptr);
+      item_.duration = number_of(value);
       break;
     case ScheduleKey::announce:
       break;
@@ -187,14 +192,18 @@ void ScheduleBuilder::store_block(PartEffect& effect) {
 
 /// Schedule seconds of a written time, rounded to the nearest second. no_time when the text is not
 /// a valid time or the type has no unit.
-uint64_t ScheduleBuilder::read_time(std::string_view text) const {
-  std::tm broken_down{};
-  long microseconds = 0;
-  if (!schedule_parse_time(text, broken_down, microseconds)) {
+uint64_t ScheduleBuilder::read_time(std::string_view text) {
+  auto& [last_text, is_valid, broken_down, microseconds] = last_time_;
+  if (text != last_text) {
+    last_text = text;
+    microseconds = 0;
+    is_valid = schedule_parse_time(text, broken_down, microseconds);
+  }
+  if (!is_valid) {
     return no_time;
   }
   // For a type without unit, rounding up turns no_time into 0. The playout system does the same.
-  return broken_down_to_schedule_seconds(find_schedule_type(schedule_.type), broken_down) +
+  return broken_down_to_schedule_seconds(type_, broken_down) +
          (microseconds >= half_a_second ? 1 : 0);
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
+#include <string>
+#include <string_view>
 
 #include "platform/syntax/schedule_file.hpp"
 #include "platform/system/file.hpp"
@@ -36,7 +39,7 @@ class ScheduleBuilder {
   void finish();
 
  private:
-  bool take_type(std::string_view text);
+  bool take_type(const ScheduleType& type);
   void begin_section(const SchedulePart& part, PartEffect& effect);
   void add_entry(const SchedulePart& part, PartEffect& effect);
   void set_item_value(ScheduleKey key, std::string_view value);
@@ -44,9 +47,19 @@ class ScheduleBuilder {
   void set_default(const SchedulePart& part, PartEffect& effect);
   void store_item(PartEffect& effect);
   void store_block(PartEffect& effect);
-  uint64_t read_time(std::string_view text) const;
+  uint64_t read_time(std::string_view text);
 
   Schedule& schedule_;
-  ScheduleItem item_;  ///< of the open section; the same for the block
+  const ScheduleType* type_ = nullptr;  ///< null until the file has said it
+  ScheduleItem item_;                   ///< of the open section; the same for the block
   ScheduleBlock block_;
+
+  /// The last time of the file. Most items start at the written end of the one before.
+  struct WrittenTime {
+    std::string text;
+    bool is_valid = false;
+    std::tm broken_down{};
+    long microseconds = 0;
+  };
+  WrittenTime last_time_;
 };

@@ -85,7 +85,7 @@ UnitClock::UnitClock(std::string_view type, time_t unit_start) : type_(find_sche
   beginning_.offset = base_.tm_gmtoff;
 }
 
-time_t UnitClock::time_of(uint64_t schedule_seconds) {
+time_t UnitClock::find_time_of(uint64_t schedule_seconds) {
   if (!beginning_.exists) {
     return 0;
   }

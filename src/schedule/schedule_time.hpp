@@ -35,7 +35,13 @@ class UnitClock {
   /// show an hour twice, the result is the time with the daylight-saving state of position 0. If
   /// both have that state, it is the one with the offset from UTC of position 0. -1 when clocks
   /// never show that time, because a clock change skips it. 0 when position 0 has no local time.
-  time_t time_of(uint64_t schedule_seconds);
+  time_t time_of(uint64_t schedule_seconds) {
+    if (schedule_seconds != last_position_) {  // most items start where the one before ends
+      last_time_ = find_time_of(schedule_seconds);
+      last_position_ = schedule_seconds;
+    }
+    return last_time_;
+  }
 
   /// The same as time_to_schedule_seconds.
   uint64_t schedule_seconds_of(time_t t);
@@ -63,6 +69,7 @@ class UnitClock {
     std::vector<LocalStretch> stretches;  ///< that may contain their seconds
   };
 
+  time_t find_time_of(uint64_t schedule_seconds);
   Days look_at_days(uint64_t first, uint64_t count) const;
   time_t time_in(const Days& days, uint64_t schedule_seconds) const;
 
@@ -71,6 +78,8 @@ class UnitClock {
   std::tm base_{};  ///< local time of position 0
   LocalClock local_;
   std::vector<std::optional<Days>> weeks_;  ///< nothing: not looked at yet
+  std::optional<uint64_t> last_position_;   ///< that time_of was asked for
+  time_t last_time_ = 0;                    ///< its answer
 };
 
 // For users of the library. No program calls what stands below.

@@ -165,7 +165,8 @@ bool patch_in_subschedules(Schedule& schedule, PreparedSubschedules& subschedule
   UnitClock clock(schedule);
   SchedulePaths paths(schedule, clock, window);
   bool is_patched = false;
-  for (auto it = schedule.schedule.begin(); it != schedule.schedule.end();) {
+  auto it = paths.has_schedules() ? schedule.schedule.begin() : schedule.schedule.end();
+  while (it != schedule.schedule.end()) {
     if (!paths.is_schedule(it->second.item)) {
       ++it;
       continue;

@@ -79,6 +79,15 @@ TEST(LocalStretches, TheLastEndsWithTheSpan) {
             "1711846799-1711846799@3600 1711846800-1711846801@7200 ");
 }
 
+TEST(LocalStretches, TwoChangesLessThanFourDaysApartAreFound) {
+  // On 1 September 1939, 01:00 in UTC, and back on 5 September, 00:40: the shortest time between
+  // two changes in the database.
+  constexpr time_t change = -957308400;
+  EXPECT_EQ(stretches_in("Africa/Freetown", change - 600, change + 120 * hour_length),
+            "-957309000--957308401@-3600 -957308400--956964001@-2400 "
+            "-956964000--956876400@-3600 ");
+}
+
 TEST(LocalStretches, TenMinutesBetweenTwoWrittenChangesAreFound) {
   // On Sunday, 10 March 2024, from 02:00 to 02:10 in UTC.
   constexpr time_t change = 1710036000;

@@ -70,6 +70,23 @@ TEST(ScheduleBuilder, LeavesNothingOfOneItemToTheNext) {
   EXPECT_EQ(item.duration, -1.0);
 }
 
+TEST(ScheduleBuilder, ReadsATimeAgainOnceTheTypeIsKnown) {
+  Schedule schedule;
+  const std::string item = "{\nitem = a\nstart = 1:00\nend = 1:00\n}\n";
+  EXPECT_EQ(effects_of(schedule, item + "*daily\n" + item),
+            "1\n2\n3\n4\n5 - to -\n6+\n7\n8\n9\n10\n11+ 3600 to 3600\n");
+}
+
+TEST(ScheduleBuilder, TakesNothingOfOneTimeForTheNext) {
+  Schedule schedule;
+  EXPECT_EQ(effects_of(schedule,
+                       "*daily\n{\nitem = a\nstart = 45000.5\nend = 45001\n}\n"
+                       "{\nitem = b\nstart = x\nend = x\n}\n"
+                       "{\nitem = c\nstart = 45001\nend = 45000.5\n}\n"),
+            "1+\n2\n3\n4\n5\n6+ 45001 to 45001\n7\n8\n9\n10\n11 - to -\n"
+            "12\n13\n14\n15\n16+ 45001 to 45001\n");
+}
+
 TEST(ScheduleBuilder, KeepsATimeOfABlockThatAnInvalidOneFollows) {
   Schedule schedule;
   EXPECT_EQ(effects_of(schedule,

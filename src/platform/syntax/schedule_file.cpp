@@ -25,12 +25,24 @@ constexpr std::array<SectionKey, 4> block_keys = {{
     {ScheduleKey::announce, "announce", false, ValueKind::text},
 }};
 
-/// Sets name and value if the line could be split.
-void set_name_and_value(SchedulePart& part, const std::optional<NameValue>& pair) {
-  if (pair) {
-    part.name = pair->name;
-    part.value = pair->value;
-    part.value_column = part.column + (part.value.data() - part.text.data());
+void set_name_and_value(SchedulePart& part, std::string_view name, std::string_view value) {
+  part.name = name;
+  part.value = value;
+  part.value_column = part.column + (value.data() - part.text.data());
+}
+
+/// A line of an item's or a block's section.
+void read_flat_section_line(SchedulePart& part) {
+  if (closes_section(part.text)) {
+    part.kind = PartKind::section_end;
+  } else if (part.text.empty() || part.text.front() == '#') {
+    part.kind = PartKind::comment;  // no key begins with "#"
+  } else if (const auto pair = divide_name_equ_value_pair(part.text)) {
+    part.kind = PartKind::entry;
+    set_name_and_value(part, pair->name, pair->value);
+    part.key = find_section_key(part.section, pair->name);
+  } else {
+    part.kind = PartKind::unusable_line;
   }
 }
 
@@ -68,42 +80,43 @@ const SectionKey* find_section_key(SectionKind kind, std::string_view name) {
 bool ScheduleFile::next(SchedulePart& part) {
   std::string_view piece;
   const int64_t last_line = lines_.line();
-  const bool is_line = lines_.read(piece);
-  begin_part(part);
-  if (!is_line) {
-    part.kind = PartKind::cut_off;
+  if (!lines_.read(piece)) {
+    part = {.kind = PartKind::cut_off,
+            .section = section_,
+            .section_line = section_line_,
+            .line = lines_.line()};
     leave_section();
     return part.section != SectionKind::none;
   }
   chomp(piece);
-  const std::string_view text = skip_blanks(piece);
-  part.text = text;
-  part.column = text.data() - piece.data() + 1;
+  begin_part(part, piece);
   part.is_rest = part.line == last_line;
   switch (section_) {
     case SectionKind::none:
-      read_top_level_line(part, text);
+      read_top_level_line(part);
       break;
     case SectionKind::item:
     case SectionKind::block:
-      read_flat_section_line(part, text);
+      read_flat_section_line(part);
       break;
     case SectionKind::defaults:
     case SectionKind::unknown:
-      read_nested_section_line(part, text);
+      read_nested_section_line(part);
       break;
+  }
+  if (part.kind == PartKind::section_end) {
+    leave_section();
   }
   return true;
 }
 
 /// The members are set one by one. Assigning a new part would take much of the time for a line.
-void ScheduleFile::begin_part(SchedulePart& part) const {
+void ScheduleFile::begin_part(SchedulePart& part, std::string_view piece) const {
   part.section = section_;
   part.section_line = section_line_;
   part.line = lines_.line();
-  part.column = 0;
-  part.is_rest = false;
-  part.text = {};
+  part.text = skip_blanks(piece);
+  part.column = part.text.data() - piece.data() + 1;
   part.name = {};
   part.value = {};
   part.clarifier = {};
@@ -111,7 +124,8 @@ void ScheduleFile::begin_part(SchedulePart& part) const {
   part.key = nullptr;
 }
 
-void ScheduleFile::read_top_level_line(SchedulePart& part, std::string_view text) {
+void ScheduleFile::read_top_level_line(SchedulePart& part) {
+  const std::string_view text = part.text;
   if (text.empty() || text.front() == '#') {
     part.kind = PartKind::comment;
   } else if (text.front() == '*') {
@@ -126,33 +140,17 @@ void ScheduleFile::read_top_level_line(SchedulePart& part, std::string_view text
     depth_ = 1;
   } else {
     part.kind = PartKind::name_value;
-    set_name_and_value(part, divide_name_equ_value_pair_compat_maybe_loose(text, text.front()));
+    if (const auto pair = divide_name_equ_value_pair_compat_maybe_loose(text, text.front())) {
+      set_name_and_value(part, pair->name, pair->value);
+    }
   }
 }
 
-void ScheduleFile::read_flat_section_line(SchedulePart& part, std::string_view text) {
-  if (closes_section(text)) {
-    part.kind = PartKind::section_end;
-    leave_section();
-    return;
-  }
-  if (text.empty() || text.front() == '#') {
-    part.kind = PartKind::comment;  // no key begins with "#"
-    return;
-  }
-  set_name_and_value(part, divide_name_equ_value_pair(text));
-  part.kind = part.value.empty() ? PartKind::unusable_line : PartKind::entry;
-  part.key = find_section_key(section_, part.name);
-}
-
-void ScheduleFile::read_nested_section_line(SchedulePart& part, std::string_view text) {
+void ScheduleFile::read_nested_section_line(SchedulePart& part) {
+  const std::string_view text = part.text;
   if (closes_section(text)) {
     --depth_;
-    part.kind = PartKind::nested_end;
-    if (depth_ == 0) {
-      part.kind = PartKind::section_end;
-      leave_section();
-    }
+    part.kind = depth_ == 0 ? PartKind::section_end : PartKind::nested_end;
   } else if (opens_section(text)) {
     ++depth_;
     part.kind = PartKind::nested_begin;
@@ -165,7 +163,7 @@ void ScheduleFile::read_nested_section_line(SchedulePart& part, std::string_view
                            : std::nullopt;
     if (entry) {
       part.kind = PartKind::entry;
-      set_name_and_value(part, NameValue{entry->name, entry->value});
+      set_name_and_value(part, entry->name, entry->value);
       part.clarifier = entry->clarifier;
     }
   }

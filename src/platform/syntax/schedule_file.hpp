@@ -69,11 +69,11 @@ struct SchedulePart {
   int64_t section_line = 0;                 ///< the line where that section begins
   int64_t line = 0;                         ///< from 1
   int64_t column = 0;                       ///< of `text`, from 1, in bytes
-  bool is_rest = false;   ///< the line before was too long, and this is its next piece
-  std::string_view text;  ///< without line end and leading blanks
-  std::string_view name;
-  std::string_view value;           ///< empty, like the name, when the line cannot be split
-  std::string_view clarifier;       ///< in a defaults section only
+  bool is_rest = false;        ///< the line before was too long, and this is its next piece
+  std::string_view text = {};  ///< without line end and leading blanks
+  std::string_view name = {};
+  std::string_view value = {};      ///< empty, like the name, when the line cannot be split
+  std::string_view clarifier = {};  ///< in a defaults section only
   int64_t value_column = 0;         ///< 0 without a value
   const SectionKey* key = nullptr;  ///< the known key `name` of an item's or a block's section
 };
@@ -93,11 +93,9 @@ class ScheduleFile {
   int error() const { return lines_.error(); }
 
  private:
-  void begin_part(SchedulePart& part) const;
-  void read_top_level_line(SchedulePart& part, std::string_view text);
-  void read_flat_section_line(SchedulePart& part, std::string_view text);
-  void read_nested_section_line(SchedulePart& part, std::string_view text);
-
+  void begin_part(SchedulePart& part, std::string_view piece) const;
+  void read_top_level_line(SchedulePart& part);
+  void read_nested_section_line(SchedulePart& part);
   void leave_section();
 
   LineReader lines_;

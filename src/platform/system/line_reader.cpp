@@ -27,42 +27,18 @@ LineReader::LineReader(std::string_view text, size_t longest_piece)
       has_nul_(text.find('\0') != std::string_view::npos) {
 }
 
-bool LineReader::read(std::string_view& piece) {
-  size_t searched = 0;
-  for (;;) {
-    const size_t available = std::min(end_ - begin_, longest_piece_);
-    const std::string_view found(bytes_ + begin_, available);
-    const size_t line_feed = found.find('\n', searched);
-    size_t length = available;
-    if (line_feed != std::string_view::npos) {
-      length = line_feed + 1;
-    } else if (available < longest_piece_ && !at_end_) {
-      searched = available;
-      refill();
-      continue;
-    }
-    if (length == 0 || error_ != 0) {
-      return false;
-    }
-    begin_ += length;
-    line_ = next_line_;
-    next_line_ += line_feed != std::string_view::npos ? 1 : 0;
-    piece = found.substr(0, length);
-    if (has_nul_) {
-      piece = piece.substr(0, piece.find('\0'));
-    }
-    return true;
+bool LineReader::refill() {
+  if (at_end_) {
+    return false;
   }
-}
-
-void LineReader::refill() {
   std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
   end_ -= begin_;
   begin_ = 0;
   const std::optional<size_t> count =
       read_some(file_.get(), buffer_.get() + end_, buffer_size_ - end_);
   error_ = count ? 0 : errno;
-  end_ += count.value_or(0);
+  end_ = count ? end_ + *count : 0;
   at_end_ = count.value_or(0) == 0;
   has_nul_ = std::string_view(buffer_.get(), end_).find('\0') != std::string_view::npos;
+  return true;
 }

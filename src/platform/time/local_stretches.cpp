@@ -37,10 +37,10 @@ bool belongs_to(const LocalStretch& stretch, const std::optional<Moment>& moment
 }
 
 /// The step between two checks in which no pair of clock changes (there and back) can be missed. In
-/// zones of the database, at least four days lie between two changes. A zone written out in TZ,
+/// zones of the database, more than three days lie between two changes. A zone written out in TZ,
 /// with its rules after a comma, may change twice in one night.
 time_t safe_step() {
-  constexpr time_t for_zone_files = seconds_per_day;
+  constexpr time_t for_zone_files = 3 * time_t{seconds_per_day};
   constexpr time_t for_written_rules = 600;
   const char* zone = std::getenv("TZ");
   return zone != nullptr && std::strchr(zone, ',') != nullptr ? for_written_rules : for_zone_files;
