@@ -18,11 +18,11 @@ struct OrderName {
   DateOrder order;
 };
 
-constexpr std::array<OrderName, 3> order_names = {{
+constexpr auto order_names = std::to_array<OrderName>({
     {"DMY", DateOrder::day_month_year},
     {"MDY", DateOrder::month_day_year},
     {"YMD", DateOrder::year_month_day},
-}};
+});
 
 /// A number of a date, as written.
 struct DateNumber {

@@ -146,10 +146,10 @@ class DayParser {
   /// Dates in figures, and a range without blanks around its dash.
   bool take_number(DayTerm& term) {
     const std::string_view before = rest_;
-    if (const std::optional<int> number = take_ordinal_number(rest_)) {
-      is_ordinal_number_ = *number <= 5;
-      set_date(term, CellDate{std::nullopt, std::nullopt, *number});
-      return *number >= 1 && *number <= 31;
+    const int number = take_ordinal_number(rest_).value_or(0);
+    if (number >= 1 && number <= 31) {
+      is_ordinal_number_ = number <= 5;
+      return set_date(term, CellDate{std::nullopt, std::nullopt, number});
     }
     rest_ = before;
     size_t length = std::min(rest_.find_first_not_of("0123456789./-"), rest_.size());

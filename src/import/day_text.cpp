@@ -93,10 +93,10 @@ std::optional<int> take_ordinal_number(std::string_view& text) {
   const std::string_view ending = behind.substr(0, count_word(behind));
   if (is_ordinal_ending(ending)) {
     behind.remove_prefix(ending.size());
-  } else if (!behind.starts_with('.') || (behind.size() > 1 && is_digit(behind[1]))) {
-    return std::nullopt;
-  } else {
+  } else if (behind.starts_with('.') && count_digits(behind.substr(1)) == 0) {
     behind.remove_prefix(1);
+  } else {
+    return std::nullopt;
   }
   text = behind;
   return number;

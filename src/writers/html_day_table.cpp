@@ -16,10 +16,10 @@ namespace {
 /// A day as the anchors count it: months and days from 0, in a calendar of 31-day months. The
 /// arrows follow that calendar too, even where a month has fewer days.
 struct AnchorDay {
-  int64_t year;
-  int month;
-  int day;
-  int weekday;
+  int64_t year = 0;
+  int month = 0;
+  int day = 0;
+  int weekday = 0;
 };
 
 constexpr int last_day = 30;
@@ -54,11 +54,11 @@ Neighbour no_neighbour(const AnchorDay&) {
 }
 
 Neighbour day_before_in_week(const AnchorDay& day) {
-  return day.weekday > 0 ? Neighbour({0, 0, 0, day.weekday - 1}) : std::nullopt;
+  return day.weekday > 0 ? Neighbour({.weekday = day.weekday - 1}) : std::nullopt;
 }
 
 Neighbour day_after_in_week(const AnchorDay& day) {
-  return day.weekday < last_weekday ? Neighbour({0, 0, 0, day.weekday + 1}) : std::nullopt;
+  return day.weekday < last_weekday ? Neighbour({.weekday = day.weekday + 1}) : std::nullopt;
 }
 
 Neighbour day_before_in_month(const AnchorDay& day) {
