@@ -9,11 +9,13 @@
 namespace {
 
 std::string length_text(uint64_t seconds) {
-  if (seconds % 3600 == 0) {
-    return std::to_string(seconds / 3600) + (seconds == 3600 ? " hour" : " hours");
+  constexpr uint64_t hour = 3600;
+  constexpr uint64_t minute = 60;
+  if (seconds % hour == 0) {
+    return std::to_string(seconds / hour) + (seconds == hour ? " hour" : " hours");
   }
-  if (seconds % 60 == 0) {
-    return std::to_string(seconds / 60) + (seconds == 60 ? " minute" : " minutes");
+  if (seconds % minute == 0) {
+    return std::to_string(seconds / minute) + (seconds == minute ? " minute" : " minutes");
   }
   return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
 }

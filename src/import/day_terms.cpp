@@ -152,11 +152,8 @@ class DayParser {
       return set_date(term, CellDate{std::nullopt, std::nullopt, number});
     }
     rest_ = before;
-    size_t length = std::min(rest_.find_first_not_of("0123456789./-"), rest_.size());
-    while (length > 0 && (rest_[length - 1] == '-' || rest_[length - 1] == '/')) {
-      --length;
-    }
-    std::string_view chunk = rest_.substr(0, length);
+    std::string_view chunk = rest_.substr(0, rest_.find_first_not_of("0123456789./-"));
+    chunk = chunk.substr(0, chunk.find_last_not_of("-/") + 1);
     const size_t dash = chunk.find('-');
     const bool is_range =
         dash != std::string_view::npos &&
