@@ -54,11 +54,17 @@ Neighbour no_neighbour(const AnchorDay&) {
 }
 
 Neighbour day_before_in_week(const AnchorDay& day) {
-  return day.weekday > 0 ? Neighbour({.weekday = day.weekday - 1}) : std::nullopt;
+  if (day.weekday > 0) {
+    return AnchorDay{.weekday = day.weekday - 1};
+  }
+  return std::nullopt;
 }
 
 Neighbour day_after_in_week(const AnchorDay& day) {
-  return day.weekday < last_weekday ? Neighbour({.weekday = day.weekday + 1}) : std::nullopt;
+  if (day.weekday < last_weekday) {
+    return AnchorDay{.weekday = day.weekday + 1};
+  }
+  return std::nullopt;
 }
 
 Neighbour day_before_in_month(const AnchorDay& day) {
